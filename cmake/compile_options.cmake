@@ -1,0 +1,21 @@
+# One place for warnings, hardening and sanitizers: every target links orvane_options.
+add_library(orvane_options INTERFACE)
+
+target_compile_options(orvane_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  -fstack-protector-strong)
+target_compile_definitions(orvane_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+target_link_options(orvane_options INTERFACE
+  -Wl,-z,relro,-z,now -Wl,-z,noexecstack -Wl,--as-needed)
+target_compile_options(orvane_options INTERFACE
+  $<$<CONFIG:Release>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+
+if(ORVANE_SANITIZE)
+  target_compile_options(orvane_options INTERFACE
+    -fsanitize=${ORVANE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(orvane_options INTERFACE -fsanitize=${ORVANE_SANITIZE})
+endif()

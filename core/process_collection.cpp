@@ -1,0 +1,82 @@
+#include "core/process_collection.h"
+
+#include "core/memory_stats.h"
+#include "core/utf8.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::uint64_t virtualSizeFactor = 3;
+
+std::uint64_t estimatedSize(RandomSource& random, ActivationPolicy policy) {
+  return policy == ActivationPolicy::regular ? uniformNumber(random, 50'000'000, 500'000'000)
+                                             : uniformNumber(random, 10'000'000, 100'000'000);
+}
+
+}  // namespace
+
+std::uint64_t uniformNumber(RandomSource& random, std::uint64_t low, std::uint64_t high) {
+  const std::uint64_t count = high - low + 1;
+  // The numbers below 2^64 mod count would make some results likelier than others.
+  const std::uint64_t rejected = (0 - count) % count;
+  std::uint64_t number = random.next();
+  while (number < rejected) number = random.next();
+  return low + number % count;
+}
+
+ProcessCollection::ProcessCollection(RunningApplications& applications, TaskInspector& tasks,
+                                     RandomSource& random, const Clock& clock)
+    : applications_(applications), tasks_(tasks), random_(random), clock_(clock) {}
+
+std::vector<ProcessInfo> ProcessCollection::collect(Published<ProcessMemoryHistories>& histories) {
+  std::vector<ProcessInfo> records;
+  for (const auto& application : applications_.runningApplications()) {
+    ProcessInfo record = makeRecord(application);
+    if (record.memoryUsage <= processInclusionThreshold) continue;
+    addHistoryPoint(record, histories);
+    records.push_back(std::move(record));
+  }
+  return records;
+}
+
+ProcessInfo ProcessCollection::makeRecord(const RunningApplication& application) {
+  const std::int32_t pid = application.processIdentifier;
+  TaskFigures figures = tasks_.taskFigures(pid).value_or(TaskFigures{});
+  if (figures.residentSize == 0) {
+    figures.residentSize = estimatedSize(random_, application.activationPolicy);
+    figures.virtualSize = virtualSizeFactor * figures.residentSize;
+  } else if (figures.virtualSize < figures.residentSize) {
+    figures.virtualSize = virtualSizeFactor * figures.residentSize;
+  }
+  return {.name = application.localizedName.value_or("Unknown"),
+          .memoryUsage = figures.residentSize,
+          .pid = pid,
+          .icon = application.icon,
+          .threadCount = figures.threadCount,
+          .processPath = decodeUtf8(tasks_.executablePath(pid).value_or("")),
+          .privateMemory = figures.residentSize,
+          .virtualMemory = figures.virtualSize,
+          .handle = application.handle};
+}
+
+void ProcessCollection::addHistoryPoint(const ProcessInfo& process,
+                                        Published<ProcessMemoryHistories>& histories) {
+  if (!histories.get().contains(process.pid)) {
+    histories.mutate([&](auto& map) {
+      map.emplace(process.pid, std::make_shared<ProcessMemoryHistory>(clock_));
+    });
+  }
+  histories.get().at(process.pid)->addDataPoint(megabytes(process.memoryUsage));
+}
+
+void ProcessCollection::prune(Published<ProcessMemoryHistories>& histories) const {
+  const Date cutoff =
+      clock_.now() - std::chrono::duration_cast<Date::duration>(processHistoryRetention);
+  ProcessMemoryHistories kept;
+  for (const auto& [pid, history] : histories.get()) {
+    if (history->lastSeen() > cutoff) kept.emplace(pid, history);
+  }
+  histories.set(std::move(kept));
+}
+
+}  // namespace orvane

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace orvane {
+
+/// Memory figures of one application.
+struct TaskFigures {
+  std::uint64_t virtualSize = 0;   ///< bytes
+  std::uint64_t residentSize = 0;  ///< bytes; 0 when the kernel gives none
+  int threadCount = 0;             ///< 0 when unknown
+};
+
+/// Figures of the application that a process leads.
+/// Threads: main thread only. A process that is gone or can't be read gives none.
+class TaskInspector {
+ public:
+  virtual ~TaskInspector() = default;
+
+  /// Figures of the application led by `pid`, as of the latest list of running applications.
+  [[nodiscard]] virtual std::optional<TaskFigures> taskFigures(std::int32_t pid) = 0;
+
+  /// Path of the executable of `pid` as the kernel's bytes (any encoding); none when unknown.
+  [[nodiscard]] virtual std::optional<std::string> executablePath(std::int32_t pid) = 0;
+};
+
+}  // namespace orvane
