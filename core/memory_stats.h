@@ -23,7 +23,7 @@ struct MemoryStats {
   std::uint64_t inactive = 0;    ///< caches that can be handed out again
   std::uint64_t wired = 0;       ///< what the kernel can't give back
   std::uint64_t compressed = 0;  ///< memory that holds compressed pages
-  Date timestamp;                ///< when the sample was built
+  Date timestamp = {};           ///< when the sample was built
 
   /// Pages times page size, in 64-bit arithmetic.
   [[nodiscard]] static MemoryStats fromCounters(const PageCounts& counts, std::uint64_t pageSize,

@@ -32,10 +32,11 @@ class ProcessHandle {
 /// One running application, represented by its leading process.
 struct RunningApplication {
   std::int32_t processIdentifier = 0;
-  std::optional<std::string> localizedName;  ///< none when nothing names it
-  std::optional<ApplicationIcon> icon;       ///< none when it has no icon
+  std::optional<std::string> localizedName = {};  ///< none when nothing names it
+  std::optional<ApplicationIcon> icon = {};       ///< none when it has no icon
   ActivationPolicy activationPolicy = ActivationPolicy::accessory;
-  std::shared_ptr<const ProcessHandle> handle;  ///< may be null when the process is already gone
+  std::shared_ptr<const ProcessHandle> handle =
+      {};  ///< may be null when the process is already gone
 };
 
 /// The applications of the user's own session.

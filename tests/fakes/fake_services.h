@@ -1,0 +1,48 @@
+#pragma once
+
+#include "core/memory_manager.h"
+#include "tests/fakes/fake_applications.h"
+#include "tests/fakes/fake_memory_claims.h"
+#include "tests/fakes/fake_memory_counters.h"
+#include "tests/fakes/fake_notification_centre.h"
+#include "tests/fakes/fake_preferences.h"
+#include "tests/fakes/fake_random_source.h"
+#include "tests/fakes/recording_notification_service.h"
+#include "tests/fakes/recording_output.h"
+#include "tests/fakes/recording_process_signals.h"
+#include "tests/fakes/virtual_time.h"
+
+namespace orvane::fakes {
+
+/// Every service of the model, faked, in one place.
+struct FakeServices {
+  FakeMemoryCounters counters;
+  FakeMemoryClaims claims;
+  FakeApplications applications;
+  RecordingProcessSignals signals;
+  RecordingNotificationService notifications;
+  FakeNotificationCentre notificationCentre;
+  FakePreferences preferences;
+  VirtualTime time;
+  FakeRandomSource random;
+  RecordingOutput output;
+
+  [[nodiscard]] MemoryManagerServices services() {
+    return {.counters = counters,
+            .claims = claims,
+            .applications = applications,
+            .tasks = applications,
+            .signals = signals,
+            .notifications = notifications,
+            .notificationCentre = notificationCentre,
+            .preferences = preferences,
+            .mainQueue = time,
+            .backgroundQueue = time,
+            .timers = time,
+            .clock = time,
+            .random = random,
+            .output = output};
+  }
+};
+
+}  // namespace orvane::fakes

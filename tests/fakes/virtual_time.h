@@ -1,0 +1,89 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/dispatch.h"
+
+namespace orvane::fakes {
+
+/// Time and threads in one hand: a test turns the clock and every block runs on the test's own
+/// thread, in the order of its due time. Nothing ever sleeps.
+class VirtualTime : public Clock, public MainQueue, public TimerService, public BackgroundQueue {
+ public:
+  [[nodiscard]] Date now() const override { return now_; }
+
+  void async(Block block) override { schedule(now_, std::move(block)); }
+
+  void after(Duration delay, Block block) override {
+    delays_.push_back(delay);
+    schedule(now_ + asTicks(delay), std::move(block));
+  }
+
+  [[nodiscard]] std::unique_ptr<RepeatingTimer> repeat(Duration interval, Block block) override {
+    timerIntervals_.push_back(interval);
+    auto timer = std::make_unique<Timer>();
+    arm(timer->alive, interval, std::make_shared<Block>(std::move(block)));
+    return timer;
+  }
+
+  /// A background block that sleeps lets the virtual time pass at once.
+  void sleep(Duration duration) override {
+    sleeps_.push_back(duration);
+    now_ += asTicks(duration);
+  }
+
+  /// Runs what is due now, including what those blocks submit for now.
+  void runPending() { advance(Duration{0}); }
+
+  /// Moves the clock forward, running every block at its time.
+  void advance(Duration duration) {
+    const Date end = now_ + asTicks(duration);
+    while (!due_.empty() && due_.begin()->first <= std::max(end, now_)) {
+      auto first = due_.begin();
+      now_ = std::max(now_, first->first);
+      const Block block = std::move(first->second);
+      due_.erase(first);
+      block();
+    }
+    now_ = std::max(now_, end);
+  }
+
+  [[nodiscard]] std::size_t pendingCount() const { return due_.size(); }
+  [[nodiscard]] const std::vector<Duration>& delays() const { return delays_; }
+  [[nodiscard]] const std::vector<Duration>& sleeps() const { return sleeps_; }
+  [[nodiscard]] const std::vector<Duration>& timerIntervals() const { return timerIntervals_; }
+
+ private:
+  struct Timer : RepeatingTimer {
+    std::shared_ptr<bool> alive = std::make_shared<bool>(true);
+  };
+
+  static Date::duration asTicks(Duration duration) {
+    return std::chrono::duration_cast<Date::duration>(duration);
+  }
+
+  void schedule(Date date, Block block) { due_.emplace(date, std::move(block)); }
+
+  void arm(const std::weak_ptr<bool>& alive, Duration interval,
+           const std::shared_ptr<Block>& block) {
+    schedule(now_ + asTicks(interval), [this, alive, interval, block] {
+      if (alive.expired()) return;
+      arm(alive, interval, block);
+      (*block)();
+    });
+  }
+
+  Date now_ = Date{std::chrono::seconds{1'700'000'000}};
+  std::multimap<Date, Block> due_;
+  std::vector<Duration> delays_;
+  std::vector<Duration> sleeps_;
+  std::vector<Duration> timerIntervals_;
+};
+
+}  // namespace orvane::fakes

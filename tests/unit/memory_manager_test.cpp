@@ -1,0 +1,154 @@
+#include "core/memory_manager.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/fake_services.h"
+
+namespace orvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+class Manager : public testing::Test {
+ protected:
+  void start() { manager_ = MemoryManager::create(fakes_.services()); }
+  void tick() { fakes_.time.advance(5s); }
+
+  fakes::FakeServices fakes_;
+  std::shared_ptr<MemoryManager> manager_;
+};
+
+TEST_F(Manager, HoldsASampleAndOnePointRightAfterConstruction) {
+  start();
+  ASSERT_TRUE(manager_->currentStats());
+  EXPECT_FALSE(manager_->previousStats());
+  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 1U);
+  EXPECT_TRUE(manager_->topProcesses().empty());
+  EXPECT_EQ(fakes_.applications.collectionCount, 0);
+  EXPECT_EQ(fakes_.time.timerIntervals(), (std::vector<Duration>{5s}));
+}
+
+TEST_F(Manager, SamplesEveryFiveSeconds) {
+  start();
+  const MemoryStats first = *manager_->currentStats();
+  fakes_.time.advance(4999ms);
+  EXPECT_EQ(fakes_.counters.readCount, 1);
+  fakes_.time.advance(1ms);
+  EXPECT_EQ(manager_->previousStats()->timestamp, first.timestamp);
+  EXPECT_EQ(manager_->currentStats()->timestamp - first.timestamp, 5s);
+  tick();
+  EXPECT_EQ(fakes_.counters.readCount, 3);
+  EXPECT_EQ(fakes_.applications.collectionCount, 2);
+}
+
+TEST_F(Manager, LosesAndRegainsTheSampleWithTheCounters) {
+  start();
+  const auto readable = fakes_.counters.counts;
+  fakes_.counters.counts.reset();
+  tick();
+  EXPECT_FALSE(manager_->currentStats());
+  EXPECT_TRUE(manager_->previousStats());
+  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 1U);
+  fakes_.counters.counts = readable;
+  tick();
+  EXPECT_TRUE(manager_->currentStats());
+  EXPECT_FALSE(manager_->previousStats());
+  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 2U);
+}
+
+TEST_F(Manager, LoadsTheStoredSortModeWithoutWriting) {
+  const std::pair<const char*, ProcessSortMode> cases[] = {{"peak", ProcessSortMode::peak},
+                                                           {"average", ProcessSortMode::average},
+                                                           {"nonsense", ProcessSortMode::current}};
+  for (const auto& [text, mode] : cases) {
+    fakes_.preferences.texts["processSortMode"] = text;
+    start();
+    EXPECT_EQ(manager_->processSortMode(), mode) << text;
+  }
+  fakes_.preferences.texts.clear();
+  start();
+  EXPECT_EQ(manager_->processSortMode(), ProcessSortMode::current);
+  EXPECT_TRUE(fakes_.preferences.writes.empty());
+}
+
+TEST_F(Manager, StoresTheSortModeAndRebuildsTheListAtEveryAssignment) {
+  start();
+  manager_->setProcessSortMode(ProcessSortMode::average);
+  manager_->setProcessSortMode(ProcessSortMode::average);
+  EXPECT_EQ(fakes_.preferences.writes,
+            (std::vector<std::string>{"processSortMode=average", "processSortMode=average"}));
+  EXPECT_EQ(fakes_.applications.collectionCount, 2);
+}
+
+TEST_F(Manager, FreezesTheListWhileAProcessIsSelected) {
+  fakes_.applications.add(10, "Editor", 20 << 20);
+  start();
+  tick();
+  const ProcessInfo selected = manager_->topProcesses().at(0);
+  manager_->setSelectedProcess(selected);
+  tick();
+  EXPECT_EQ(manager_->topProcesses().at(0).id, selected.id);
+  EXPECT_EQ(manager_->processMemoryHistories().at(10)->dataPoints().size(), 1U);
+  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 3U);
+
+  manager_->setProcessSortMode(ProcessSortMode::peak);
+  EXPECT_NE(manager_->topProcesses().at(0).id, selected.id);
+  EXPECT_EQ(manager_->selectedProcess()->id, selected.id);
+
+  manager_->setSelectedProcess(std::nullopt);
+  tick();
+  EXPECT_EQ(manager_->processMemoryHistories().at(10)->dataPoints().size(), 3U);
+}
+
+TEST_F(Manager, AnnouncesEachChangeBeforeItIsMade) {
+  start();
+  std::vector<bool> seen;
+  const auto subscription =
+      manager_->observe([&] { seen.push_back(manager_->selectedProcess().has_value()); });
+  manager_->setSelectedProcess(ProcessInfo{});
+  manager_->setSelectedProcess(std::nullopt);
+  EXPECT_EQ(seen, (std::vector<bool>{false, true}));
+  seen.clear();
+  manager_->updateMemoryStats();  // previous and current sample; the history has its own signal
+  EXPECT_EQ(seen.size(), 2U);
+}
+
+TEST_F(Manager, EndsQuietlyWithBlocksPending) {
+  start();
+  manager_->boostMemory();
+  manager_.reset();
+  fakes_.time.advance(60s);
+  EXPECT_EQ(fakes_.counters.readCount, 1);
+  EXPECT_TRUE(fakes_.claims.claimedWords.empty());
+}
+
+// The overridable operations, overridden: each of the others goes through the override.
+class CountingManager : public MemoryManager {
+ public:
+  using MemoryManager::MemoryManager;
+  void updateMemoryStats() override {
+    ++updates;
+    MemoryManager::updateMemoryStats();
+  }
+  void checkMemoryPressure() override { ++checks; }
+  void updateTopProcesses() override { ++collections; }
+  void scheduleBoostCheck(const MemoryStats&, int, int) override { ++boostChecks; }
+  int updates = 0;
+  int checks = 0;
+  int collections = 0;
+  int boostChecks = 0;
+};
+
+TEST_F(Manager, GoesThroughOverriddenOperations) {
+  const auto manager = MemoryManager::create<CountingManager>(fakes_.services());
+  EXPECT_EQ(manager->updates, 1);
+  manager->boostMemory();
+  fakes_.time.runPending();
+  tick();
+  EXPECT_EQ(manager->checks, 1);
+  EXPECT_EQ(manager->collections, 1);
+  EXPECT_EQ(manager->boostChecks, 1);
+}
+
+}  // namespace
+}  // namespace orvane

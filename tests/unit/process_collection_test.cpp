@@ -1,0 +1,158 @@
+#include "core/process_collection.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "core/memory_manager.h"
+#include "tests/fakes/fake_services.h"
+
+namespace orvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::uint64_t mebibyte = 1048576;
+
+class Collection : public testing::Test {
+ protected:
+  void SetUp() override { manager_ = MemoryManager::create(fakes_.services()); }
+  const std::vector<ProcessInfo>& collect() {
+    manager_->updateTopProcesses();
+    return manager_->topProcesses();
+  }
+  std::vector<std::string> names() {
+    std::vector<std::string> list;
+    for (const auto& process : manager_->topProcesses()) list.push_back(process.name);
+    return list;
+  }
+
+  fakes::FakeServices fakes_;
+  std::shared_ptr<MemoryManager> manager_;
+};
+
+TEST_F(Collection, MakesARecordOfAnApplication) {
+  fakes_.applications.add(42, "Editor", 100 * mebibyte, 7);
+  fakes_.applications.applications[0].icon = ApplicationIcon{"org.example.Editor"};
+  fakes_.applications.paths[42] = std::string(
+      "/opt/a\xFF"
+      "b/editor\0junk",
+      18);
+  const auto& process = collect().at(0);
+  EXPECT_EQ(process.name, "Editor");
+  EXPECT_EQ(process.pid, 42);
+  EXPECT_EQ(process.memoryUsage, 100 * mebibyte);
+  EXPECT_EQ(process.privateMemory, process.memoryUsage);
+  EXPECT_EQ(process.virtualMemory, 400 * mebibyte);
+  EXPECT_EQ(process.threadCount, 7);
+  EXPECT_EQ(process.icon->name, "org.example.Editor");
+  EXPECT_EQ(process.processPath,
+            "/opt/a\xEF\xBF\xBD"
+            "b/editor");
+  EXPECT_EQ(process.cpuUsage, 0.0);
+  EXPECT_EQ(process.ports, 0);
+  const Uuid first = process.id;
+  EXPECT_NE(collect().at(0).id, first);
+}
+
+TEST_F(Collection, DropsWhatIsAtOrBelowTheThreshold) {
+  fakes_.applications.add(1, "At", 10'485'760);
+  fakes_.applications.add(2, "Above", 10'485'761);
+  collect();
+  EXPECT_EQ(names(), (std::vector<std::string>{"Above"}));
+  EXPECT_FALSE(manager_->processMemoryHistories().contains(1));
+}
+
+TEST_F(Collection, EstimatesWhatCannotBeInspected) {
+  fakes_.applications.applications = {
+      {.processIdentifier = 1, .activationPolicy = ActivationPolicy::regular},
+      {.processIdentifier = 2, .activationPolicy = ActivationPolicy::accessory}};
+  fakes_.applications.figures[2] = {.virtualSize = 5, .residentSize = 0, .threadCount = 3};
+  std::vector<std::uint64_t> regular;
+  std::vector<std::uint64_t> accessory;
+  for (int round = 0; round < 300; ++round) {
+    for (const auto& process : collect()) {
+      EXPECT_EQ(process.virtualMemory, 3 * process.memoryUsage);
+      EXPECT_EQ(process.name, "Unknown");
+      EXPECT_EQ(process.processPath, "");
+      EXPECT_EQ(process.threadCount, process.pid == 1 ? 0 : 3);
+      (process.pid == 1 ? regular : accessory).push_back(process.memoryUsage);
+    }
+  }
+  const auto [regularLow, regularHigh] = std::minmax_element(regular.begin(), regular.end());
+  EXPECT_GE(*regularLow, 50'000'000U);
+  EXPECT_LE(*regularHigh, 500'000'000U);
+  EXPECT_GT(*regularHigh, 400'000'000U);
+  const auto [low, high] = std::minmax_element(accessory.begin(), accessory.end());
+  EXPECT_GT(*low, 10'485'760U);
+  EXPECT_LE(*high, 100'000'000U);
+}
+
+TEST(UniformNumber, ReachesBothEndsAndRejectsTheBiasedRest) {
+  fakes::FakeRandomSource random;
+  const std::uint64_t top = std::numeric_limits<std::uint64_t>::max();
+  random.queued = {0, 5, 6, top};  // 2^64 mod 10 is 6: numbers below 6 are drawn again
+  EXPECT_EQ(uniformNumber(random, 100, 109), 106U);
+  EXPECT_EQ(uniformNumber(random, 100, 109), 105U);
+  EXPECT_TRUE(random.queued.empty());
+  EXPECT_EQ(uniformNumber(random, 3, 3), 3U);
+}
+
+TEST_F(Collection, RaisesAVirtualSizeBelowTheResidentOne) {
+  fakes_.applications.add(1, "Odd", 20 * mebibyte);
+  fakes_.applications.figures[1].virtualSize = 19 * mebibyte;
+  EXPECT_EQ(collect().at(0).virtualMemory, 60 * mebibyte);
+}
+
+TEST_F(Collection, ListsTenAndRemembersAll) {
+  for (std::int32_t pid = 1; pid <= 12; ++pid) {
+    const auto megabyteCount = static_cast<std::uint64_t>(20 + pid);
+    fakes_.applications.add(pid, std::to_string(pid), megabyteCount * mebibyte);
+  }
+  ASSERT_EQ(collect().size(), 10U);
+  EXPECT_EQ(names().front(), "12");
+  EXPECT_EQ(names().back(), "3");
+  EXPECT_EQ(manager_->processMemoryHistories().size(), 12U);
+}
+
+TEST_F(Collection, IncludesTheNewPointInTheOrder) {
+  fakes_.applications.add(1, "Falling", 800 * mebibyte);
+  fakes_.applications.add(2, "Steady", 500 * mebibyte);
+  manager_->setProcessSortMode(ProcessSortMode::peak);
+  fakes_.applications.setResident(1, 100 * mebibyte);
+  collect();
+  EXPECT_EQ(names(), (std::vector<std::string>{"Falling", "Steady"}));
+  fakes_.applications.setResident(2, 900 * mebibyte);
+  collect();
+  EXPECT_EQ(names(), (std::vector<std::string>{"Steady", "Falling"}));
+}
+
+TEST_F(Collection, ForgetsHistoriesAfterFiveMinutes) {
+  fakes_.applications.add(1, "Gone", 20 * mebibyte);
+  collect();
+  manager_->setSelectedProcess(ProcessInfo{});
+  fakes_.applications.remove(1);
+  fakes_.time.advance(299s);
+  collect();
+  EXPECT_TRUE(manager_->processMemoryHistories().contains(1));
+  EXPECT_TRUE(manager_->topProcesses().empty());
+  fakes_.time.advance(1s);
+  collect();
+  EXPECT_FALSE(manager_->processMemoryHistories().contains(1));
+}
+
+TEST_F(Collection, PublishesOneChangeAHistoryOneForTheListAndOneForThePruning) {
+  fakes_.applications.add(1, "One", 20 * mebibyte);
+  fakes_.applications.add(2, "Two", 20 * mebibyte);
+  int changes = 0;
+  const auto subscription = manager_->observe([&] { ++changes; });
+  collect();
+  EXPECT_EQ(changes, 4);
+  changes = 0;
+  collect();
+  EXPECT_EQ(changes, 2);
+}
+
+}  // namespace
+}  // namespace orvane
