@@ -1,1 +1,2 @@
-# benchmarks of the sampling
+add_executable(sampling_benchmark sampling_benchmark.cpp)
+target_link_libraries(sampling_benchmark PRIVATE orvane_platform benchmark::benchmark)

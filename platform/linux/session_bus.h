@@ -3,9 +3,16 @@
 #include <QtCore/QObject>
 #include <QtDBus/QDBusConnection>
 
+#include <chrono>
 #include <memory>
 
 namespace orvane {
+
+/// How patient a `SessionBus` is.
+struct SessionBusTiming {
+  std::chrono::milliseconds retryInterval{5000};  ///< between attempts while there is no bus
+  std::chrono::milliseconds answerTimeout{5000};  ///< for a bus to answer an attempt
+};
 
 /// The user's session bus, connected without ever blocking the main thread.
 ///
@@ -16,7 +23,7 @@ class SessionBus : public QObject {
   Q_OBJECT
 
  public:
-  explicit SessionBus(QObject* parent = nullptr);
+  explicit SessionBus(QObject* parent = nullptr, SessionBusTiming timing = {});
   ~SessionBus() override;
 
   /// Starts connecting; `connected` or `unavailable` follows. Called once.
@@ -24,8 +31,12 @@ class SessionBus : public QObject {
 
   [[nodiscard]] bool isConnected() const;
 
+  /// False until the first attempt to connect has ended, one way or the other.
+  [[nodiscard]] bool isSettled() const;
+
   /// The live connection; an unconnected one while `isConnected` is false. Only asynchronous calls
-  /// may be made on it from the main thread.
+  /// may be made on it from the main thread. Subscriptions too: `connect` with a well-known service
+  /// name waits for the bus to tell its owner, so subscribe with an empty service name instead.
   [[nodiscard]] QDBusConnection connection() const;
 
  Q_SIGNALS:

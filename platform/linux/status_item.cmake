@@ -1,1 +1,22 @@
-# target_sources(orvane_platform PRIVATE ...)
+target_sources(orvane_platform PRIVATE
+  bus_export.h
+  linux_status_bar.cpp
+  linux_status_bar.h
+  panel_host.cpp
+  panel_host.h
+  single_instance.cpp
+  single_instance.h
+  status_menu.cpp
+  status_menu.h
+  status_menu_adaptor.cpp
+  status_menu_adaptor.h
+  status_notifier_adaptor.cpp
+  status_notifier_adaptor.h
+  status_notifier_registration.cpp
+  status_notifier_registration.h
+  status_notifier_types.cpp
+  status_notifier_types.h
+  termination_signals.cpp
+  termination_signals.h
+  x11_window_hints.cpp
+  x11_window_hints.h)

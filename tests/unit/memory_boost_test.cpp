@@ -109,7 +109,7 @@ TEST_F(Boost, GoesOnWithoutAClaimWhenTheMemoryCannotBeHad) {
 }
 
 struct CheckCase {
-  double freeAfter;                // MB, where 1,000 were free before
+  double freeAfter = 0;            // MB, where 1,000 were free before
   std::optional<double> reported;  // MB
 };
 

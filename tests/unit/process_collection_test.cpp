@@ -106,9 +106,9 @@ TEST_F(Collection, RaisesAVirtualSizeBelowTheResidentOne) {
 }
 
 TEST_F(Collection, ListsTenAndRemembersAll) {
+  std::uint64_t size = 20 * mebibyte;
   for (std::int32_t pid = 1; pid <= 12; ++pid) {
-    const auto megabyteCount = static_cast<std::uint64_t>(20 + pid);
-    fakes_.applications.add(pid, std::to_string(pid), megabyteCount * mebibyte);
+    fakes_.applications.add(pid, std::to_string(pid), size += mebibyte);
   }
   ASSERT_EQ(collect().size(), 10U);
   EXPECT_EQ(names().front(), "12");

@@ -54,6 +54,7 @@ class SortModes : public testing::Test {
   std::vector<std::int32_t> order(std::vector<ProcessInfo> processes, ProcessSortMode mode) {
     sortProcesses(processes, mode, histories_);
     std::vector<std::int32_t> pids;
+    pids.reserve(processes.size());
     for (const auto& info : processes) pids.push_back(info.pid);
     return pids;
   }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/running_applications.h"
+
+namespace orvane {
+
+/// The running program as the desktop sees it. Threads: main thread only.
+class Application {
+ public:
+  virtual ~Application() = default;
+
+  /// Regular while the main window is shown, accessory otherwise.
+  virtual void setActivationPolicy(ActivationPolicy policy) = 0;
+
+  /// Brings the program to the front, whichever is in front now.
+  virtual void activate() = 0;
+
+  /// Ends the event loop; returns first.
+  virtual void terminate() = 0;
+};
+
+}  // namespace orvane

@@ -1,0 +1,136 @@
+#include "app/memory_monitor_app.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtGui/QWindow>
+#include <string>
+
+#include "app/app_delegate.h"
+#include "app/product_settings.h"
+#include "app/quick_windows.h"
+#include "app/status_icon.h"
+#include "platform/linux/descriptor_limit.h"
+#include "platform/linux/in_process_notification_centre.h"
+#include "platform/linux/linux_appearance.h"
+#include "platform/linux/linux_applications.h"
+#include "platform/linux/linux_background_queue.h"
+#include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_desktop_opener.h"
+#include "platform/linux/linux_dispatch.h"
+#include "platform/linux/linux_login_item.h"
+#include "platform/linux/linux_memory_claims.h"
+#include "platform/linux/linux_memory_counters.h"
+#include "platform/linux/linux_notification_service.h"
+#include "platform/linux/linux_preferences.h"
+#include "platform/linux/linux_process_signals.h"
+#include "platform/linux/linux_random_source.h"
+#include "platform/linux/linux_software_updater.h"
+#include "platform/linux/linux_standard_output.h"
+#include "platform/linux/linux_status_bar.h"
+#include "platform/linux/session_bus.h"
+#include "platform/linux/single_instance.h"
+#include "platform/linux/termination_signals.h"
+
+namespace orvane {
+namespace {
+
+class QtApplication : public Application {
+ public:
+  /// An accessory program is one without an ordinary window: the windows' own flags keep the
+  /// popover out of the taskbar, so the policy has nothing left to do here.
+  void setActivationPolicy(ActivationPolicy /*policy*/) override {}
+
+  void activate() override {
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    for (QWindow* window : windows) {
+      if (window->isVisible()) window->raise();
+    }
+  }
+
+  void terminate() override { QCoreApplication::quit(); }
+};
+
+bool isFrontmost() {
+  return QGuiApplication::applicationState() == Qt::ApplicationActive;
+}
+
+}  // namespace
+
+/// In the order of their making; what is below may use what is above.
+struct MemoryMonitorApp::Services {
+  explicit Services(SingleInstance& instance);
+
+  [[nodiscard]] AppServices forDelegate();
+
+  SessionBus bus;
+  LinuxDesktopOpener desktop{bus};
+  LinuxMainQueue mainQueue;
+  LinuxTimerService timers;
+  LinuxClock clock;
+  LinuxRandomSource random;
+  LinuxStandardOutput output;
+  LinuxPreferences preferences;
+  LinuxMemoryCounters counters;
+  LinuxMemoryClaims claims;
+  DescriptorLimit descriptors;
+  LinuxApplications applications{LinuxApplications::desktopOptions(descriptors.current())};
+  LinuxProcessSignals signals;
+  InProcessNotificationCentre notificationCentre{mainQueue};
+  LinuxNotificationService notifications{bus, isFrontmost};
+  LinuxAppearance appearance{bus};
+  LinuxStatusBar statusBar{bus};
+  LinuxLoginItem loginItem{QCoreApplication::applicationFilePath().toStdString()};
+  LinuxSoftwareUpdater updater{
+      {.feedUrl = std::string(updateFeed), .runningVersion = std::string(productVersion)}};
+  StatusIconPainter icons;
+  QtApplication application;
+  LinuxBackgroundQueue backgroundQueue;
+  QuickWindows windows{appearance,
+                       {.version = std::string(productVersion),
+                        .builtOn = "Qt " + std::string(qVersion()) + " and GLib"}};
+  std::shared_ptr<AppDelegate> delegate;
+  TerminationSignals terminationSignals;
+};
+
+MemoryMonitorApp::Services::Services(SingleInstance& instance)
+    : delegate(AppDelegate::create(forDelegate())),
+      terminationSignals([this] { delegate->quitApp(); }) {
+  instance.listen([this] { delegate->showMainWindow(); });
+}
+
+AppServices MemoryMonitorApp::Services::forDelegate() {
+  return {.model = {.counters = counters,
+                    .claims = claims,
+                    .applications = applications,
+                    .tasks = applications,
+                    .signals = signals,
+                    .notifications = notifications,
+                    .notificationCentre = notificationCentre,
+                    .preferences = preferences,
+                    .mainQueue = mainQueue,
+                    .backgroundQueue = backgroundQueue,
+                    .timers = timers,
+                    .clock = clock,
+                    .random = random,
+                    .output = output},
+          .application = application,
+          .statusBar = statusBar,
+          .loginItem = loginItem,
+          .updater = updater,
+          .desktop = desktop,
+          .windows = windows,
+          .icons = icons,
+          .supportAddress = std::string(supportAddress)};
+}
+
+MemoryMonitorApp::MemoryMonitorApp(SingleInstance& instance)
+    : services_(std::make_unique<Services>(instance)) {}
+
+MemoryMonitorApp::~MemoryMonitorApp() = default;
+
+int MemoryMonitorApp::run() {
+  services_->bus.start();
+  services_->delegate->applicationDidFinishLaunching();
+  return QCoreApplication::exec();
+}
+
+}  // namespace orvane

@@ -1,0 +1,147 @@
+#include "app/popover.h"
+
+#include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QScreen>
+#include <QtQuick/QQuickItem>
+#include <utility>
+
+#include "platform/linux/x11_window_hints.h"
+
+namespace orvane {
+namespace {
+
+// The grab fails while the window isn't on the screen yet or the panel still holds the mouse.
+constexpr int grabRetryMilliseconds = 40;
+// From the press that closed the popover to the click a panel makes of it.
+constexpr int sameClickMilliseconds = 400;
+
+bool isX11() {
+  return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
+QList<ScreenArea> screenAreas() {
+  QList<ScreenArea> areas;
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  for (const QScreen* screen : screens)
+    areas.append({screen->geometry(), screen->availableGeometry(), screen->devicePixelRatio()});
+  return areas;
+}
+
+}  // namespace
+
+StatusPopover::StatusPopover(Views& views) : views_(views) {
+  cleanUp_.setSingleShot(true);
+  connect(&cleanUp_, &QTimer::timeout, this, [this] { closed_.reset(); });
+  grabRetry_.setSingleShot(true);
+  grabRetry_.setInterval(grabRetryMilliseconds);
+  connect(&grabRetry_, &QTimer::timeout, this, &StatusPopover::holdMouse);
+  focusCheck_.setSingleShot(true);
+  connect(&focusCheck_, &QTimer::timeout, this, &StatusPopover::focusChanged);
+}
+
+StatusPopover::~StatusPopover() = default;
+
+bool StatusPopover::isShown() const {
+  return view_ || (sinceDismissal_.isValid() && !sinceDismissal_.hasExpired(sameClickMilliseconds));
+}
+
+void StatusPopover::performClose() {
+  sinceDismissal_.invalidate();
+  close();
+}
+
+void StatusPopover::show(ScreenPoint item, PopoverClosures closures) {
+  close();
+  const QList<ScreenArea> areas = screenAreas();
+  if (areas.isEmpty()) return;
+  views_.setTranslucentWindows(blendsTranslucentWindows());
+  view_ = views_.makePopoverView(std::move(closures));
+  const auto pointer = isX11() ? std::optional(QCursor::pos()) : std::nullopt;
+  item_ = statusItemLocation(pointer, item, areas);
+  screen_ = screenAt(item_, areas);
+  wasActive_ = false;
+
+  view_->setTitle(QStringLiteral("Orvane"));
+  view_->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                  Qt::NoDropShadowWindowHint);
+  if (QScreen* screen = QGuiApplication::screenAt(item_)) view_->setScreen(screen);
+  place();
+  skipTaskbar(*view_);
+  connectView();
+  view_->show();
+  view_->requestActivate();
+}
+
+void StatusPopover::connectView() {
+  view_->installEventFilter(this);
+  connect(view_.get(), &QWindow::heightChanged, this, &StatusPopover::place);
+  connect(view_.get(), &QWindow::activeChanged, this, [this] { focusCheck_.start(0); });
+  if (QQuickItem* root = view_->rootObject()) {
+    connect(root, SIGNAL(closeRequested()), this, SLOT(close()));
+    connect(root, SIGNAL(menuOpenChanged()), this, SLOT(menuChanged()));
+  }
+}
+
+void StatusPopover::place() {
+  if (!view_) return;
+  const QRect rectangle = popoverRectangle(item_, view_->size(), screen_);
+  if (view_->position() != rectangle.topLeft()) view_->setPosition(rectangle.topLeft());
+}
+
+void StatusPopover::close() {
+  if (!view_) return;
+  grabRetry_.stop();
+  focusCheck_.stop();
+  view_->removeEventFilter(this);
+  view_->disconnect(this);
+  view_->hide();
+  // The view may be in the middle of the event that closes it.
+  closed_ = std::move(view_);
+  cleanUp_.start(0);
+}
+
+void StatusPopover::dismiss() {
+  sinceDismissal_.start();
+  close();
+}
+
+bool StatusPopover::menuIsOpen() const {
+  const QQuickItem* root = view_ ? view_->rootObject() : nullptr;
+  return root != nullptr && root->property("menuOpen").toBool();
+}
+
+void StatusPopover::menuChanged() {
+  if (!view_ || menuIsOpen()) return;
+  view_->requestActivate();
+  grabRetry_.start();
+}
+
+// Later than the change itself: between two of our own windows the focus is nowhere for a moment.
+void StatusPopover::focusChanged() {
+  if (!view_) return;
+  if (view_->isActive()) {
+    wasActive_ = true;
+  } else if (wasActive_ && !menuIsOpen()) {
+    dismiss();
+  }
+}
+
+void StatusPopover::holdMouse() {
+  if (!view_ || !view_->isExposed() || menuIsOpen()) return;
+  if (!view_->setMouseGrabEnabled(true)) grabRetry_.start();
+}
+
+bool StatusPopover::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != view_.get()) return false;
+  if (event->type() == QEvent::Expose && isX11()) holdMouse();
+  if (event->type() == QEvent::Close) close();
+  if (event->type() != QEvent::MouseButtonPress) return false;
+  const auto* press = static_cast<QMouseEvent*>(event);
+  if (QRectF(QPointF(), QSizeF(view_->size())).contains(press->position())) return false;
+  dismiss();
+  return true;
+}
+
+}  // namespace orvane

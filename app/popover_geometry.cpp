@@ -1,0 +1,122 @@
+#include "app/popover_geometry.h"
+
+#include <algorithm>
+#include <array>
+
+namespace orvane {
+namespace {
+
+constexpr int gap = 6;              // between the panel and the popover
+constexpr int panelThickness = 64;  // how far from an edge a panel's items can be
+constexpr int itemReach = 16;       // from the pointer to an item's border, where no panel is known
+
+struct EdgeDistance {
+  PanelEdge edge;
+  int distance;
+};
+
+std::array<EdgeDistance, 4> edgeDistances(QPoint point, const QRect& screen) {
+  return {{{PanelEdge::top, point.y() - screen.top()},
+           {PanelEdge::bottom, screen.bottom() - point.y()},
+           {PanelEdge::left, point.x() - screen.left()},
+           {PanelEdge::right, screen.right() - point.x()}}};
+}
+
+bool isInPanelAt(PanelEdge edge, QPoint point, const QRect& available) {
+  switch (edge) {
+    case PanelEdge::top:
+      return point.y() < available.top();
+    case PanelEdge::bottom:
+      return point.y() > available.bottom();
+    case PanelEdge::left:
+      return point.x() < available.left();
+    case PanelEdge::right:
+      return point.x() > available.right();
+  }
+  return false;
+}
+
+bool isNearPanel(QPoint point, const ScreenArea& screen) {
+  if (!screen.geometry.contains(point)) return false;
+  const auto distances = edgeDistances(point, screen.geometry);
+  return !screen.available.contains(point) ||
+         std::any_of(distances.begin(), distances.end(),
+                     [](const EdgeDistance& edge) { return edge.distance < panelThickness; });
+}
+
+QPoint cornerAtPanel(const ScreenArea& screen) {
+  const QRect& all = screen.geometry;
+  const bool panelAtBottom = all.bottom() - screen.available.bottom() > 0;
+  return panelAtBottom ? all.bottomRight() : all.topRight();
+}
+
+/// The reported point in device-independent pixels; none where it can't be the item's.
+std::optional<QPoint> plausible(ScreenPoint reported, const QList<ScreenArea>& screens) {
+  for (const ScreenArea& screen : screens) {
+    const QPoint origin = screen.geometry.topLeft();
+    const QPoint point = origin + (QPoint(reported.x, reported.y) - origin) / screen.pixelRatio;
+    // Panels that don't know the place report the origin or a point relative to the item.
+    const QPoint inside = point - origin;
+    if (inside.x() < panelThickness && inside.y() < panelThickness) continue;
+    if (isNearPanel(point, screen)) return point;
+  }
+  return std::nullopt;
+}
+
+/// As std::clamp, but a range that is too small begins at its lower end.
+int fit(int value, int lowest, int highest) {
+  return std::max(lowest, std::min(value, highest));
+}
+
+}  // namespace
+
+const ScreenArea& screenAt(QPoint point, const QList<ScreenArea>& screens) {
+  const auto found = std::find_if(screens.begin(), screens.end(), [point](const ScreenArea& area) {
+    return area.geometry.contains(point);
+  });
+  return found == screens.end() ? screens.first() : *found;
+}
+
+QPoint statusItemLocation(std::optional<QPoint> pointer, ScreenPoint reported,
+                          const QList<ScreenArea>& screens) {
+  if (pointer && isNearPanel(*pointer, screenAt(*pointer, screens))) return *pointer;
+  if (const auto point = plausible(reported, screens)) return *point;
+  return cornerAtPanel(screens.first());
+}
+
+PanelEdge panelEdgeAt(QPoint item, const ScreenArea& screen) {
+  auto distances = edgeDistances(item, screen.geometry);
+  std::stable_sort(distances.begin(), distances.end(),
+                   [](const auto& a, const auto& b) { return a.distance < b.distance; });
+  const auto inPanel =
+      std::find_if(distances.begin(), distances.end(), [&](const EdgeDistance& candidate) {
+        return isInPanelAt(candidate.edge, item, screen.available);
+      });
+  return inPanel == distances.end() ? distances.front().edge : inPanel->edge;
+}
+
+QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen) {
+  const QRect room = screen.available.adjusted(gap, gap, -gap, -gap);
+  const bool inPanel = !screen.available.contains(item);
+  const int reach = inPanel ? 0 : itemReach;
+  QPoint corner = item - QPoint(size.width() / 2, size.height() / 2);
+  switch (panelEdgeAt(item, screen)) {
+    case PanelEdge::top:
+      corner.setY(inPanel ? room.top() : item.y() + reach);
+      break;
+    case PanelEdge::bottom:
+      corner.setY((inPanel ? room.bottom() + 1 : item.y() - reach) - size.height());
+      break;
+    case PanelEdge::left:
+      corner.setX(inPanel ? room.left() : item.x() + reach);
+      break;
+    case PanelEdge::right:
+      corner.setX((inPanel ? room.right() + 1 : item.x() - reach) - size.width());
+      break;
+  }
+  corner.setX(fit(corner.x(), room.left(), room.right() + 1 - size.width()));
+  corner.setY(fit(corner.y(), room.top(), room.bottom() + 1 - size.height()));
+  return {corner, size};
+}
+
+}  // namespace orvane

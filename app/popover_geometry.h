@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QList>
+#include <QtCore/QPoint>
+#include <QtCore/QRect>
+#include <optional>
+
+#include "platform/status_bar.h"
+
+namespace orvane {
+
+/// One screen in device-independent pixels.
+struct ScreenArea {
+  QRect geometry;         ///< all of it
+  QRect available;        ///< what panels leave
+  double pixelRatio = 1;  ///< device pixels in one
+};
+
+/// Which edge of its screen the panel with the status item lies at.
+enum class PanelEdge { top, bottom, left, right };
+
+/// Where the status item is. Panels report a point that some of them get wrong (`reported`, in
+/// device pixels), and the pointer is known on some window systems only: the pointer counts where
+/// it is known and near a panel, the reported point where it is plausible, else the corner at the
+/// panel of the first screen. `screens` must not be empty.
+[[nodiscard]] QPoint statusItemLocation(std::optional<QPoint> pointer, ScreenPoint reported,
+                                        const QList<ScreenArea>& screens);
+
+/// The screen the point lies on, or the first one.
+[[nodiscard]] const ScreenArea& screenAt(QPoint point, const QList<ScreenArea>& screens);
+
+/// The edge whose panel holds the point: where the screen's panels leave the point out, else the
+/// nearest edge.
+[[nodiscard]] PanelEdge panelEdgeAt(QPoint item, const ScreenArea& screen);
+
+/// Where a popover of `size` goes: beside the panel, toward the middle of the screen, centred on
+/// the item, and always inside of what panels leave.
+[[nodiscard]] QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen);
+
+}  // namespace orvane

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/memory_stats.h"
+
+namespace orvane {
+
+/// The usage in whole percent, truncated toward zero; none while there is no memory to use.
+[[nodiscard]] std::optional<int> wholeUsagePercent(const MemoryStats& stats);
+
+/// "57%".
+[[nodiscard]] std::string percentText(int percent);
+
+/// The status item's title, " 57%".
+[[nodiscard]] std::string statusTitle(int percent);
+
+}  // namespace orvane

@@ -1,0 +1,31 @@
+#include "app/update_controller.h"
+
+#include <utility>
+
+namespace orvane {
+
+UpdateController::UpdateController(SoftwareUpdater& updater, WindowFactory& windows,
+                                   DesktopOpener& desktop, std::shared_ptr<MemoryManager> manager)
+    : updater_(updater), windows_(windows), desktop_(desktop), manager_(std::move(manager)) {}
+
+UpdateController::~UpdateController() {
+  updater_.cancel();
+}
+
+void UpdateController::checkForUpdates() {
+  if (!window_) {
+    window_ = windows_.makeUpdateWindow(
+        manager_, {.tryAgain = [this] { checkForUpdates(); },
+                   .openPage = [this](const std::string& address) { desktop_.openUrl(address); },
+                   .close =
+                       [this] {
+                         updater_.cancel();
+                         window_->close();
+                       }});
+  }
+  if (!window_) return;
+  window_->showChecking();
+  updater_.checkForUpdates([this](const UpdateResult& result) { window_->showResult(result); });
+}
+
+}  // namespace orvane

@@ -1,0 +1,47 @@
+"""What a process costs, read from /proc."""
+
+import dataclasses
+import pathlib
+
+
+def memory(process):
+    """(anonymous, resident) memory in MB (2^20 bytes)."""
+    figures = {}
+    for line in pathlib.Path(f"/proc/{process}/smaps_rollup").read_text().splitlines()[1:]:
+        key, _, value = line.partition(":")
+        figures[key] = int(value.split()[0]) / 1024
+    return figures["Anonymous"], figures["Rss"]
+
+
+def cpu_seconds(process):
+    """Processor time of all threads so far, exact to the nanosecond."""
+    return sum(int(figures.split()[0]) for figures in _of_threads(process, "schedstat")) / 1e9
+
+
+def wake_ups(process):
+    """Context switches of all threads so far, voluntary and not."""
+    return sum(int(line.split()[1]) for status in _of_threads(process, "status")
+               for line in status.splitlines() if "ctxt_switches" in line)
+
+
+def _of_threads(process, file):
+    for thread in pathlib.Path(f"/proc/{process}/task").iterdir():
+        try:
+            yield (thread / file).read_text()
+        except OSError:
+            continue  # it has just ended
+
+
+@dataclasses.dataclass
+class Row:
+    """One line of the table."""
+    what: str
+    value: float
+    bound: float
+    unit: str
+    reference: str = ""
+
+    def __str__(self):
+        verdict = "PASS" if self.value <= self.bound else "over"
+        return (f"{self.what:<46}{self.value:>9.3f} {self.unit:<8} bound {self.bound:>7.2f}  "
+                f"{verdict}  {self.reference}")

@@ -1,0 +1,144 @@
+"""Measures the running program on a virtual desktop: measure.py BUILD_DIR [--seconds N]
+
+Each figure stands beside its bound, and beside the same figure of an empty window of the same toolkit
+(and of a small task manager where one is installed), measured in the same run.
+"""
+
+import argparse
+import os
+import pathlib
+import shutil
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT))
+from bench.program.figures import Row, cpu_seconds, memory, wake_ups  # noqa: E402
+from tools.desktop.orvane import Orvane  # noqa: E402
+from tools.desktop.pointer import Pointer  # noqa: E402
+from tools.desktop.processes import wait_for  # noqa: E402
+from tools.desktop.session import Session  # noqa: E402
+from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
+
+PEER = "lxtask"
+OPENINGS = 6
+STARTS = 5
+
+
+class Measurement:
+    def __init__(self, desktop, build, seconds):
+        self.desktop, self.build, self.seconds = desktop, build, seconds
+        self.session = Session(desktop.bus_address)
+        self.pointer = Pointer(desktop.environment["DISPLAY"])
+
+    def start(self):
+        return Orvane(self.desktop, self.build / "orvane", self.session, accessible=False)
+
+    def references(self):
+        """(name, process) of what Orvane is compared with, running."""
+        commands = [("empty window", [str(self.build / "bench/program/empty_window")])]
+        if shutil.which(PEER):
+            commands.append((PEER, [PEER]))
+        return [(name, self.desktop.start_program(command)) for name, command in commands]
+
+    def rows(self):
+        yield self.start_up()
+        references = self.references()
+        orvane = self.start()
+        orvane.wait_for_item()
+        time.sleep(6)  # the first list is built 5 s after the start
+        processes = [("", orvane.process)] + references
+        yield from self.memory_rows("panel only", processes, 3.2, 30)
+        yield from self.rest_rows(processes)
+        for _, process in references:
+            process.terminate()
+            process.wait()
+        yield from self.popover_rows(orvane)
+        orvane.stop()
+
+    def start_up(self):
+        """Processor time from exec to the item registered; the best of a few, as caches warm."""
+        costs = []
+        for _ in range(STARTS):
+            orvane = self.start()
+            while not orvane.item():
+                time.sleep(0.002)
+            costs.append(cpu_seconds(orvane.pid))
+            orvane.stop()
+        spread = f"{STARTS} starts: " + " ".join(f"{cost:.3f}" for cost in costs)
+        return Row("CPU from exec to the item", sorted(costs)[STARTS // 2], 0.10, "s", spread)
+
+    def memory_rows(self, when, processes, anonymous_bound, resident_bound):
+        figures = [(name, memory(process.pid)) for name, process in processes]
+        for index, kind, bound in ((0, "anonymous", anonymous_bound), (1, "resident", resident_bound)):
+            yield Row(f"{kind} memory, {when}", figures[0][1][index], bound, "MB",
+                      beside((name, figure[index]) for name, figure in figures[1:]))
+
+    def rest_rows(self, processes):
+        before = [(cpu_seconds(process.pid), wake_ups(process.pid)) for _, process in processes]
+        time.sleep(self.seconds)
+        names = [name for name, _ in processes]
+        cpu = [(cpu_seconds(process.pid) - old[0]) * 60 / self.seconds
+               for (_, process), old in zip(processes, before)]
+        waking = [(wake_ups(process.pid) - old[1]) / self.seconds
+                  for (_, process), old in zip(processes, before)]
+        yield Row("CPU at rest", cpu[0], 0.05, "s/min", beside(zip(names[1:], cpu[1:])))
+        yield Row("wake-ups at rest", waking[0], 1.0, "/s", beside(zip(names[1:], waking[1:])))
+
+    def popover_rows(self, orvane):
+        times = [self.opening() for _ in range(OPENINGS)]
+        later = sorted(times[1:])
+        yield Row("popover: click to first frame, first time", times[0], 150, "ms")
+        yield Row("popover: click to first frame, later", later[len(later) // 2], 50, "ms",
+                  "each: " + " ".join(f"{each:.0f}" for each in times[1:]))
+        anonymous, resident = memory(orvane.pid)
+        yield Row("anonymous memory after the popover was closed", anonymous, 10, "MB")
+        yield Row("resident memory after the popover was closed", resident, 50, "MB")
+
+    def opening(self):
+        """Milliseconds from the mouse button's release on the item to the popover's first frame."""
+        screen, point = self.desktop.screen, self.item_point()
+        self.pointer.move(*point)
+        time.sleep(0.7)  # whatever the panel does under a new pointer is over
+        area = (point[0] - 140, 60, 280, 40)
+        before = screen.area(*area)
+        released = self.pointer.click(*point)
+        while screen.area(*area) == before:
+            if time.monotonic() - released > 5:
+                raise TimeoutError("the popover never showed")
+            time.sleep(0.0005)
+        shown = time.monotonic()
+        # The first pixels are the finished frame: text and ring are in it.
+        colours = screen.colours(*area)
+        if colours < 12:
+            print(f"note: only {colours} colours in the first frame")
+        time.sleep(0.5)
+        self.pointer.key("Escape")
+        wait_for("closed popover", 5, lambda: screen.area(*area) == before)
+        return (shown - released) * 1000
+
+    def item_point(self):
+        from tools.desktop import panel  # connects to the desktop that exists now
+        return wait_for("item in the panel", 10, lambda: panel.item_point(self.desktop))
+
+
+def beside(figures):
+    return ", ".join(f"{name} {figure:.2f}" for name, figure in figures)
+
+
+def main():
+    arguments = argparse.ArgumentParser()
+    arguments.add_argument("build", type=pathlib.Path)
+    arguments.add_argument("--seconds", type=float, default=60, help="how long rest is watched")
+    options = arguments.parse_args()
+    with VirtualDesktop() as desktop:
+        os.environ.update(desktop.environment)
+        desktop.start_window_manager()
+        desktop.start_notifications()
+        desktop.start_panel()
+        for row in Measurement(desktop, options.build.resolve(), options.seconds).rows():
+            print(row, flush=True)
+
+
+if __name__ == "__main__":
+    main()

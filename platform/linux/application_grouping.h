@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "platform/linux/process_command.h"
+
+namespace orvane {
+
+/// What the grouping needs to know about one process.
+struct GroupedProcess {
+  std::int32_t pid = 0;
+  std::int32_t parent = 0;
+  std::int32_t processGroup = 0;
+  std::int32_t session = 0;
+  std::uint64_t startTime = 0;  ///< clock ticks
+  std::uint64_t residentSize = 0;
+  std::string_view unit;              ///< of systemd; empty for none
+  bool unitIsApplication = false;     ///< the unit stands for one application
+  bool claimed = false;               ///< has other evidence of its own: a launch, a window, ...
+  const void* application = nullptr;  ///< which application that evidence names; null for unknown
+  bool visible = false;               ///< that application belongs into the desktop's menus
+  bool ownsWindow = false;
+  ProcessRole role = ProcessRole::program;
+};
+
+/// The processes of one application, as indices of the grouped ones.
+struct ApplicationGroup {
+  std::size_t leader = 0;            ///< the process whose death ends the application
+  std::size_t root = 0;              ///< the topmost process: it tells what the application is
+  std::vector<std::size_t> members;  ///< all of them
+};
+
+/// Tells which processes (sorted by pid) form applications; the application with the oldest leader
+/// comes first. Every process belongs to exactly one.
+///
+/// - One systemd unit of an application is one application.
+/// - Otherwise a process with evidence of its own is one, unless it runs for the application above
+///   it: the same one again, or started by nothing but wrappers.
+/// - Processes without evidence belong to the application above them; below none, to their
+///   service's unit, or else to the topmost command of their own tree. Programs that start the
+///   session or other applications don't gather what they start.
+[[nodiscard]] std::vector<ApplicationGroup> groupApplications(
+    std::span<const GroupedProcess> processes);
+
+}  // namespace orvane

@@ -1,0 +1,180 @@
+#include "platform/linux/desktop_entries.h"
+
+#include <glib.h>
+#include <malloc.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <set>
+
+#include "platform/linux/desktop_entry_file.h"
+
+namespace orvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view fileEnding = ".desktop";
+
+timespec modificationTime(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 ? status.st_mtim : timespec{};
+}
+
+bool equalApartFromCase(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+    return std::tolower(static_cast<unsigned char>(x)) ==
+           std::tolower(static_cast<unsigned char>(y));
+  });
+}
+
+/// "org.example.Editor" is called Editor for short.
+std::string_view shortId(std::string_view id) {
+  return id.substr(id.rfind('.') + 1);
+}
+
+/// The id of a file in a sub-folder has a dash for each slash.
+std::string idOf(std::string relativePath) {
+  relativePath.resize(relativePath.size() - fileEnding.size());
+  std::replace(relativePath.begin(), relativePath.end(), '/', '-');
+  return relativePath;
+}
+
+bool isNamedAfter(const DesktopEntry& entry, std::string_view program) {
+  return equalApartFromCase(entry.id, program) || equalApartFromCase(shortId(entry.id), program) ||
+         equalApartFromCase(entry.windowClass, program);
+}
+
+/// How well an entry fits a program at `path` with these arguments; 0 for not at all.
+int fit(const DesktopEntry& entry, std::string_view path,
+        const std::vector<std::string>& arguments) {
+  if (path.empty() || entry.program.empty()) return 0;
+  const bool samePath = path == entry.program || path == entry.resolvedProgram;
+  const bool sameName = fileName(path) == fileName(entry.program);
+  const bool named = isNamedAfter(entry, fileName(path)) && (samePath || sameName);
+  const bool argumentsGiven =
+      std::all_of(entry.arguments.begin(), entry.arguments.end(), [&](const std::string& argument) {
+        return std::find(arguments.begin(), arguments.end(), argument) != arguments.end();
+      });
+  if (!named && !(samePath && argumentsGiven)) return 0;
+  const int given =
+      argumentsGiven ? static_cast<int>(std::min<std::size_t>(entry.arguments.size(), 7)) : 0;
+  return (named ? 64 : 0) + given * 4 + (samePath ? 2 : 0) + (entry.visible ? 1 : 0) + 1;
+}
+
+/// The entry that `score` likes best; null when all are 0.
+template <typename Score>
+DesktopEntries::Entry best(const std::vector<DesktopEntries::Entry>& entries, Score score) {
+  DesktopEntries::Entry found;
+  int highest = 0;
+  for (const auto& entry : entries) {
+    const int value = score(*entry);
+    if (value > highest) {
+      highest = value;
+      found = entry;
+    }
+  }
+  return found;
+}
+
+}  // namespace
+
+DesktopEntries::DesktopEntries(std::vector<std::string> directories)
+    : directories_(std::move(directories)) {}
+
+std::vector<std::string> DesktopEntries::standardDirectories() {
+  std::vector<std::string> directories{std::string(g_get_user_data_dir()) + "/applications"};
+  for (const char* const* data = g_get_system_data_dirs(); *data != nullptr; ++data) {
+    directories.push_back(std::string(*data) + "/applications");
+  }
+  return directories;
+}
+
+bool DesktopEntries::refresh() {
+  if (wasRead_ && !foldersChanged()) return false;
+  wasRead_ = true;
+  entries_.clear();
+  folders_.clear();
+  // An entry of a more important folder hides its namesakes, even when it only says "deleted".
+  std::set<std::string> ids;
+  for (const auto& directory : directories_) readDirectory(directory, ids);
+  // Reading takes far more memory than the index keeps.
+  ::malloc_trim(0);
+  return true;
+}
+
+bool DesktopEntries::foldersChanged() const {
+  return std::any_of(folders_.begin(), folders_.end(), [](const Folder& folder) {
+    const timespec now = modificationTime(folder.path);
+    return now.tv_sec != folder.modified.tv_sec || now.tv_nsec != folder.modified.tv_nsec;
+  });
+}
+
+void DesktopEntries::readDirectory(const std::string& directory, std::set<std::string>& ids) {
+  folders_.push_back({directory, modificationTime(directory)});
+  std::error_code error;
+  auto file = fs::recursive_directory_iterator(directory,
+                                               fs::directory_options::follow_directory_symlink |
+                                                   fs::directory_options::skip_permission_denied,
+                                               error);
+  for (; !error && file != fs::recursive_directory_iterator(); file.increment(error)) {
+    const std::string path = file->path().string();
+    std::error_code unknown;
+    if (file->is_directory(unknown)) {
+      if (file.depth() > 4) file.disable_recursion_pending();
+      folders_.push_back({path, modificationTime(path)});
+    } else if (path.ends_with(fileEnding)) {
+      const std::string id = idOf(path.substr(directory.size() + 1));
+      if (!ids.insert(id).second) continue;
+      if (auto entry = readDesktopEntry(path, id)) entries_.push_back(std::move(entry));
+    }
+  }
+}
+
+DesktopEntries::Entry DesktopEntries::byId(std::string_view id) const {
+  if (id.empty()) return {};
+  return best(entries_, [&](const DesktopEntry& entry) {
+    return entry.id == id ? 2 : equalApartFromCase(entry.id, id) ? 1 : 0;
+  });
+}
+
+DesktopEntries::Entry DesktopEntries::byFile(std::string_view path) const {
+  constexpr std::string_view folder = "/applications/";
+  if (!path.ends_with(fileEnding)) return {};
+  const std::size_t start = path.rfind(folder);
+  const std::string_view relative =
+      start == std::string_view::npos ? fileName(path) : path.substr(start + folder.size());
+  return byId(idOf(std::string(relative)));
+}
+
+DesktopEntries::Entry DesktopEntries::byWindowClass(std::string_view instance,
+                                                    std::string_view className) const {
+  return best(entries_, [&](const DesktopEntry& entry) {
+    const int visible = entry.visible ? 1 : 0;
+    const auto fits = [&](std::string_view text) {
+      if (text.empty()) return 0;
+      return equalApartFromCase(text, className) ? 2 : equalApartFromCase(text, instance) ? 1 : 0;
+    };
+    if (const int byClass = fits(entry.windowClass)) return 40 + byClass * 2 + visible;
+    if (const int byWholeId = fits(entry.id)) return 20 + byWholeId * 2 + visible;
+    const int byShortId = fits(shortId(entry.id));
+    return byShortId == 0 ? 0 : byShortId * 2 + visible;
+  });
+}
+
+DesktopEntries::Entry DesktopEntries::byCommand(const ProcessCommand& command,
+                                                const std::vector<std::string>& arguments) const {
+  // A start script may hand its own name on to the program.
+  const std::string_view invoked = command.role == ProcessRole::program && !command.path.empty() &&
+                                           !arguments.empty() &&
+                                           arguments.front().find('/') != std::string::npos
+                                       ? std::string_view(arguments.front())
+                                       : std::string_view{};
+  return best(entries_, [&](const DesktopEntry& entry) {
+    return std::max(fit(entry, command.path, arguments), fit(entry, invoked, arguments));
+  });
+}
+
+}  // namespace orvane

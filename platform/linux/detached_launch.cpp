@@ -1,0 +1,64 @@
+#include "platform/linux/detached_launch.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+
+namespace orvane {
+
+namespace {
+
+// What runs in the child between fork and exec makes system calls only: other threads may have
+// held any lock at the moment of the fork.
+
+void restoreSignals() {
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  struct sigaction standard {};
+  standard.sa_handler = SIG_DFL;
+  for (int number = 1; number < NSIG; ++number) sigaction(number, &standard, nullptr);
+}
+
+void restoreOpenFilesLimit(rlim_t openFiles) {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+  limit.rlim_cur = std::min(openFiles, limit.rlim_max);
+  setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+void silenceStandardStreams() {
+  const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nothing, stream);
+}
+
+[[noreturn]] void becomeProgram(char* const* arguments, rlim_t openFiles) {
+  setsid();
+  // The program's parent ends at once, so that nobody here has to wait for the program.
+  if (_Fork() != 0) _exit(0);
+  restoreSignals();
+  silenceStandardStreams();
+  restoreOpenFilesLimit(openFiles);
+  execv(arguments[0], arguments);
+  _exit(127);
+}
+
+}  // namespace
+
+bool launchDetached(std::vector<std::string> command, rlim_t openFiles) {
+  std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
+  for (std::string& argument : command) arguments.push_back(argument.data());
+  arguments.push_back(nullptr);
+  const pid_t child = _Fork();
+  if (child == 0) becomeProgram(arguments.data(), openFiles);
+  if (child < 0) return false;
+  while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
+  return true;
+}
+
+}  // namespace orvane

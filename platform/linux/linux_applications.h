@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/linux/application_grouping.h"
+#include "platform/linux/desktop_entries.h"
+#include "platform/linux/evidence_reader.h"
+#include "platform/linux/process_table.h"
+#include "platform/linux/x11_windows.h"
+#include "platform/running_applications.h"
+#include "platform/task_inspector.h"
+
+namespace orvane {
+
+/// The user's running applications, each a group of processes, and what they use.
+///
+/// Everything is read at the first list and only what changed after that; in between each process
+/// costs two reads. An application's resident size is its leader's plus what each other process
+/// doesn't share (/proc/PID/statm: resident - shared); threads (/proc/PID/stat: num_threads) are
+/// summed; the virtual size (/proc/PID/stat: vsize) is the leader's.
+class LinuxApplications : public RunningApplications, public TaskInspector {
+ public:
+  struct Options {
+    std::string display;                              ///< X11 display, empty for none
+    std::vector<std::string> applicationDirectories;  ///< folders of desktop entries
+    std::size_t descriptorLimit = 0;                  ///< how many this process may have open
+  };
+
+  explicit LinuxApplications(Options options);
+
+  /// What a desktop session has: $DISPLAY and the standard folders.
+  [[nodiscard]] static Options desktopOptions(std::size_t descriptorLimit);
+
+  [[nodiscard]] std::vector<RunningApplication> runningApplications() override;
+  [[nodiscard]] std::optional<TaskFigures> taskFigures(std::int32_t pid) override;
+  [[nodiscard]] std::optional<std::string> executablePath(std::int32_t pid) override;
+
+ private:
+  struct Application {
+    RunningApplication record;
+    const Process* leader = nullptr;
+    std::vector<const Process*> others;
+  };
+  /// A process' own evidence together with its window's.
+  struct Candidate {
+    const Process* process = nullptr;
+    const X11Window* window = nullptr;
+    DesktopEntries::Entry entry;
+    EntrySource source = EntrySource::none;
+  };
+  struct KnownHandle {
+    std::uint64_t startTime = 0;
+    std::shared_ptr<const ProcessHandle> handle;
+  };
+
+  bool gatherEvidence();
+  void group();
+  [[nodiscard]] std::vector<Candidate> candidates(const std::vector<X11Window>& windows);
+  void useWindow(Candidate& candidate, const X11Window& window) const;
+  [[nodiscard]] static GroupedProcess groupedProcess(const Candidate& candidate);
+  [[nodiscard]] static Application makeApplication(const std::vector<Candidate>& candidates,
+                                                   const ApplicationGroup& group);
+  void openHandles();
+
+  ProcessTable table_;
+  DesktopEntries entries_;
+  EvidenceReader reader_;
+  X11Windows windows_;
+  std::vector<Application> applications_;
+  std::map<std::int32_t, std::size_t> byLeader_;
+  std::map<std::int32_t, KnownHandle> handles_;
+};
+
+}  // namespace orvane

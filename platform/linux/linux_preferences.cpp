@@ -1,0 +1,86 @@
+#include "platform/linux/linux_preferences.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QSettings>
+#include <QtCore/QStandardPaths>
+
+namespace orvane {
+namespace {
+
+QString keyText(std::string_view key) {
+  return QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
+}
+
+}  // namespace
+
+class LinuxPreferences::File {
+ public:
+  explicit File(const QString& path) : path_(path), settings_(path, QSettings::IniFormat) {
+    settings_.setAtomicSyncRequired(true);
+    settings_.allKeys();  // nothing is parsed, and no error found, before it is asked for
+    isValid_ = settings_.status() == QSettings::NoError && !hasNulBytes();
+  }
+
+  /// The text stored under `key`; none also for lists and other forms a hand may have written.
+  [[nodiscard]] std::optional<QString> value(std::string_view key) const {
+    const QVariant stored = settings_.value(keyText(key));
+    if (stored.typeId() != QMetaType::QString) return std::nullopt;
+    return stored.toString();
+  }
+
+  void setValue(std::string_view key, const QString& value) {
+    settings_.setValue(keyText(key), value);
+    if (!isValid_ && !keepCopy()) return;
+    isValid_ = true;
+    settings_.sync();
+  }
+
+ private:
+  [[nodiscard]] bool hasNulBytes() const {
+    QFile file(path_);
+    return file.open(QIODevice::ReadOnly) && file.readAll().contains('\0');
+  }
+
+  [[nodiscard]] bool keepCopy() const {
+    const QString copy = path_ + QStringLiteral(".corrupt");
+    QFile::remove(copy);
+    return QFile::copy(path_, copy);
+  }
+
+  QString path_;
+  QSettings settings_;
+  bool isValid_ = true;
+};
+
+LinuxPreferences::LinuxPreferences(const std::string& path)
+    : file_(std::make_unique<File>(QString::fromStdString(path))) {}
+
+LinuxPreferences::~LinuxPreferences() = default;
+
+std::string LinuxPreferences::defaultPath() {
+  return (QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+          QStringLiteral("/orvane/orvane.conf"))
+      .toStdString();
+}
+
+std::optional<std::string> LinuxPreferences::text(std::string_view key) const {
+  const auto value = file_->value(key);
+  return value ? std::optional(value->toStdString()) : std::nullopt;
+}
+
+void LinuxPreferences::setText(std::string_view key, std::string_view value) {
+  file_->setValue(key, keyText(value));
+}
+
+std::optional<bool> LinuxPreferences::boolean(std::string_view key) const {
+  const auto value = file_->value(key);
+  if (value == QStringLiteral("true")) return true;
+  if (value == QStringLiteral("false")) return false;
+  return std::nullopt;
+}
+
+void LinuxPreferences::setBoolean(std::string_view key, bool value) {
+  file_->setValue(key, value ? QStringLiteral("true") : QStringLiteral("false"));
+}
+
+}  // namespace orvane

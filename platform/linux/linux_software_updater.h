@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QObject>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/linux/feed_download.h"
+#include "platform/software_updater.h"
+
+namespace orvane {
+
+/// What is set for this build.
+struct UpdateSettings {
+  std::string feedUrl;         ///< empty: updates come from the system's package manager
+  std::string runningVersion;  ///< as in the feed, for example 1.4.2
+};
+
+/// What a feed means for the running version. `UpdateNotNeeded` names the running version, also
+/// when it is newer than everything in the feed.
+[[nodiscard]] UpdateResult judgeFeed(const QByteArray& document, const std::string& runningVersion);
+
+/// Looks into the update feed (see appcast.h), at the user's request only. Between checks it holds
+/// no network machinery.
+class LinuxSoftwareUpdater : public SoftwareUpdater {
+ public:
+  explicit LinuxSoftwareUpdater(UpdateSettings settings, const DownloadLimits& limits = {});
+  ~LinuxSoftwareUpdater() override;
+
+  void checkForUpdates(std::function<void(const UpdateResult&)> handler) override;
+  void cancel() override;
+
+ private:
+  void finish(const UpdateResult& result);
+
+  UpdateSettings settings_;
+  DownloadLimits limits_;
+  std::function<void(const UpdateResult&)> handler_;
+  std::unique_ptr<QObject> check_;  // the running check; its end ends everything it started
+};
+
+}  // namespace orvane

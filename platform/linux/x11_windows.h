@@ -1,0 +1,102 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct xcb_connection_t;
+
+namespace orvane {
+
+/// An ordinary window of the desktop: no panel, no desktop background.
+struct X11Window {
+  std::int32_t pid = 0;
+  std::string instance;       ///< WM_CLASS, first part
+  std::string className;      ///< WM_CLASS, second part
+  std::string applicationId;  ///< _GTK_APPLICATION_ID: names the desktop entry; often empty
+
+  bool operator==(const X11Window&) const = default;
+};
+
+/// The windows that the window manager of an X11 display lists.
+///
+/// The server is asked anew only when it announced a change; otherwise `update` costs no round
+/// trip. Programs may describe a window shortly after it was shown, so it is asked about
+/// three times. A server that answers late is not waited for: the answer is taken the next time.
+/// Without a display, and after losing it, there are no windows. Threads: one at a time.
+class X11Windows {
+ public:
+  /// `display` as in DISPLAY; empty for none. Connects at the first `update`.
+  explicit X11Windows(std::string display);
+  ~X11Windows();
+  X11Windows(const X11Windows&) = delete;
+  X11Windows& operator=(const X11Windows&) = delete;
+
+  /// Takes what is new; true when the ordinary windows changed.
+  bool update();
+
+  /// The ordinary windows, oldest first.
+  [[nodiscard]] std::vector<X11Window> windows() const;
+
+ private:
+  enum Atom { clientList, processId, applicationId, windowType, dockType, desktopType, atomCount };
+  enum Property {
+    pidProperty,
+    classProperty,
+    idProperty,
+    typeProperty,
+    hostProperty,
+    allProperties
+  };
+  struct Disconnect {
+    void operator()(xcb_connection_t* connection) const;
+  };
+  struct Description {
+    X11Window window;
+    bool ordinary = true;
+
+    bool operator==(const Description&) const = default;
+  };
+  struct ListedWindow {
+    std::optional<Description> known;
+    Description incoming;
+    std::array<unsigned, allProperties> requests{};
+    int answered = allProperties;  ///< how many of the requests
+    int readings = 0;              ///< how often everything was asked
+
+    [[nodiscard]] bool isWaiting() const { return answered < allProperties; }
+  };
+  struct Answer;
+
+  void connect();
+  void internAtoms();
+  bool disconnect();
+  void takeEvents();
+  [[nodiscard]] bool takeAnswers();
+  [[nodiscard]] bool isWaiting() const;
+  [[nodiscard]] bool waitUntil(std::chrono::steady_clock::time_point deadline) const;
+  [[nodiscard]] std::optional<Answer> answerTo(unsigned request) const;
+  void requestYoungOnes();
+  void requestList();
+  [[nodiscard]] bool takeList(const Answer& list);
+  void requestProperties(std::uint32_t id, ListedWindow& listed);
+  [[nodiscard]] bool takeProperties(ListedWindow& listed) const;
+  void takeProperty(Description& description, Property property, const Answer& answer) const;
+
+  std::string display_;
+  std::string hostName_;
+  std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+  std::uint32_t root_ = 0;
+  std::array<std::uint32_t, atomCount> atoms_{};
+  bool listIsStale_ = true;
+  std::optional<unsigned> listRequest_;
+  std::map<std::uint32_t, ListedWindow> listed_;
+  std::vector<std::uint32_t> order_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,89 @@
+#include <QColor>
+#include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+
+#include "preview/preview_stage.h"
+#include "preview/scenario.h"
+
+namespace {
+
+using orvane::preview::PreviewStage;
+using orvane::preview::Scenario;
+
+int listScenarios() {
+  for (const Scenario& scenario : orvane::preview::scenarios()) {
+    std::printf("%-20.*s %.*s\n", static_cast<int>(scenario.name.size()), scenario.name.data(),
+                static_cast<int>(scenario.description.size()), scenario.description.data());
+  }
+  return 0;
+}
+
+int fail(const QString& message) {
+  std::fprintf(stderr, "%s\n", qPrintable(message));
+  return 1;
+}
+
+/// Options that Qt reads from the environment before the application exists.
+void prepareEnvironment(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const QByteArray argument(argv[i]);
+    if (argument.startsWith("--shot") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+      qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    if (argument == "--scale" && i + 1 < argc) qputenv("QT_SCALE_FACTOR", argv[i + 1]);
+    if (argument.startsWith("--scale=")) qputenv("QT_SCALE_FACTOR", argument.mid(8));
+  }
+}
+
+/// What lies behind windows with round corners in a picture.
+const QColor deskColor(0x8F, 0xA3, 0xB8);
+
+int shoot(PreviewStage& stage, const Scenario& scenario, const QString& file) {
+  int result = 1;
+  stage.pictured()->setColor(deskColor);
+  QTimer::singleShot(scenario.settleMilliseconds, stage.window(), [&] {
+    const bool saved = stage.pictured()->grabWindow().save(file);
+    result = saved ? 0 : fail(QStringLiteral("Can't write %1").arg(file));
+    QCoreApplication::quit();
+  });
+  QCoreApplication::exec();
+  return result;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prepareEnvironment(argc, argv);
+  const QGuiApplication application(argc, argv);
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Shows the real views on scripted services."));
+  parser.addHelpOption();
+  parser.addPositionalArgument(QStringLiteral("scenario"), QStringLiteral("what to show"));
+  parser.addOptions(
+      {{QStringLiteral("list"), QStringLiteral("List the scenarios.")},
+       {QStringLiteral("dark"), QStringLiteral("Dark colours.")},
+       {QStringLiteral("square"), QStringLiteral("Windows with square corners.")},
+       {QStringLiteral("scale"), QStringLiteral("Scale factor."), QStringLiteral("factor")},
+       {QStringLiteral("shot"), QStringLiteral("Write a picture and end."),
+        QStringLiteral("file")}});
+  parser.process(application);
+  if (parser.isSet(QStringLiteral("list"))) return listScenarios();
+
+  const QString name = parser.positionalArguments().value(0);
+  const auto all = orvane::preview::scenarios();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const Scenario& scenario) {
+    return name == QLatin1String(scenario.name.data(), static_cast<int>(scenario.name.size()));
+  });
+  if (found == all.end()) return fail(QStringLiteral("No such scenario; --list names them."));
+
+  PreviewStage stage;
+  const bool dark = parser.isSet(QStringLiteral("dark"));
+  stage.setColors(dark ? orvane::ColorScheme::dark : orvane::ColorScheme::light,
+                  !parser.isSet(QStringLiteral("square")));
+  found->run(stage);
+  if (!parser.isSet(QStringLiteral("shot"))) return QGuiApplication::exec();
+  return shoot(stage, *found, parser.value(QStringLiteral("shot")));
+}

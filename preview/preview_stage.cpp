@@ -1,0 +1,79 @@
+#include "preview/preview_stage.h"
+
+#include <QQuickItem>
+#include <QtGlobal>
+#include <cmath>
+
+namespace orvane::preview {
+
+PreviewStage::PreviewStage() {
+  setMemory({});
+}
+
+void PreviewStage::setMemory(const MachineMemory& memory) {
+  // 4 kB pages: a 16 GB machine has 4 million of them, so one page is far below 0.01 %.
+  services_.counters.bytesPerPage = 4096;
+  const auto pages = [](double gigabytes) {
+    return static_cast<std::uint32_t>(std::llround(gigabytes * gibibyte / 4096));
+  };
+  services_.counters.counts = PageCounts{.free = pages(memory.free),
+                                         .active = pages(memory.active),
+                                         .inactive = pages(memory.inactive),
+                                         .wired = pages(memory.wired),
+                                         .compressed = pages(memory.compressed)};
+}
+
+void PreviewStage::setUsage(double percent) {
+  const double used = 16 * percent / 100;
+  setMemory({.free = (16 - used) * 0.4,
+             .active = used * 0.7,
+             .inactive = (16 - used) * 0.6,
+             .wired = used * 0.3,
+             .compressed = 1.2});
+}
+
+const std::shared_ptr<MemoryManager>& PreviewStage::manager() {
+  if (!manager_) manager_ = MemoryManager::create(services_.services());
+  return manager_;
+}
+
+Views& PreviewStage::views() {
+  if (views_) return *views_;
+  views_ = std::make_unique<Views>(manager());
+  views_->setColorScheme(scheme_);
+  views_->setTranslucentWindows(roundWindows_);
+  return *views_;
+}
+
+void PreviewStage::startBoost() {
+  // The virtual clock stands still, so the background work stays pending.
+  manager()->boostMemory();
+}
+
+PopoverClosures PreviewStage::popoverClosures() {
+  return {.isMainWindowVisible = [this] { return mainWindowVisible; },
+          .setMainWindowVisible = [this](bool visible) { mainWindowVisible = visible; },
+          .onBoost = [this] { startBoost(); },
+          .onCheckUpdates = [] {},
+          .onQuit = [] {},
+          .launchAtLogin = [this] { return launchAtLogin; },
+          .setLaunchAtLogin = [this](bool launch) { launchAtLogin = launch; }};
+}
+
+QQuickView& PreviewStage::showPopover() {
+  return show(views().makePopoverView(popoverClosures()));
+}
+
+QQuickView& PreviewStage::show(std::unique_ptr<QQuickView> window) {
+  window_ = std::move(window);
+  window_->show();
+  return *window_;
+}
+
+QQuickItem& PreviewStage::item(const char* name) const {
+  auto* found = window_->rootObject()->findChild<QQuickItem*>(QLatin1String(name));
+  if (found == nullptr) qFatal("the view has no item named %s", name);
+  return *found;
+}
+
+}  // namespace orvane::preview

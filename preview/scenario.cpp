@@ -1,0 +1,16 @@
+#include "preview/scenario.h"
+
+namespace orvane::preview {
+
+std::vector<Scenario> scenarios() {
+  std::vector<Scenario> all;
+  const auto add = [&all](const std::vector<Scenario>& some) {
+    all.insert(all.end(), some.begin(), some.end());
+  };
+  add(popoverScenarios());
+  add(mainWindowScenarios());
+  add(processScenarios());
+  return all;
+}
+
+}  // namespace orvane::preview

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace orvane::preview {
+
+class PreviewStage;
+
+/// One situation to look at.
+struct Scenario {
+  std::string_view name;
+  std::string_view description;
+  void (*run)(PreviewStage&);    ///< sets the stage up and shows its window
+  int settleMilliseconds = 100;  ///< until its animations have come to rest
+};
+
+/// Each subject's scenarios, in scenarios/.
+[[nodiscard]] std::vector<Scenario> popoverScenarios();
+[[nodiscard]] std::vector<Scenario> mainWindowScenarios();
+[[nodiscard]] std::vector<Scenario> processScenarios();
+
+/// All of them.
+[[nodiscard]] std::vector<Scenario> scenarios();
+
+}  // namespace orvane::preview

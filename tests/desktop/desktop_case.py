@@ -1,0 +1,66 @@
+"""What the tests of the running program share: one virtual desktop a file, pictures on the way."""
+
+import os
+import pathlib
+import sys
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT))
+from tools.desktop.orvane import Orvane  # noqa: E402
+from tools.desktop.pointer import Pointer  # noqa: E402
+from tools.desktop.processes import wait_for  # noqa: E402
+from tools.desktop.session import Session  # noqa: E402
+from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
+
+PROGRAM = pathlib.Path(os.environ.get("ORVANE_PROGRAM", ROOT / "build/release/orvane"))
+PICTURES = pathlib.Path(os.environ.get("ORVANE_PICTURES", ROOT / "build/test-screenshots"))
+
+
+class DesktopCase(unittest.TestCase):
+    """A test case on a whole desktop; a subclass may leave parts out."""
+
+    panel = notifications = True
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = VirtualDesktop()
+        cls.addClassCleanup(cls.desktop.close)
+        os.environ.update(cls.desktop.environment)
+        cls.session = Session(cls.desktop.bus_address)
+        cls.addClassCleanup(cls.session.close)
+        cls.pointer = Pointer(cls.desktop.environment["DISPLAY"])
+        cls.desktop.start_window_manager()
+        if cls.notifications:
+            cls.desktop.start_notifications()
+            wait_for("notification daemon", 10,
+                     lambda: cls.session.has_owner("org.freedesktop.Notifications"))
+        if cls.panel:
+            cls.start_panel()
+
+    @classmethod
+    def start_panel(cls):
+        cls.desktop.start_panel()
+        wait_for("panel", 15, lambda: cls.session.has_owner("org.kde.StatusNotifierWatcher"))
+
+    def tearDown(self):
+        self.picture("end")
+
+    def start_orvane(self, **options):
+        """The program, ended after the test."""
+        orvane = Orvane(self.desktop, PROGRAM, self.session, **options)
+        self.addCleanup(orvane.stop)
+        return orvane
+
+    def picture(self, name):
+        """Keeps a picture of the desktop with the test run."""
+        test = self.id().rpartition(".")[2].removeprefix("test_")
+        self.desktop.screen.save(PICTURES / f"{type(self).__name__}-{test}-{name}.png")
+
+    def wait_for(self, what, seconds, check):
+        """Polls until `check()` gives something true, and gives that."""
+        return wait_for(what, seconds, check)
+
+
+if __name__ == "__main__":
+    sys.exit("run the test_*.py files")

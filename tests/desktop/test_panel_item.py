@@ -1,0 +1,67 @@
+"""The item in a real panel: when it comes, what it says, and panels that come and go."""
+
+import os
+import signal
+import subprocess
+import time
+import unittest
+
+from desktop_case import DesktopCase
+
+FILLED = 2 * 1024 ** 3
+
+
+def used_percent():
+    """Used memory in percent, as `free` says now."""
+    figures = subprocess.run(["free", "--bytes"], capture_output=True, text=True,
+                             check=True).stdout.splitlines()[1].split()
+    total, available = int(figures[1]), int(figures[6])
+    return (total - available) * 100 / total
+
+
+class PanelItem(DesktopCase):
+    def agrees(self, orvane):
+        figure = orvane.item().percentage()
+        # The figure is cut to whole percents: 57.9 is 57.
+        return figure is not None and -1 <= used_percent() - figure <= 2 and [figure]
+
+    def test_shows_what_free_shows_and_follows(self):
+        started = time.monotonic()
+        orvane = self.start_orvane()
+        item = orvane.wait_for_item(2)
+        self.wait_for("figure that agrees with free", 2 - (time.monotonic() - started),
+                      lambda: self.agrees(orvane))
+        self.assertRegex(item.label(), r"^ \d+%$")
+        self.assertIn(item.label().strip(), str(item.get("ToolTip")))
+        self.assertIn(item.label().strip(), item.get("Title"))
+        before = used_percent()
+
+        filler = subprocess.Popen(["/usr/bin/python3", "-c",
+                                   f"kept = b'x' * {FILLED}; print(flush=True); input()"],
+                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.addCleanup(filler.wait)
+        self.addCleanup(filler.kill)
+        filler.stdout.readline()
+        share = FILLED * 100 / (os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE"))
+        self.wait_for("risen figure", 15, lambda: used_percent() > before + share / 2
+                      and item.percentage() > before + share / 2 and self.agrees(orvane))
+        self.picture("filled")
+        filler.communicate(b"\n")
+        self.wait_for("fallen figure", 15, lambda: item.percentage() < before + share / 2
+                      and self.agrees(orvane))
+        self.assertEqual(orvane.lines(), [])
+
+    def test_survives_panels_that_die_and_return(self):
+        orvane = self.start_orvane()
+        orvane.wait_for_item()
+        for end_signal in (signal.SIGKILL, signal.SIGTERM):
+            self.desktop.stop("panel", end_signal)
+            self.wait_for("panel gone", 5, lambda: orvane.item() is None)
+            self.start_panel()
+            orvane.wait_for_item(10)
+        self.assertTrue(orvane.is_running())
+        self.assertEqual(orvane.lines(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,95 @@
+"""The popover of the running program, by mouse, by keyboard and through assistive technology."""
+
+import unittest
+
+from popover_case import PopoverCase
+
+ROWS = ("Free", "Active", "Inactive", "Wired", "Compressed")
+
+
+class Popover(PopoverCase):
+    def test_by_mouse(self):
+        self.open_popover()
+        self.picture("open")
+        x, y, width, height = self.popover()
+        self.assertEqual(width, 300)
+        self.assertLessEqual(height, 400)
+        self.assertTrue(0 <= x <= self.desktop.screen.width - width, x)
+        self.assertTrue(28 <= y <= 60, y)
+
+        self.click("Show Details")
+        for row in ROWS:
+            self.wait_for_control(row)
+        self.middle("Hide Details")
+        self.picture("details")
+        self.assertGreater(self.popover()[3], height)
+
+        self.click("Boost Memory")
+        self.wait_for_control("Boosting...", 2)
+        self.picture("boosting")
+        self.wait_for_control("Boost Memory", 10)
+        self.click("Hide Details")
+        self.wait_until_gone("Free")
+
+        self.pointer.click(200, 700)
+        self.wait_until_gone(self.CONTROL)
+        # The item's click opens and closes, and each opening starts with the details hidden.
+        self.open_popover()
+        self.wait_for_control("Show Details")
+        self.pointer.click(*self.item_point)
+        self.wait_until_gone(self.CONTROL)
+
+    def test_by_keyboard(self):
+        self.open_popover()
+        self.focus("Show Details")
+        self.pointer.key("space")
+        self.wait_for_control("Compressed")
+        self.picture("details")
+        self.focus("Boost Memory")
+        self.picture("focus")
+        self.pointer.key("Return")
+        self.wait_for_control("Boosting...", 2)
+        self.wait_for_control("Boost Memory", 10)
+        self.pointer.key("Escape")
+        self.wait_until_gone(self.CONTROL)
+
+    def test_by_assistive_technology(self):
+        self.orvane.item().activate()
+        self.press("Show Details")
+        self.wait_for_control("Wired")
+        self.press("Boost Memory")
+        self.wait_for_control("Boosting...", 2)
+        self.wait_for_control("Boost Memory", 10)
+        self.press("Hide Details")
+        self.wait_until_gone("Wired")
+        self.assertEqual([line for line in self.orvane.lines()
+                          if not line.startswith("Notification sent successfully: Boost Complete!")], [])
+
+    def popover(self):
+        """The popover's window: (x, y, width, height)."""
+        return next(self.seen.rectangle(node) for node in self.seen.everything(self.orvane.pid)
+                    if node.get_role_name() in ("window", "frame")
+                    and self.seen.has_state(node, "showing"))
+
+    def focus(self, name):
+        """Moves the focus there with Tab."""
+        for _ in range(8):
+            node = self.wait_for_control(name)
+            if self.seen.has_state(node, "focused"):
+                return
+            self.pointer.key("Tab")
+            self.settle()
+        self.fail(f"Tab never reached {name!r}")
+
+    def settle(self):
+        """Waits until the focus was announced: the screen shows another picture or stays the same
+        for a moment."""
+        before = self.desktop.screen.everything()
+        try:
+            self.wait_for("change", 0.3, lambda: self.desktop.screen.everything() != before)
+        except TimeoutError:
+            pass
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QSignalSpy>
+
+#include "tests/fakes/fake_services.h"
+#include "ui/model/memory_model.h"
+
+namespace orvane {
+namespace {
+
+class MemoryModelTest : public testing::Test {
+ protected:
+  void refreshList() {
+    manager_->updateTopProcesses();
+    QCoreApplication::processEvents();
+  }
+  [[nodiscard]] QVariant cell(int row, ProcessListModel::Role role) {
+    return list_.data(list_.index(row), role);
+  }
+
+  fakes::FakeServices services_;
+  std::shared_ptr<MemoryManager> manager_ = MemoryManager::create(services_.services());
+  MemoryModel model_{manager_};
+  ProcessListModel& list_ = *model_.processes();
+};
+
+TEST_F(MemoryModelTest, ManyChangesOfOneTurnAreReadOnceAndAfterTheyHappened) {
+  QSignalSpy spy(&model_, &MemoryModel::changed);
+  double seen = -1;
+  QObject::connect(&model_, &MemoryModel::changed, [&] { seen = model_.usagePercentage(); });
+  services_.counters.setUsage(10);
+  manager_->updateMemoryStats();
+  services_.counters.setUsage(60);
+  manager_->updateMemoryStats();
+  manager_->updateTopProcesses();
+  EXPECT_EQ(spy.count(), 0);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(spy.count(), 1);
+  EXPECT_DOUBLE_EQ(seen, 60);
+  EXPECT_EQ(model_.usageHistory().size(), 3);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(spy.count(), 1);
+}
+
+TEST_F(MemoryModelTest, WithoutASampleOrMemoryFiguresAreZero) {
+  services_.counters.counts = PageCounts{};
+  manager_->updateMemoryStats();
+  EXPECT_TRUE(model_.hasSample());
+  EXPECT_EQ(model_.usagePercentage(), 0) << "no memory at all";
+  EXPECT_EQ(model_.wholePercentText(), QStringLiteral("0%"));
+  services_.counters.counts.reset();
+  manager_->updateMemoryStats();
+  EXPECT_FALSE(model_.hasSample());
+  EXPECT_EQ(model_.totalBytes(), 0);
+  EXPECT_EQ(model_.topConsumersText(), QString());
+}
+
+TEST_F(MemoryModelTest, RowsFollowTheirProcess) {
+  constexpr std::uint64_t mb = 1U << 20U;
+  services_.applications.add(1, "One", 500 * mb);
+  services_.applications.add(2, "Two", 300 * mb);
+  services_.applications.add(3, "Three", 200 * mb);
+  refreshList();
+  ASSERT_EQ(list_.count(), 3);
+  const QPersistentModelIndex second = list_.index(1);
+
+  QSignalSpy resets(&list_, &ProcessListModel::modelReset);
+  services_.applications.setResident(2, 501 * mb);
+  services_.applications.remove(3);
+  services_.applications.add(4, "Four", 50 * mb);
+  refreshList();
+  EXPECT_EQ(resets.count(), 0);
+  EXPECT_EQ(second.row(), 0) << "the row of Two moved to the top with it";
+  EXPECT_EQ(cell(0, ProcessListModel::nameRole), QStringLiteral("Two"));
+  EXPECT_EQ(cell(0, ProcessListModel::memoryTextRole), QStringLiteral("501 MB"));
+  EXPECT_TRUE(cell(0, ProcessListModel::isLargeRole).toBool());
+  EXPECT_EQ(cell(1, ProcessListModel::pidRole), 1);
+  EXPECT_FALSE(cell(1, ProcessListModel::isLargeRole).toBool()) << "500 itself isn't large";
+  EXPECT_EQ(cell(2, ProcessListModel::nameRole), QStringLiteral("Four"));
+  EXPECT_EQ(cell(2, ProcessListModel::iconSourceRole), QString());
+
+  services_.applications.applications.clear();
+  refreshList();
+  EXPECT_EQ(list_.count(), 0);
+}
+
+TEST_F(MemoryModelTest, SelectionIsTheRecordNotTheProcess) {
+  services_.applications.add(1, "One", 500U << 20U);
+  refreshList();
+  const ProcessRecord record = list_.record(0);
+  model_.setSelection(record);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(cell(0, ProcessListModel::isSelectedRole).toBool());
+  EXPECT_EQ(model_.selection().name(), QStringLiteral("One"));
+  refreshList();
+  EXPECT_FALSE(cell(0, ProcessListModel::isSelectedRole).toBool()) << "a new record";
+  EXPECT_TRUE(model_.hasSelection());
+  EXPECT_EQ(list_.rowOf(record), -1);
+  model_.killProcess(record);
+  model_.killProcess({});
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(model_.hasSelection());
+  EXPECT_FALSE(list_.record(7).isValid());
+}
+
+}  // namespace
+}  // namespace orvane

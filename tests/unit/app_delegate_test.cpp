@@ -1,0 +1,416 @@
+#include "app/app_delegate.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/fakes/fake_login_item.h"
+#include "tests/fakes/fake_services.h"
+#include "tests/fakes/fake_software_updater.h"
+#include "tests/fakes/fake_status_bar.h"
+#include "tests/fakes/recording_desktop_opener.h"
+
+namespace orvane {
+namespace {
+
+using testing::ElementsAre;
+
+using Journal = std::vector<std::string>;
+
+class RecordingApplication : public Application {
+ public:
+  explicit RecordingApplication(Journal& journal) : journal_(journal) {}
+  void setActivationPolicy(ActivationPolicy policy) override {
+    journal_.emplace_back(policy == ActivationPolicy::regular ? "regular" : "accessory");
+  }
+  void activate() override { journal_.emplace_back("activate"); }
+  void terminate() override { journal_.emplace_back("terminate"); }
+
+ private:
+  Journal& journal_;
+};
+
+/// Windows that write down what is done to them.
+class FakeWindows : public WindowFactory {
+ public:
+  explicit FakeWindows(Journal& journal) : journal_(journal) {}
+
+  std::unique_ptr<Popover> makePopover(const std::shared_ptr<MemoryManager>& /*manager*/) override {
+    return std::make_unique<FakePopover>(*this);
+  }
+  std::unique_ptr<MainWindow> makeMainWindow(const std::shared_ptr<MemoryManager>& /*manager*/,
+                                             MainWindowClosures newClosures,
+                                             MainWindowDelegate delegate) override {
+    mainWindowClosures = std::move(newClosures);
+    journal_.emplace_back("make window");
+    mainWindowDelegate = std::move(delegate);
+    auto window = std::make_unique<FakeMainWindow>(journal_);
+    mainWindow = window.get();
+    return window;
+  }
+
+  std::unique_ptr<UpdateWindow> makeUpdateWindow(const std::shared_ptr<MemoryManager>& /*manager*/,
+                                                 UpdateClosures newClosures) override {
+    updateClosures = std::move(newClosures);
+    return std::make_unique<FakeUpdateWindow>(journal_);
+  }
+
+  MainWindowClosures mainWindowClosures;
+  UpdateClosures updateClosures;
+  bool popoverShown = false;
+  std::optional<PopoverClosures> closures;
+  std::function<void()> whileShowing;
+  MainWindow* mainWindow = nullptr;
+  MainWindowDelegate mainWindowDelegate;
+
+ private:
+  class FakeUpdateWindow : public UpdateWindow {
+   public:
+    explicit FakeUpdateWindow(Journal& journal) : journal_(journal) {}
+    void showChecking() override { journal_.emplace_back("checking"); }
+    void showResult(const UpdateResult& /*result*/) override { journal_.emplace_back("result"); }
+    void close() override { journal_.emplace_back("close update"); }
+
+   private:
+    Journal& journal_;
+  };
+  class FakePopover : public Popover {
+   public:
+    explicit FakePopover(FakeWindows& windows) : windows_(windows) {}
+    [[nodiscard]] bool isShown() const override { return windows_.popoverShown; }
+    void performClose() override { windows_.popoverShown = false; }
+    void show(ScreenPoint /*item*/, PopoverClosures closures) override {
+      windows_.popoverShown = true;
+      windows_.closures = std::move(closures);
+      if (windows_.whileShowing) windows_.whileShowing();
+    }
+
+   private:
+    FakeWindows& windows_;
+  };
+
+  class FakeMainWindow : public MainWindow {
+   public:
+    explicit FakeMainWindow(Journal& journal) : journal_(journal) {}
+    void makeKeyAndOrderFront() override { journal_.emplace_back("front"); }
+    void orderOut() override { journal_.emplace_back("out"); }
+
+   private:
+    Journal& journal_;
+  };
+
+  Journal& journal_;
+};
+
+/// Icons that can be told apart by their width: 1 normal, 2 bolt, 1000 + n the number n.
+class FakeIcons : public StatusIcons {
+ public:
+  [[nodiscard]] std::vector<IconPixmap> normal() const override {
+    return hasResource ? of(1) : std::vector<IconPixmap>{};
+  }
+  [[nodiscard]] std::vector<IconPixmap> boosting() const override { return of(2); }
+  [[nodiscard]] std::vector<IconPixmap> percentage(int percent) const override {
+    return of(1000 + percent);
+  }
+
+  bool hasResource = true;
+
+ private:
+  static std::vector<IconPixmap> of(int width) {
+    return {{.width = width, .height = 1, .pixels = {}}};
+  }
+};
+
+class AppDelegateTest : public testing::Test {
+ protected:
+  void launch() {
+    delegate_ = AppDelegate::create({.model = fakes_.services(),
+                                     .application = application_,
+                                     .statusBar = statusBar_,
+                                     .loginItem = loginItem_,
+                                     .updater = updater_,
+                                     .desktop = opener_,
+                                     .windows = windows_,
+                                     .icons = icons_,
+                                     .supportAddress = supportAddress_});
+    delegate_->applicationDidFinishLaunching();
+  }
+
+  [[nodiscard]] int shownIcon() const {
+    return statusBar_.state->icon.empty() ? 0 : statusBar_.state->icon.front().width;
+  }
+  [[nodiscard]] const StatusMenuEntry& menuEntry(const std::string& label) const {
+    for (const StatusMenuEntry& entry : statusBar_.state->menu) {
+      if (entry.label == label) return entry;
+    }
+    throw std::out_of_range(label);
+  }
+  void clickItem() const { statusBar_.state->action({}); }
+
+  Journal journal_;
+  fakes::FakeServices fakes_;
+  RecordingApplication application_{journal_};
+  fakes::FakeStatusBar statusBar_;
+  fakes::FakeLoginItem loginItem_;
+  fakes::FakeSoftwareUpdater updater_;
+  fakes::RecordingDesktopOpener opener_;
+  FakeWindows windows_{journal_};
+  FakeIcons icons_;
+  std::string supportAddress_ = "help@example.org";
+  std::shared_ptr<AppDelegate> delegate_;
+};
+
+TEST_F(AppDelegateTest, TheFirstLaunchShowsTheMainWindow) {
+  launch();
+  EXPECT_THAT(journal_, ElementsAre("accessory", "regular", "make window", "activate", "front"));
+  EXPECT_THAT(fakes_.preferences.writes,
+              ElementsAre("NSQuitAlwaysKeepsWindows=false", "hasLaunchedBefore=true",
+                          "mainWindowVisible=true"));
+  EXPECT_TRUE(delegate_->isMainWindowVisible());
+}
+
+TEST_F(AppDelegateTest, LaterLaunchesShowTheMainWindowOnlyWhenItWasOpen) {
+  fakes_.preferences.booleans = {{"hasLaunchedBefore", true}, {"mainWindowVisible", true}};
+  launch();
+  EXPECT_TRUE(delegate_->isMainWindowVisible());
+
+  journal_.clear();
+  fakes_.preferences.booleans["mainWindowVisible"] = false;
+  launch();
+  EXPECT_THAT(journal_, ElementsAre("accessory"));
+  EXPECT_FALSE(delegate_->isMainWindowVisible());
+}
+
+TEST_F(AppDelegateTest, AsksForNotificationsAndPrintsOnlyErrors) {
+  fakes_.notifications.granted = false;
+  launch();
+  ASSERT_EQ(fakes_.notifications.authorizations.size(), 1U);
+  const AuthorizationOptions options = fakes_.notifications.authorizations.front();
+  EXPECT_TRUE(options.alert && options.badge && options.sound);
+  EXPECT_THAT(fakes_.output.lines, ElementsAre());
+
+  fakes_.notifications.error = "no service";
+  launch();
+  EXPECT_THAT(fakes_.output.lines,
+              ElementsAre("Error requesting notification permissions: no service"));
+}
+
+TEST_F(AppDelegateTest, NotificationsAreShownInFrontAndClicksDoNothing) {
+  launch();
+  ASSERT_EQ(fakes_.notifications.delegate, delegate_.get());
+  const PresentationOptions options = delegate_->willPresentNotification({});
+  EXPECT_TRUE(options.banner && options.sound);
+  int completions = 0;
+  journal_.clear();
+  delegate_->didReceiveResponse({}, [&completions] { ++completions; });
+  EXPECT_EQ(completions, 1);
+  EXPECT_THAT(journal_, ElementsAre());
+
+  delegate_.reset();
+  EXPECT_EQ(fakes_.notifications.delegate, nullptr);
+}
+
+TEST_F(AppDelegateTest, TheTitleIsTheTruncatedUsageOfTheCurrentSampleAtEachTick) {
+  for (const auto& [usage, title] : std::vector<std::pair<double, std::string>>{
+           {57.9, " 57%"}, {99.99, " 99%"}, {0.4, " 0%"}, {100.0, " 100%"}}) {
+    fakes_.counters.setUsage(usage);
+    launch();
+    EXPECT_EQ(statusBar_.state->title, title);
+  }
+  // Nothing but the title's own timer changes it.
+  fakes_.counters.setUsage(30);
+  delegate_->memoryManager()->updateMemoryStats();
+  EXPECT_EQ(statusBar_.state->title, " 100%");
+  fakes_.time.advance(Duration{5.0});
+  EXPECT_EQ(statusBar_.state->title, " 30%");
+  EXPECT_EQ(statusBar_.state->toolTipText, "Memory usage: 30%");
+
+  fakes_.counters.counts.reset();
+  fakes_.time.advance(Duration{20.0});
+  EXPECT_EQ(statusBar_.state->title, " 30%");
+}
+
+TEST_F(AppDelegateTest, WithoutASampleThereIsNoTitleAndNoLastingBolt) {
+  fakes_.counters.counts.reset();
+  launch();
+  EXPECT_EQ(statusBar_.state->title, "");
+  EXPECT_EQ(shownIcon(), 1);
+  delegate_->boostMemoryFromMenu();
+  EXPECT_EQ(shownIcon(), 1);
+}
+
+TEST_F(AppDelegateTest, TheIconIsTheNumberWhereThePanelDrawsNoLabel) {
+  fakes_.counters.setUsage(42);
+  launch();
+  EXPECT_EQ(shownIcon(), 1042);
+  const int drawn = statusBar_.state->iconCount;
+  fakes_.time.advance(Duration{30.0});
+  EXPECT_EQ(statusBar_.state->iconCount, drawn) << "the number stayed the same";
+  fakes_.counters.setUsage(43);
+  fakes_.time.advance(Duration{10.0});
+  EXPECT_EQ(shownIcon(), 1043);
+  EXPECT_EQ(statusBar_.state->iconCount, drawn + 1);
+
+  statusBar_.state->drawsLabel = true;
+  statusBar_.state->hostChanged();
+  EXPECT_EQ(shownIcon(), 1);
+  fakes_.counters.setUsage(44);
+  fakes_.time.advance(Duration{10.0});
+  EXPECT_EQ(statusBar_.state->iconCount, drawn + 2);
+}
+
+TEST_F(AppDelegateTest, AMissingIconLeavesTheOneThatIsThere) {
+  statusBar_.state->drawsLabel = true;
+  icons_.hasResource = false;
+  launch();
+  EXPECT_EQ(shownIcon(), 0);
+  delegate_->updateStatusIcon(true);
+  delegate_->updateStatusIcon(false);
+  EXPECT_EQ(shownIcon(), 2);
+}
+
+TEST_F(AppDelegateTest, TheBoltStandsFromTheRequestUntilTheBoostIsComplete) {
+  fakes_.counters.setUsage(50);
+  launch();
+  clickItem();
+  windows_.closures->onBoost();
+  EXPECT_EQ(shownIcon(), 2);
+  EXPECT_TRUE(delegate_->memoryManager()->isProcessing());
+  const int drawn = statusBar_.state->iconCount;
+  delegate_->boostMemoryFromMenu();
+  EXPECT_EQ(statusBar_.state->iconCount, drawn + 1) << "drawn again, the boost goes on";
+  fakes_.counters.setUsage(40);
+  delegate_->memoryManager()->updateMemoryStats();
+  delegate_->updateStatusTitle();
+  EXPECT_EQ(shownIcon(), 2);
+
+  fakes_.time.advance(Duration{2.0});
+  EXPECT_FALSE(delegate_->memoryManager()->isProcessing());
+  EXPECT_EQ(shownIcon(), 1040);
+}
+
+TEST_F(AppDelegateTest, TheItemTogglesThePopoverAndEachOpeningTakesASample) {
+  launch();
+  const int reads = fakes_.counters.readCount;
+  windows_.whileShowing = [&] { EXPECT_EQ(fakes_.counters.readCount, reads); };
+  clickItem();
+  EXPECT_TRUE(windows_.popoverShown);
+  EXPECT_EQ(fakes_.counters.readCount, reads + 1);
+  clickItem();
+  EXPECT_FALSE(windows_.popoverShown);
+  EXPECT_EQ(fakes_.counters.readCount, reads + 1);
+}
+
+TEST_F(AppDelegateTest, ThePopoverAndTheMenuShowAndHideTheMainWindow) {
+  fakes_.preferences.booleans = {{"hasLaunchedBefore", true}};
+  launch();
+  clickItem();
+  journal_.clear();
+  windows_.closures->setMainWindowVisible(true);
+  EXPECT_TRUE(windows_.closures->isMainWindowVisible());
+  EXPECT_TRUE(menuEntry("Show Window").isChecked());
+  menuEntry("Show Window").activate();
+  EXPECT_FALSE(windows_.closures->isMainWindowVisible());
+  EXPECT_FALSE(fakes_.preferences.booleans["mainWindowVisible"]);
+  menuEntry("Show Window").activate();
+  EXPECT_TRUE(fakes_.preferences.booleans["mainWindowVisible"]);
+  EXPECT_THAT(journal_, ElementsAre("regular", "make window", "activate", "front", "out",
+                                    "accessory", "regular", "activate", "front"));
+}
+
+TEST_F(AppDelegateTest, ClosingTheMainWindowHidesItAndOnlyThatWindowCounts) {
+  launch();
+  journal_.clear();
+  windows_.mainWindowDelegate.willClose(*windows_.mainWindow);
+  EXPECT_THAT(journal_, ElementsAre("out", "accessory"));
+  EXPECT_FALSE(fakes_.preferences.booleans["mainWindowVisible"]);
+
+  const auto writes = fakes_.preferences.writes;
+  windows_.mainWindowDelegate.didBecomeKey(*windows_.mainWindow);
+  EXPECT_TRUE(delegate_->isMainWindowVisible());
+  const auto other = FakeWindows(journal_).makeMainWindow(nullptr, {}, {});
+  journal_.clear();
+  windows_.mainWindowDelegate.willClose(*other);
+  EXPECT_TRUE(delegate_->isMainWindowVisible());
+  EXPECT_THAT(journal_, ElementsAre());
+  EXPECT_EQ(fakes_.preferences.writes, writes);
+}
+
+TEST_F(AppDelegateTest, HidingAWindowThatWasNeverShownDoesNothing) {
+  fakes_.preferences.booleans = {{"hasLaunchedBefore", true}};
+  launch();
+  journal_.clear();
+  delegate_->hideMainWindow();
+  EXPECT_THAT(journal_, ElementsAre());
+  EXPECT_FALSE(fakes_.preferences.booleans.contains("mainWindowVisible"));
+}
+
+TEST_F(AppDelegateTest, TheMenuHasThePopoversEntries) {
+  launch();
+  std::vector<std::string> labels;
+  for (const StatusMenuEntry& entry : statusBar_.state->menu) labels.push_back(entry.label);
+  EXPECT_THAT(labels, ElementsAre("Show Window", "", "Launch at Login", "", "Check for Updates...",
+                                  "", "Quit Orvane"));
+  journal_.clear();
+  menuEntry("Quit Orvane").activate();
+  EXPECT_THAT(journal_, ElementsAre("terminate"));
+  menuEntry("Check for Updates...").activate();
+  EXPECT_EQ(updater_.checkCount, 1);
+}
+
+TEST_F(AppDelegateTest, LaunchAtLoginKeepsTheUsersChoiceAndPrintsFailures) {
+  launch();
+  clickItem();
+  windows_.closures->setLaunchAtLogin(true);
+  EXPECT_TRUE(loginItem_.registered);
+  EXPECT_TRUE(menuEntry("Launch at Login").isChecked());
+  EXPECT_THAT(fakes_.output.lines, ElementsAre());
+
+  loginItem_.failure = "refused";
+  menuEntry("Launch at Login").activate();
+  EXPECT_FALSE(windows_.closures->launchAtLogin());
+  windows_.closures->setLaunchAtLogin(true);
+  EXPECT_TRUE(windows_.closures->launchAtLogin());
+  EXPECT_THAT(fakes_.output.lines, ElementsAre("Failed to disable launch at login: refused",
+                                               "Failed to enable launch at login: refused"));
+}
+
+TEST_F(AppDelegateTest, TheSupportRequestOpensTheMailProgramOrPrints) {
+  launch();
+  delegate_->openSupportEmail();
+  ASSERT_EQ(opener_.urls.size(), 1U);
+  EXPECT_EQ(opener_.urls.front().rfind("mailto:help@example.org?subject=", 0), 0U);
+  supportAddress_ = "nobody";
+  launch();
+  delegate_->openSupportEmail();
+  EXPECT_EQ(opener_.urls.size(), 1U);
+  EXPECT_THAT(fakes_.output.lines, ElementsAre("Failed to create mailto URL"));
+}
+
+TEST_F(AppDelegateTest, NothingHappensOnceTheDelegateIsGone) {
+  launch();
+  clickItem();
+  const auto state = statusBar_.state;
+  delegate_.reset();
+  journal_.clear();
+  windows_.closures->setMainWindowVisible(true);
+  windows_.closures->onQuit();
+  windows_.closures->onBoost();
+  EXPECT_FALSE(windows_.closures->isMainWindowVisible());
+  state->action({});
+  fakes_.time.advance(Duration{20.0});
+  fakes_.notificationCentre.post("BoostCompleted");
+  EXPECT_THAT(journal_, ElementsAre());
+}
+
+TEST_F(AppDelegateTest, WithoutAStatusAreaEverythingElseWorks) {
+  statusBar_.refuses = true;
+  launch();
+  delegate_->togglePopover({});
+  EXPECT_FALSE(windows_.popoverShown);
+  delegate_->boostMemoryFromMenu();
+  fakes_.time.advance(Duration{10.0});
+  EXPECT_TRUE(delegate_->isMainWindowVisible());
+}
+
+}  // namespace
+}  // namespace orvane

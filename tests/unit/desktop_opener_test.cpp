@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusContext>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/linux/linux_desktop_opener.h"
+#include "platform/linux/session_bus.h"
+#include "tests/unit/event_wait.h"
+
+namespace orvane {
+namespace {
+
+/// A file manager that says what it was asked to show.
+class FileManager : public QObject, protected QDBusContext {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+
+ public:
+  bool fails = false;
+  QStringList shown;
+
+ public Q_SLOTS:
+  // The name it has on the bus. NOLINTNEXTLINE(readability-identifier-naming)
+  void ShowItems(const QStringList& addresses, const QString& startupId) {
+    shown = addresses + QStringList(startupId);
+    if (fails) sendErrorReply(QDBusError::Failed, QStringLiteral("no"));
+  }
+};
+
+/// An empty desktop whose xdg-open writes down what it is called with.
+class DesktopOpener : public ::testing::Test {
+ protected:
+  DesktopOpener() : path_(qgetenv("PATH")) {
+    std::ofstream(file("xdg-open")) << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" > " +
+                                           file("part") + "\nmv " + file("part") + " " +
+                                           file("opened") + "\necho noise\n";
+    std::filesystem::permissions(file("xdg-open"), std::filesystem::perms::owner_all);
+    qputenv("PATH", directory_.path().toUtf8() + ":" + path_);
+  }
+  ~DesktopOpener() override { qputenv("PATH", path_); }
+
+  [[nodiscard]] std::string file(const std::string& name) const {
+    return directory_.path().toStdString() + "/" + name;
+  }
+
+  std::string opened() {
+    waitUntil([&] { return std::filesystem::exists(file("opened")); });
+    std::string line;
+    std::getline(std::ifstream(file("opened")), line);
+    std::filesystem::remove(file("opened"));
+    return line;
+  }
+
+  QTemporaryDir directory_;
+  QByteArray path_;
+};
+
+TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
+  rlimit limit{};
+  getrlimit(RLIMIT_NOFILE, &limit);
+  const rlim_t before = limit.rlim_cur;
+  SessionBus bus;
+  LinuxDesktopOpener opener(bus);
+  limit.rlim_cur = before - 10;
+  setrlimit(RLIMIT_NOFILE, &limit);
+  opener.openUrl("--help");
+  opener.openUrl("https://a b");
+  opener.openUrl("mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)");
+  EXPECT_EQ(opened(),
+            "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)|" + std::to_string(before) + "|");
+  limit.rlim_cur = before;
+  setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+TEST_F(DesktopOpener, RevealsThroughTheFileManagerElseOpensTheFolder) {
+  EXPECT_EQ(fileAddress("/a b/#1?%/\xff\xc3\xa9~"), "file:///a%20b/%231%3F%25/%FF%C3%A9~");
+
+  QProcess daemon;
+  daemon.start(
+      QStringLiteral("dbus-daemon"),
+      {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+  ASSERT_TRUE(daemon.waitForReadyRead()) << "needs dbus-daemon";
+  const QByteArray address = daemon.readLine().trimmed();
+  const QByteArray sessionAddress = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+  qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+  FileManager manager;
+  QDBusConnection provider =
+      QDBusConnection::connectToBus(QString::fromUtf8(address), QStringLiteral("manager"));
+  provider.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &manager,
+                          QDBusConnection::ExportAllSlots);
+  provider.registerService(QStringLiteral("org.freedesktop.FileManager1"));
+
+  SessionBus bus;
+  LinuxDesktopOpener opener(bus);
+  const std::string program = file("a program");
+  const std::string folder = "file://" + directory_.path().toStdString();
+  std::ofstream(program) << "x";
+  opener.revealFile(program);
+  EXPECT_TRUE(opened().starts_with(folder + "|")) << "no bus yet";
+
+  bus.start();
+  ASSERT_TRUE(waitUntil([&] { return bus.isConnected(); }));
+  opener.revealFile(program);
+  ASSERT_TRUE(waitUntil([&] { return !manager.shown.isEmpty(); }));
+  EXPECT_EQ(manager.shown.join(u'|').toStdString(), folder + "/a%20program|");
+
+  manager.fails = true;
+  opener.revealFile(program);
+  EXPECT_TRUE(opened().starts_with(folder + "|")) << "the file manager fails";
+
+  opener.revealFile(file("missing/program"));
+  opener.revealFile("relative");
+  opener.revealFile(file("missing"));
+  EXPECT_TRUE(opened().starts_with(folder + "|")) << "only the folder that exists";
+
+  QDBusConnection::disconnectFromBus(QStringLiteral("manager"));
+  qputenv("DBUS_SESSION_BUS_ADDRESS", sessionAddress);
+  daemon.kill();
+  daemon.waitForFinished();
+}
+
+}  // namespace
+}  // namespace orvane
+
+#include "desktop_opener_test.moc"

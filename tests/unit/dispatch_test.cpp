@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <QtCore/QCoreApplication>
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <future>
+#include <iterator>
+#include <set>
+#include <thread>
+#include <vector>
+
+#include "platform/linux/linux_background_queue.h"
+#include "platform/linux/linux_dispatch.h"
+#include "platform/linux/linux_random_source.h"
+#include "tests/unit/test_bus.h"
+
+namespace orvane {
+namespace {
+
+TEST(MainQueue, takesBlocksOfManyThreadsAndRunsThemOnItsOwn) {
+  LinuxMainQueue queue;
+  const auto mainThread = std::this_thread::get_id();
+  int ran = 0;
+  bool onMainThread = true;
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&] {
+      const auto count = [&] {
+        ++ran;
+        onMainThread = onMainThread && std::this_thread::get_id() == mainThread;
+      };
+      for (int j = 0; j < 100; ++j) queue.async(count);
+      queue.after(Duration{0.001}, count);
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(ran, 0);
+  EXPECT_TRUE(waitUntil([&] { return ran == 404; }));
+  EXPECT_TRUE(onMainThread);
+}
+
+TEST(MainQueue, itsEndDropsWhatIsPending) {
+  bool ran = false;
+  auto held = std::make_shared<int>(1);
+  {
+    LinuxMainQueue queue;
+    queue.async([&ran, held] { ran = true; });
+    queue.after(Duration{0.001}, [&ran, held] { ran = true; });
+    queue.after(Duration{600}, [&ran, held] { ran = true; });
+  }
+  runEventLoopFor(10);
+  EXPECT_FALSE(ran);
+  EXPECT_EQ(held.use_count(), 1) << "and releases what the blocks held";
+}
+
+TEST(BackgroundQueue, runsTwoBlocksAtATimeAndKeepsNoThread) {
+  const auto threadCount = [] {
+    using Iterator = std::filesystem::directory_iterator;
+    return std::distance(Iterator("/proc/self/task"), Iterator());
+  };
+  const auto before = threadCount();
+  LinuxBackgroundQueue queue;
+  std::promise<void> meeting;
+  std::atomic<int> ran = 0;
+  queue.async([&] {
+    meeting.get_future().wait();
+    ++ran;
+  });
+  queue.async([&] {
+    meeting.set_value();
+    ++ran;
+  });
+  for (int i = 0; i < 20; ++i) queue.async([&] { ++ran; });
+  EXPECT_LE(threadCount(), before + 2);
+  EXPECT_TRUE(waitUntil([&] { return ran == 22 && threadCount() == before; }));
+  queue.async([&] { ++ran; });
+  EXPECT_TRUE(waitUntil([&] { return ran == 23; })) << "idle queues still work";
+}
+
+TEST(BackgroundQueue, itsEndWakesSleepersWaitsForThemAndDropsTheRest) {
+  std::atomic<int> finished = 0;
+  std::atomic<int> dropped = 0;
+  const auto start = std::chrono::steady_clock::now();
+  {
+    LinuxBackgroundQueue queue;
+    std::promise<void> asleep;
+    for (int i = 0; i < 2; ++i) {
+      queue.async([&, i] {
+        if (i == 1) asleep.set_value();
+        queue.sleep(Duration{3600});
+        ++finished;
+      });
+    }
+    queue.async([&] { ++dropped; });
+    asleep.get_future().wait();
+  }
+  EXPECT_EQ(finished, 2);
+  EXPECT_EQ(dropped, 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(1));
+}
+
+TEST(BackgroundQueue, sleepsAsLongAsAsked) {
+  LinuxBackgroundQueue queue;
+  const auto start = std::chrono::steady_clock::now();
+  queue.sleep(Duration{0.02});
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(20));
+}
+
+TEST(RandomSource, drawsDistinctNumbersWithEveryBitInUse) {
+  LinuxRandomSource source;
+  std::set<std::uint64_t> numbers;
+  std::uint64_t everySet = 0;
+  std::uint64_t everyClear = 0;
+  for (int i = 0; i < 2000; ++i) {
+    const std::uint64_t number = source.next();
+    numbers.insert(number);
+    everySet |= number;
+    everyClear |= ~number;
+  }
+  EXPECT_EQ(numbers.size(), 2000U);
+  EXPECT_EQ(everySet, ~std::uint64_t{0});
+  EXPECT_EQ(everyClear, ~std::uint64_t{0});
+}
+
+}  // namespace
+}  // namespace orvane

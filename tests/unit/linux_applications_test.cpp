@@ -1,0 +1,270 @@
+// Running applications as this machine really has them.
+#include "platform/linux/linux_applications.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include "platform/linux/linux_process_signals.h"
+#include "tests/unit/child_process.h"
+
+namespace orvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+class LinuxApplicationsTest : public testing::Test {
+ protected:
+  LinuxApplicationsTest() { fs::create_directories(folder_); }
+  ~LinuxApplicationsTest() override { fs::remove_all(folder_); }
+
+  void addEntry(const std::string& id, const std::string& exec, const std::string& more = "") {
+    std::ofstream(folder_ / (id + ".desktop")) << "[Desktop Entry]\nType=Application\nName=The "
+                                               << id << "\nIcon=" << id << "\nExec=" << exec << '\n'
+                                               << more;
+  }
+
+  std::string addScript(const std::string& name, const std::string& lines) {
+    const fs::path path = folder_ / name;
+    std::ofstream(path) << "#!/bin/bash\n" << lines;
+    fs::permissions(path, fs::perms::owner_all);
+    return path.string();
+  }
+
+  /// A program of its own name and executable.
+  std::string addProgram(const std::string& name) {
+    const fs::path path = folder_ / name;
+    fs::copy_file(fs::canonical("/usr/bin/sleep"), path);
+    return path.string();
+  }
+
+  std::optional<RunningApplication> ledBy(pid_t pid) {
+    for (auto& application : applications_.runningApplications()) {
+      if (application.processIdentifier == pid) return application;
+    }
+    return {};
+  }
+
+  std::optional<RunningApplication> named(const std::string& name) {
+    for (auto& application : applications_.runningApplications()) {
+      if (application.localizedName == name) return application;
+    }
+    return {};
+  }
+
+  /// Waits until the application exists and is led by the executable of this name.
+  std::optional<RunningApplication> awaitLeader(const std::string& name,
+                                                const std::string& executable) {
+    std::optional<RunningApplication> application;
+    const bool came = eventually([&] {
+      application = named(name);
+      return application &&
+             fs::path(applications_.executablePath(application->processIdentifier).value_or(""))
+                     .filename() == executable;
+    });
+    return came ? application : std::nullopt;
+  }
+
+  void killLeader(const RunningApplication& application) {
+    LinuxProcessSignals().killProcess(application.processIdentifier, application.handle.get());
+  }
+
+  fs::path folder_ = fs::temp_directory_path() / ("orvane-apps-" + std::to_string(::getpid()));
+  LinuxApplications applications_{
+      {.display = "", .applicationDirectories = {folder_.string()}, .descriptorLimit = 4000}};
+};
+
+TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
+  const auto program = addProgram("editor");
+  addEntry("editor", program + " %U");
+  const ChildProcess child({program, "600"});
+  const auto application = awaitLeader("The editor", "editor");
+  ASSERT_TRUE(application);
+  EXPECT_EQ(application->processIdentifier, child.pid());
+  EXPECT_EQ(application->icon, ApplicationIcon{"editor"});
+  EXPECT_EQ(application->activationPolicy, ActivationPolicy::regular);
+  EXPECT_EQ(applications_.executablePath(child.pid()), program);
+  const auto figures = applications_.taskFigures(child.pid());
+  ASSERT_TRUE(figures);
+  EXPECT_EQ(figures->threadCount, 1);
+  EXPECT_GT(figures->residentSize, 0u);
+  EXPECT_GT(figures->virtualSize, figures->residentSize);
+  fs::remove(program);  // as an upgrade does
+  LinuxApplications later({.display = "", .applicationDirectories = {}, .descriptorLimit = 0});
+  EXPECT_FALSE(later.runningApplications().empty());
+  EXPECT_EQ(later.executablePath(child.pid()), program);
+  killLeader(*application);
+  EXPECT_TRUE(child.hasExited());
+}
+
+TEST_F(LinuxApplicationsTest, AHiddenEntryMakesAnAccessoryApplication) {
+  const auto program = addProgram("agent");
+  addEntry("agent", program, "NoDisplay=true\n");
+  const ChildProcess child({program, "600"});
+  const auto application = awaitLeader("The agent", "agent");
+  ASSERT_TRUE(application);
+  EXPECT_EQ(application->activationPolicy, ActivationPolicy::accessory);
+}
+
+TEST_F(LinuxApplicationsTest, UnclaimedTreesAreApplicationsOfTheirOwn) {
+  const auto program = addProgram("unclaimed-tool");
+  const ChildProcess child({program, "600"});
+  // Started by this test program, it's a part of its tree; orphaned, a tree of its own.
+  const auto script = addScript("launch", "\"$1\" 600 &\n");
+  ChildProcess launcher({script, addProgram("orphaned-tool")});
+  ASSERT_TRUE(launcher.hasExited());
+  launcher.wait();
+  const auto application = awaitLeader("orphaned-tool", "orphaned-tool");
+  ASSERT_TRUE(application);
+  EXPECT_EQ(application->activationPolicy, ActivationPolicy::accessory);
+  EXPECT_FALSE(application->icon);
+  EXPECT_FALSE(ledBy(child.pid()));
+  killLeader(*application);
+  EXPECT_TRUE(eventually([&] { return !named("orphaned-tool"); }));
+}
+
+TEST_F(LinuxApplicationsTest, TheProgramLeadsItsStartScript) {
+  const auto program = addProgram("real-program");
+  const auto script = addScript("start", program + " 600\n:\n");
+  addEntry("wrapped", script);
+  const ChildProcess child({script});
+  const auto application = awaitLeader("The wrapped", "real-program");
+  ASSERT_TRUE(application);
+  EXPECT_NE(application->processIdentifier, child.pid());
+  EXPECT_EQ(applications_.taskFigures(application->processIdentifier)->threadCount, 2);
+  killLeader(*application);
+  EXPECT_TRUE(child.hasExited()) << "the script outlived its program";
+}
+
+TEST_F(LinuxApplicationsTest, ASandboxEndsWithItsLeader) {
+  const bool bubblewrap = fs::exists("/usr/bin/bwrap");
+  const auto program = addProgram("sandboxed");
+  addEntry("box", program);
+  const ChildProcess child(
+      bubblewrap ? std::vector<std::string>{"bwrap", "--dev-bind", "/", "/", "--unshare-pid",
+                                            program, "600"}
+                 : std::vector<std::string>{"unshare", "--pid", "--fork", program, "600"},
+      {{"GIO_LAUNCHED_DESKTOP_FILE", (folder_ / "box.desktop").string()}});
+  if (::getuid() != 0 && !bubblewrap) GTEST_SKIP() << "only root may unshare, bwrap is missing";
+  const auto application = awaitLeader("The box", "sandboxed");
+  ASSERT_TRUE(application);
+  killLeader(*application);
+  EXPECT_TRUE(child.hasExited()) << "the sandbox outlived its program";
+}
+
+TEST_F(LinuxApplicationsTest, ATreeIsOneApplicationThatEndsWithItsLeader) {
+  // Like a browser: the same program again for each of its parts, which end with the first.
+  const auto program = (folder_ / "multi").string();
+  fs::copy_file(fs::canonical("/usr/bin/python3"), program);
+  addEntry("multi", program);
+  const ChildProcess child({program, "-c",
+                            "import os,time\n"
+                            "r,w=os.pipe()\n"
+                            "for i in range(3):\n"
+                            " if os.fork()==0:\n"
+                            "  os.close(w); os.read(r,1); os._exit(0)\n"
+                            "time.sleep(600)\n"});
+  ASSERT_TRUE(eventually([&] {
+    const auto application = named("The multi");
+    const auto figures = applications_.taskFigures(child.pid());
+    return application && application->processIdentifier == child.pid() && figures &&
+           figures->threadCount == 4;
+  }));
+  const auto application = ledBy(child.pid());
+  killLeader(*application);
+  EXPECT_TRUE(eventually([&] { return !named("The multi"); }));
+}
+
+TEST_F(LinuxApplicationsTest, DeadProcessesAreNoApplications) {
+  const auto program = addProgram("mortal");
+  addEntry("mortal", program);
+  ChildProcess child({program, "600"});
+  const auto application = awaitLeader("The mortal", "mortal");
+  ASSERT_TRUE(application);
+  ::kill(child.pid(), SIGKILL);
+  ASSERT_TRUE(child.hasExited());
+  EXPECT_FALSE(ledBy(child.pid())) << "a zombie";
+  EXPECT_FALSE(applications_.taskFigures(child.pid()));
+  child.wait();
+  EXPECT_FALSE(ledBy(child.pid()));
+  EXPECT_FALSE(applications_.executablePath(child.pid()));
+  killLeader(*application);  // silent
+  LinuxProcessSignals().killProcess(::getpid(), nullptr);
+}
+
+TEST_F(LinuxApplicationsTest, AHandleNeverHitsTheNextProcessWithItsPid) {
+  std::ofstream lastPid("/proc/sys/kernel/ns_last_pid");
+  if (!(lastPid << ::getpid() << std::flush)) {
+    GTEST_SKIP() << "only root can choose the next process id";
+  }
+  const auto program = addProgram("victim");
+  addEntry("victim", program);
+  for (int attempt = 0; attempt < 50; ++attempt) {
+    ChildProcess first({program, "600"});
+    const auto application = awaitLeader("The victim", "victim");
+    ASSERT_TRUE(application);
+    ::kill(first.pid(), SIGKILL);
+    first.wait();
+    std::ofstream("/proc/sys/kernel/ns_last_pid") << first.pid() - 1;
+    const ChildProcess second({program, "601"});
+    if (second.pid() != first.pid()) continue;  // something else took the number meanwhile
+    killLeader(*application);
+    const auto next = awaitLeader("The victim", "victim");
+    ASSERT_TRUE(next) << "the wrong process was killed";
+    EXPECT_EQ(next->processIdentifier, second.pid());
+    EXPECT_NE(next->handle, application->handle);
+    killLeader(*next);
+    EXPECT_TRUE(second.hasExited());
+    return;
+  }
+  FAIL() << "no process id could be reused";
+}
+
+TEST_F(LinuxApplicationsTest, OtherUsersProcessesAreNoApplications) {
+  if (::getuid() != 0) GTEST_SKIP() << "only root can start programs of another user";
+  const auto program = addProgram("foreign");
+  addEntry("foreign", program);
+  fs::permissions(folder_, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
+  fs::permissions(program, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
+  const ChildProcess child(
+      {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", "--", program, "600"});
+  ASSERT_TRUE(eventually([&] {
+    std::error_code error;
+    return fs::read_symlink("/proc/" + std::to_string(child.pid()) + "/exe", error) == program;
+  }));
+  for (int i = 0; i < 4; ++i) EXPECT_FALSE(named("The foreign"));
+  EXPECT_FALSE(ledBy(child.pid()));
+}
+
+TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
+  fs::path root = "/sys/fs/cgroup";
+  if (!fs::exists(root / "cgroup.procs")) root /= "unified";
+  const fs::path slice = root / ("orvane-test-" + std::to_string(::getpid()));
+  const fs::path scope = slice / "app-gnome-org.example.My\\x2dApp-1234.scope";
+  std::error_code error;
+  fs::create_directories(scope, error);
+  if (error) GTEST_SKIP() << "no control group can be made here: " << error.message();
+  {
+    addEntry("org.example.My-App", "true");
+    const auto first = addProgram("first");
+    const ChildProcess parent({first, "600"});
+    const ChildProcess other({addProgram("second"), "600"});
+    for (const pid_t pid : {parent.pid(), other.pid()}) {
+      std::ofstream(scope / "cgroup.procs") << pid << std::flush;
+    }
+    ASSERT_TRUE(eventually([&] {
+      const auto application = named("The org.example.My-App");
+      const auto figures = applications_.taskFigures(parent.pid());
+      return application && application->processIdentifier == parent.pid() && figures &&
+             figures->threadCount == 2;
+    }));
+  }
+  EXPECT_TRUE(eventually([&] { return fs::remove(scope, error); }));
+  fs::remove(slice, error);
+}
+
+}  // namespace
+}  // namespace orvane

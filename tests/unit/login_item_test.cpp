@@ -1,0 +1,58 @@
+#include <gio/gdesktopappinfo.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "platform/linux/linux_login_item.h"
+#include "tests/unit/test_bus.h"
+
+namespace orvane {
+namespace {
+
+TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
+  const TestDirectory directory;
+  for (const char* name : {"plain", "with space", "d$ol\"lar`s\\back", "ümläut'"}) {
+    const std::string program = directory.write(name, "#!/bin/sh\n: > \"$0.started\"\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    LinuxLoginItem item(program, directory.path("autostart"));
+    ASSERT_EQ(item.registerItem(), std::nullopt);
+
+    const std::unique_ptr<GDesktopAppInfo, decltype(&g_object_unref)> entry(
+        g_desktop_app_info_new_from_filename(directory.path("autostart/orvane.desktop").c_str()),
+        g_object_unref);
+    ASSERT_TRUE(entry) << name;
+    ASSERT_TRUE(g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, nullptr)) << name;
+    EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(program + ".started"); })) << name;
+  }
+}
+
+TEST(LoginItem, percentSignsAreNoFieldCodes) {
+  EXPECT_NE(autostartEntry("/p%f").find("Exec=\"/p%%f\"\n"), std::string::npos);
+}
+
+TEST(LoginItem, leavesNothingButTheEntry) {
+  const TestDirectory directory;
+  LinuxLoginItem item("/usr/bin/orvane", directory.path("a/b/autostart"));
+  EXPECT_EQ(item.registerItem(), std::nullopt);
+  EXPECT_EQ(item.registerItem(), std::nullopt);
+  using Iterator = std::filesystem::directory_iterator;
+  EXPECT_EQ(std::distance(Iterator(directory.path("a/b/autostart")), Iterator()), 1);
+  EXPECT_EQ(item.unregisterItem(), std::nullopt);
+  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
+}
+
+TEST(LoginItem, refusalsAreDescribed) {
+  const TestDirectory directory;
+  const std::string file = directory.write("file", "");
+  EXPECT_EQ(LinuxLoginItem("/p", file).registerItem(), "Not a directory");
+  EXPECT_EQ(LinuxLoginItem("/p", file + "/autostart").registerItem(), "Not a directory");
+  EXPECT_NE(LinuxLoginItem("/p", "/proc/self/autostart").registerItem(), std::nullopt)
+      << "a place where nothing can be made";
+  std::filesystem::create_directories(directory.path("orvane.desktop/x"));
+  EXPECT_EQ(LinuxLoginItem("/p", directory.path()).registerItem(), "Is a directory");
+}
+
+}  // namespace
+}  // namespace orvane

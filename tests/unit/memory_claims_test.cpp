@@ -1,0 +1,87 @@
+#include "platform/linux/linux_memory_claims.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "tests/unit/test_files.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::size_t wordsPerMebibyte = 262144;
+
+/// Resident bytes of this process.
+std::uint64_t residentBytes() {
+  const std::string statm = readFile("/proc/self/statm");
+  const auto pages = std::stoull(statm.substr(statm.find(' ')));
+  return pages * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
+}
+
+class MemoryClaimsTest : public testing::Test {
+ protected:
+  MemoryClaimsTest() {
+    directory_.write("meminfo", "MemTotal: 40960 kB\nMemFree: 4096 kB\nMemAvailable: 8192 kB\n");
+    directory_.write("cgroup", "0::/app\n");
+    directory_.write("oom_score_adj", "200\n");
+  }
+
+  TestDirectory directory_;
+  LinuxMemoryClaims claims_{{.meminfo = directory_.path("meminfo"),
+                             .cgroup = directory_.path("cgroup"),
+                             .cgroupRoot = directory_.path("cgroups"),
+                             .oomScoreAdjustment = directory_.path("oom_score_adj")}};
+};
+
+TEST_F(MemoryClaimsTest, neverMoreThanIsAvailable) {
+  EXPECT_TRUE(claims_.claim(8 * wordsPerMebibyte));
+  EXPECT_FALSE(claims_.claim(8 * wordsPerMebibyte + 1));
+  EXPECT_FALSE(claims_.claim(0));
+  EXPECT_FALSE(claims_.claim(~std::size_t{0}));
+  directory_.write("meminfo", "garbage");
+  EXPECT_FALSE(claims_.claim(1));
+}
+
+TEST_F(MemoryClaimsTest, neverMoreThanItsControlGroupAllows) {
+  directory_.write("cgroups/memory.max", "5242880\n");
+  directory_.write("cgroups/memory.current", "1048576\n");
+  EXPECT_TRUE(claims_.claim(4 * wordsPerMebibyte));
+  EXPECT_FALSE(claims_.claim(4 * wordsPerMebibyte + 1));
+}
+
+TEST_F(MemoryClaimsTest, nullWithoutAddressSpace) {
+  directory_.write("meminfo",
+                   "MemTotal: 99999999999 kB\nMemFree: 1 kB\nMemAvailable: 99999999999 kB\n");
+  EXPECT_FALSE(claims_.claim(std::size_t{16} << 40)) << "64 TiB";
+  EXPECT_EQ(readFile(directory_.path("oom_score_adj")), "200\n");
+}
+
+TEST_F(MemoryClaimsTest, offersItselfToTheKernelWhileHeld) {
+  const auto score = [this] { return readFile(directory_.path("oom_score_adj")); };
+  auto first = claims_.claim(1024);
+  EXPECT_EQ(score(), "1000");
+  auto second = claims_.claim(1024);
+  first.reset();
+  EXPECT_EQ(score(), "1000");
+  second.reset();
+  EXPECT_EQ(score(), "200\n");
+}
+
+TEST(MemoryClaims, theRealOnesGiveEverythingBack) {
+  const std::string score = readFile("/proc/self/oom_score_adj");
+  LinuxMemoryClaims claims;
+  const std::uint64_t before = residentBytes();
+  auto claim = claims.claim(64 * wordsPerMebibyte);
+  ASSERT_TRUE(claim);
+  std::fill(claim->words().begin(), claim->words().end(), 7U);
+  EXPECT_GT(residentBytes(), before + 60'000'000);
+  EXPECT_EQ(readFile("/proc/self/oom_score_adj"), "1000\n");
+  claim.reset();
+  EXPECT_LT(residentBytes(), before + 1'048'576);
+  EXPECT_EQ(readFile("/proc/self/oom_score_adj"), score);
+}
+
+}  // namespace
+}  // namespace orvane

@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <QtCore/QVariantMap>
+#include <QtDBus/QDBusConnection>
+#include <vector>
+
+#include "platform/linux/linux_notification_service.h"
+#include "platform/linux/session_bus.h"
+#include "tests/unit/test_bus.h"
+
+namespace orvane {
+namespace {
+
+using Error = NotificationService::Error;
+
+struct Shown {
+  QString program;
+  QString icon;
+  QString title;
+  QString body;
+  QStringList actions;
+  QVariantMap hints;
+};
+
+/// A notification server on a connection of its own.
+class NotificationServer : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+ public:
+  explicit NotificationServer(const TestBus& bus)
+      : connection_(QDBusConnection::connectToBus(QString::fromStdString(bus.address()),
+                                                  QStringLiteral("server"))) {
+    connection_.registerObject(QStringLiteral("/org/freedesktop/Notifications"), this,
+                               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
+    connection_.registerService(QStringLiteral("org.freedesktop.Notifications"));
+  }
+  ~NotificationServer() override { QDBusConnection::disconnectFromBus(QStringLiteral("server")); }
+
+  QStringList capabilities{QStringLiteral("actions"), QStringLiteral("body-markup")};
+  std::vector<Shown> shown;
+
+ public Q_SLOTS:
+  [[nodiscard]] QStringList GetCapabilities() const { return capabilities; }   // NOLINT
+  uint Notify(const QString& program, uint /*replaces*/, const QString& icon,  // NOLINT
+              const QString& title, const QString& body, const QStringList& actions,
+              const QVariantMap& hints, int /*timeout*/) {
+    shown.push_back({program, icon, title, body, actions, hints});
+    return static_cast<uint>(shown.size());
+  }
+
+ Q_SIGNALS:
+  void ActionInvoked(uint id, const QString& action);  // NOLINT
+  void NotificationClosed(uint id, uint reason);       // NOLINT
+
+ private:
+  QDBusConnection connection_;
+};
+
+class Delegate : public NotificationDelegate {
+ public:
+  PresentationOptions willPresentNotification(const NotificationRequest& /*request*/) override {
+    ++asked;
+    return options;
+  }
+  void didReceiveResponse(const NotificationRequest& request,
+                          const std::function<void()>& completion) override {
+    responses.push_back(request.identifier);
+    completion();
+  }
+
+  PresentationOptions options{.sound = true, .banner = true};
+  int asked = 0;
+  std::vector<std::string> responses;
+};
+
+class NotificationServiceTest : public testing::Test {
+ protected:
+  /// Adds a notification and gives the answer: "" for success, "pending" when none came.
+  std::string add(const NotificationContent& content, const std::string& identifier = "id") {
+    std::string answer = "pending";
+    service_.add({identifier, content},
+                 [&answer](const Error& error) { answer = error.value_or(""); });
+    EXPECT_TRUE(waitUntil([&] { return answer != "pending"; }));
+    return answer;
+  }
+  std::string authorize() {
+    std::string answer = "pending";
+    service_.requestAuthorization({}, [&answer](bool granted, const Error& error) {
+      answer = granted ? "granted" : error.value_or("");
+    });
+    EXPECT_TRUE(waitUntil([&] { return answer != "pending"; }));
+    return answer;
+  }
+
+  TestBus daemon_;
+  ScopedEnvironment address_{"DBUS_SESSION_BUS_ADDRESS", daemon_.address()};
+  SessionBus bus_{nullptr, {std::chrono::milliseconds(20), std::chrono::milliseconds(2000)}};
+  bool isFrontmost_ = false;
+  LinuxNotificationService service_{bus_, [this] { return isFrontmost_; }};
+};
+
+TEST_F(NotificationServiceTest, postsWhatWasAskedEvenBeforeTheBusIsThere) {
+  NotificationServer server(daemon_);
+  bus_.start();
+  EXPECT_EQ(authorize(), "granted");
+  EXPECT_EQ(add({"Title", "A & <b>B</b>", true}), "");
+  ASSERT_EQ(server.shown.size(), 1U);
+  const Shown& shown = server.shown[0];
+  EXPECT_EQ(shown.program, QStringLiteral("Orvane"));
+  EXPECT_EQ(shown.icon, QStringLiteral("orvane"));
+  EXPECT_EQ(shown.title, QStringLiteral("Title"));
+  EXPECT_EQ(shown.body, QStringLiteral("A &amp; &lt;b&gt;B&lt;/b&gt;"));
+  EXPECT_EQ(shown.hints.value(QStringLiteral("desktop-entry")), QStringLiteral("orvane"));
+  EXPECT_TRUE(shown.hints.contains(QStringLiteral("sound-name")));
+  EXPECT_EQ(shown.hints.value(QStringLiteral("urgency")).userType(), QMetaType::UChar);
+}
+
+TEST_F(NotificationServiceTest, asksTheDelegateOnlyWhileFrontmost) {
+  NotificationServer server(daemon_);
+  server.capabilities.clear();
+  Delegate delegate;
+  service_.setDelegate(&delegate);
+  bus_.start();
+  add({"background", "a < b", true});
+  EXPECT_EQ(delegate.asked, 0);
+  isFrontmost_ = true;
+  delegate.options.sound = false;
+  add({"front", "", true});
+  delegate.options.banner = false;
+  EXPECT_EQ(add({"hidden", "", true}), "");
+  EXPECT_EQ(delegate.asked, 2);
+  ASSERT_EQ(server.shown.size(), 2U);
+  EXPECT_EQ(server.shown[0].body, QStringLiteral("a < b")) << "a service without markup";
+  EXPECT_TRUE(server.shown[0].actions.isEmpty());
+  EXPECT_FALSE(server.shown[1].hints.contains(QStringLiteral("sound-name")));
+}
+
+TEST_F(NotificationServiceTest, tellsTheDelegateAboutClicksOnItsOwnNotifications) {
+  NotificationServer server(daemon_);
+  Delegate delegate;
+  service_.setDelegate(&delegate);
+  bus_.start();
+  add({"a", "", false}, "first");
+  add({"b", "", false}, "second");
+  Q_EMIT server.NotificationClosed(1, 2);
+  Q_EMIT server.ActionInvoked(1, QStringLiteral("default"));
+  Q_EMIT server.ActionInvoked(77, QStringLiteral("default"));
+  Q_EMIT server.ActionInvoked(2, QStringLiteral("default"));
+  ASSERT_TRUE(waitUntil([&] { return !delegate.responses.empty(); }));
+  EXPECT_EQ(delegate.responses, std::vector<std::string>{"second"});
+}
+
+TEST_F(NotificationServiceTest, aDesktopWithoutServiceIsAnError) {
+  bus_.start();
+  EXPECT_EQ(authorize(), "This desktop has no notification service");
+  EXPECT_EQ(add({"t", "b", true}), "This desktop has no notification service");
+  NotificationServer late(daemon_);
+  EXPECT_EQ(add({"t", "b", true}), "");
+}
+
+TEST_F(NotificationServiceTest, noBusIsAnErrorOnceThatIsKnown) {
+  daemon_.stop();
+  bus_.start();
+  EXPECT_EQ(authorize(), "There is no session bus");
+  EXPECT_EQ(add({"t", "b", true}), "There is no session bus");
+}
+
+TEST_F(NotificationServiceTest, aBusThatGoesAwayEndsWhatWasAsked) {
+  NotificationServer server(daemon_);
+  bus_.start();
+  ASSERT_TRUE(waitUntil([&] { return bus_.isConnected(); }));
+  daemon_.pause();
+  int answers = 0;
+  service_.add({"id", {"t", "b", true}}, [&](const Error& error) {
+    ++answers;
+    EXPECT_TRUE(error);
+  });
+  daemon_.kill();
+  EXPECT_TRUE(waitUntil([&] { return answers > 0; }));
+  runEventLoopFor(50);
+  EXPECT_EQ(answers, 1);
+}
+
+}  // namespace
+}  // namespace orvane
+
+#include "notification_service_test.moc"

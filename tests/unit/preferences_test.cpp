@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "platform/linux/linux_preferences.h"
+#include "tests/unit/test_files.h"
+
+namespace orvane {
+namespace {
+
+TEST(Preferences, survivesTheProgramAndKeepsForeignKeys) {
+  const TestDirectory directory;
+  const std::string path = directory.write("o.conf", "[General]\nkept=yes\n\n[other]\nkey=1\n");
+  {
+    LinuxPreferences preferences(path);
+    preferences.setBoolean("launchAtLogin", true);
+    EXPECT_NE(readFile(path).find("launchAtLogin=true"), std::string::npos) << "written at once";
+    preferences.setText("processSortMode", "peak");
+  }
+  const LinuxPreferences preferences(path);
+  EXPECT_EQ(preferences.boolean("launchAtLogin"), true);
+  EXPECT_EQ(preferences.text("processSortMode"), "peak");
+  EXPECT_EQ(preferences.text("kept"), "yes");
+  EXPECT_NE(readFile(path).find("[other]\nkey=1"), std::string::npos);
+}
+
+TEST(Preferences, valuesOfAnotherKindReadAsNone) {
+  const TestDirectory directory;
+  const std::string path = directory.write(
+      "o.conf", "[General]\na=1\nb=TRUE\nc=\nd=one, two\ne=@Variant(\\0)\nf=@Size(1 2)\n");
+  const LinuxPreferences preferences(path);
+  for (const char* key : {"a", "b", "c", "d", "e", "f", "absent"}) {
+    EXPECT_EQ(preferences.boolean(key), std::nullopt) << key;
+  }
+  for (const char* key : {"d", "f", "absent"}) {
+    EXPECT_EQ(preferences.text(key), std::nullopt) << key;
+  }
+}
+
+TEST(Preferences, aCorruptFileIsKeptBesideTheNewOne) {
+  const std::string broken[] = {"[General]\nlaunchAtLogin=true\nnonsense without equals\n",
+                                std::string("[General]\na=b\n\0\0\0\0", 17),
+                                std::string("\x89PNG\r\n\x1a\n\0\0", 10)};
+  for (const std::string& content : broken) {
+    const TestDirectory directory;
+    const std::string path = directory.write("o.conf", content);
+    LinuxPreferences preferences(path);
+    EXPECT_EQ(readFile(path), content) << "reading changes nothing";
+    preferences.setText("processSortMode", "average");
+    EXPECT_EQ(readFile(path + ".corrupt"), content);
+    EXPECT_EQ(LinuxPreferences(path).text("processSortMode"), "average");
+  }
+}
+
+TEST(Preferences, aFileThatCannotBeWrittenDoesNoHarm) {
+  const TestDirectory directory;
+  const std::string blocked = directory.write("file", "x") + "/o.conf";
+  LinuxPreferences preferences(blocked);
+  preferences.setBoolean("hasLaunchedBefore", true);
+  EXPECT_EQ(preferences.boolean("hasLaunchedBefore"), true) << "for this run";
+  EXPECT_EQ(readFile(directory.path("file")), "x");
+}
+
+TEST(Preferences, defaultPathFollowsTheEnvironment) {
+  const ScopedEnvironment home("XDG_CONFIG_HOME", "/some/where");
+  EXPECT_EQ(LinuxPreferences::defaultPath(), "/some/where/orvane/orvane.conf");
+}
+
+}  // namespace
+}  // namespace orvane

@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "platform/linux/single_instance.h"
+#include "platform/linux/termination_signals.h"
+#include "tests/unit/test_bus.h"
+
+namespace orvane {
+namespace {
+
+std::string uniqueSession(const char* name) {
+  return name + std::to_string(::getpid());
+}
+
+TEST(SingleInstance, ALaterInstanceHandsOverToTheFirst) {
+  const std::string session = uniqueSession("hand-over");
+  int requests = 0;
+  {
+    SingleInstance first(session);
+    ASSERT_FALSE(first.handOver());
+    first.listen([&requests] { ++requests; });
+    EXPECT_TRUE(SingleInstance(session).handOver());
+    EXPECT_TRUE(SingleInstance(session).handOver());
+    EXPECT_TRUE(waitUntil([&] { return requests == 2; }));
+    EXPECT_FALSE(SingleInstance(uniqueSession("another desktop")).handOver());
+  }
+  EXPECT_FALSE(SingleInstance(session).handOver()) << "the first is gone";
+}
+
+// Before its event loop runs, the first instance must not hold up the second.
+TEST(SingleInstance, ARequestDuringTheStartIsKept) {
+  const std::string session = uniqueSession("early");
+  SingleInstance first(session);
+  ASSERT_FALSE(first.handOver());
+  EXPECT_TRUE(SingleInstance(session).handOver());
+  int requests = 0;
+  first.listen([&requests] { ++requests; });
+  EXPECT_TRUE(waitUntil([&] { return requests == 1; }));
+}
+
+TEST(TerminationSignals, BecomeCallsFromTheEventLoop) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    int calls = 0;
+    const TerminationSignals signals([&calls] { ++calls; });
+    ::raise(signal);
+    EXPECT_EQ(calls, 0) << "not inside the signal handler";
+    EXPECT_TRUE(waitUntil([&] { return calls == 1; })) << signal;
+  }
+}
+
+TEST(TerminationSignals, MeanTheUsualWhenNobodyHandlesThem) {
+  {
+    const TerminationSignals signals([] {});
+  }
+  EXPECT_EXIT(::raise(SIGTERM), testing::KilledBySignal(SIGTERM), "");
+}
+
+}  // namespace
+}  // namespace orvane

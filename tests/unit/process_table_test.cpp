@@ -1,0 +1,168 @@
+// The table of processes on a made-up /proc: what no test can have for real at will.
+#include "platform/linux/process_table.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace orvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProcessTableTest : public testing::Test {
+ protected:
+  ProcessTableTest() { fs::create_directories(root_); }
+  ~ProcessTableTest() override { fs::remove_all(root_); }
+
+  struct Figures {
+    int parent = 1;
+    char state = 'S';
+    int startTime = 500;
+    int virtualSize = 8192;
+    int threads = 3;
+    std::string command = "prog";
+    int resident = 10;
+    int size = 2;
+  };
+
+  void write(int pid, const Figures& figures) const {
+    const fs::path folder = root_ / std::to_string(pid);
+    fs::create_directories(folder);
+    std::ofstream(folder / "stat")
+        << pid << " (" << figures.command << ") " << figures.state << ' ' << figures.parent
+        << " 1 1 0 -1 4194304 0 0 0 0 0 0 0 0 20 0 " << figures.threads << " 0 "
+        << figures.startTime << ' ' << figures.virtualSize << ' ' << figures.resident
+        << " 0 4096 0 0\n";
+    std::ofstream(folder / "statm") << figures.size << ' ' << figures.resident << " 4 1 0 1 0\n";
+  }
+
+  /// As the kernel does it: the folder of a new process is another one.
+  void replace(int pid, const Figures& figures) const {
+    fs::rename(root_ / std::to_string(pid), root_ / ("old" + std::to_string(pid)));
+    write(pid, figures);
+  }
+
+  [[nodiscard]] ProcessTable table(std::size_t heldDescriptors = 1000) const {
+    return ProcessTable(
+        {.root = root_.string(), .user = ::getuid(), .heldDescriptors = heldDescriptors});
+  }
+
+  static std::vector<int> pids(ProcessTable& table) {
+    std::vector<int> result;
+    for (const auto& [pid, process] : table.processes()) result.push_back(pid);
+    return result;
+  }
+
+  fs::path root_ = fs::temp_directory_path() / ("orvane-proc-" + std::to_string(::getpid()));
+};
+
+using Pids = std::vector<int>;
+
+TEST_F(ProcessTableTest, KeepsTheUsersLivingProcessesOnly) {
+  write(2, {.parent = 0});
+  write(30, {.parent = 2});
+  write(40, {});
+  write(41, {.state = 'Z'});
+  write(42, {.virtualSize = 0});
+  fs::create_directories(root_ / "43");  // gone between the listing and the reading
+  fs::create_directories(root_ / "self");
+  std::ofstream(root_ / "meminfo") << "MemTotal: 1 kB\n";
+  auto table = this->table();
+  table.update();
+  ASSERT_EQ(pids(table), Pids{40});
+  const Process& process = table.processes().at(40);
+  const auto page = static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
+  EXPECT_EQ(process.residentSize, 10 * page);
+  EXPECT_EQ(process.sharedSize, 4 * page);
+  EXPECT_EQ(process.virtualSize, 2 * page);
+  EXPECT_EQ(process.threads, 3);
+  EXPECT_TRUE(table.structureChanged());
+}
+
+TEST_F(ProcessTableTest, OthersProcessesAreNoCandidates) {
+  if (::getuid() != 0) GTEST_SKIP() << "only root can make a folder of another user";
+  write(40, {});
+  write(41, {});
+  ASSERT_EQ(::chown((root_ / "41").c_str(), 65534, 65534), 0);
+  auto table = this->table();
+  for (int i = 0; i < 5; ++i) table.update();
+  EXPECT_EQ(pids(table), Pids{40});
+  // It becomes the user's (a login does that); some later update notices.
+  ASSERT_EQ(::chown((root_ / "41").c_str(), 0, 0), 0);
+  for (int i = 0; i < 20; ++i) table.update();
+  EXPECT_EQ(pids(table), (Pids{40, 41}));
+}
+
+TEST_F(ProcessTableTest, AReusedPidIsAnotherProcess) {
+  for (const std::size_t held : {1000u, 0u}) {
+    write(40, {});
+    auto table = this->table(held);
+    table.update();
+    table.processes().at(40).needsEvidence = false;
+    table.processes().at(40).evidence.name = "first";
+    replace(40, {.startTime = 900, .resident = 77});
+    table.update();
+    ASSERT_EQ(pids(table), Pids{40});
+    EXPECT_EQ(table.processes().at(40).startTime, 900u);
+    EXPECT_EQ(table.processes().at(40).evidence.name, "");
+    EXPECT_TRUE(table.processes().at(40).needsEvidence);
+    EXPECT_TRUE(table.structureChanged());
+    fs::remove_all(root_ / "40");
+    fs::remove_all(root_ / "old40");
+    table.update();
+    EXPECT_EQ(pids(table), Pids{});
+  }
+}
+
+TEST_F(ProcessTableTest, AsksForEvidenceWhileYoungAndAfterAnotherProgramStarted) {
+  write(40, {});
+  auto table = this->table();
+  for (int update = 1; update <= 6; ++update) {
+    table.update();
+    bool& needed = table.processes().at(40).needsEvidence;
+    EXPECT_EQ(needed, update <= 3) << update;
+    needed = false;
+  }
+  EXPECT_FALSE(table.structureChanged());
+  write(40, {.command = "other", .size = 3});
+  table.update();
+  EXPECT_TRUE(table.processes().at(40).needsEvidence);
+}
+
+TEST_F(ProcessTableTest, WorksWithoutDescriptorsToSpare) {
+  for (int pid = 40; pid < 60; ++pid) write(pid, {});
+  auto table = this->table(10);
+  table.update();
+  EXPECT_EQ(table.processes().size(), 20u);
+  for (int pid = 40; pid < 60; ++pid) write(pid, {.resident = 11});
+  table.update();
+  const auto page = static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
+  for (const auto& [pid, process] : table.processes()) {
+    EXPECT_EQ(process.residentSize, 11 * page) << pid;
+  }
+}
+
+TEST_F(ProcessTableTest, ChildrenOfAnEndedProcessHaveAnotherParentAtOnce) {
+  write(40, {});
+  write(41, {.parent = 40});
+  auto table = this->table();
+  for (int i = 0; i < 8; ++i) table.update();
+  fs::remove_all(root_ / "40");
+  write(41, {.parent = 7});
+  table.update();
+  EXPECT_EQ(table.processes().at(41).parent, 7);
+}
+
+TEST_F(ProcessTableTest, AMissingDirectoryHasNoProcesses) {
+  ProcessTable table({.root = (root_ / "none").string(), .user = ::getuid(), .heldDescriptors = 9});
+  table.update();
+  EXPECT_TRUE(table.processes().empty());
+  EXPECT_FALSE(table.executablePath(1));
+}
+
+}  // namespace
+}  // namespace orvane

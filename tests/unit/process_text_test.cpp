@@ -1,0 +1,216 @@
+// The texts of /proc that tell what a process is.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/linux/process_command.h"
+#include "platform/linux/process_stat.h"
+#include "platform/linux/systemd_unit.h"
+
+namespace orvane {
+namespace {
+
+using namespace std::string_literals;
+
+const std::string statTail =
+    " S 10 12 13 34816 -1 4194304 77 1 0 0 8 2 0 0 20 -5 6 0 31337 11460608 999"
+    " 18446744073709551615 94126336675840 94126336700000 140729 0 0 0 65536 3686404 1266761467"
+    " 1 0 0 17 0 0 0 0 0 0 94126336 94126337 94126338 1407 1408 1409 1410 0\n";
+
+TEST(ProcessStat, ReadsFieldsWhateverTheCommandIsCalled) {
+  for (const auto& command : {"bash"s, "a) S (b"s, "two\nlines"s, ") "s, ""s, "(sd-pam)"s}) {
+    const std::string text = "4711 (" + command + ")" + statTail;
+    const auto stat = parseProcessStat(text);
+    ASSERT_TRUE(stat) << command;
+    EXPECT_EQ(stat->command, command);
+    EXPECT_EQ(stat->pid, 4711);
+    EXPECT_EQ(stat->parent, 10);
+    EXPECT_EQ(stat->processGroup, 12);
+    EXPECT_EQ(stat->session, 13);
+    EXPECT_EQ(stat->threads, 6);
+    EXPECT_EQ(stat->startTime, 31337u);
+    EXPECT_EQ(stat->virtualSize, 11460608u);
+    EXPECT_EQ(stat->residentPages, 999u);
+    EXPECT_EQ(stat->startCode, 94126336675840u);
+    EXPECT_FALSE(stat->isZombie());
+    EXPECT_FALSE(stat->isKernelThread());
+  }
+}
+
+TEST(ProcessStat, TellsExitedProcessesAndKernelThreads) {
+  EXPECT_TRUE(
+      parseProcessStat("9 (x) Z 1 9 9 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0")->isZombie());
+  const auto kernel = [](const std::string& head, const std::string& flags) {
+    return parseProcessStat(head + " 0 0 0 -1 " + flags + " 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0")
+        ->isKernelThread();
+  };
+  EXPECT_TRUE(kernel("2 (kthreadd) S 0", "0"));
+  EXPECT_TRUE(kernel("40 (kworker/u8:0+ev) I 2", "0"));
+  EXPECT_TRUE(kernel("40 (adopted) I 1", "2129984"));
+  EXPECT_FALSE(kernel("40 (program) S 1", "4194304"));
+}
+
+TEST(ProcessStat, RefusesWhatIsNoStat) {
+  const std::string whole = "4711 (bash)" + statTail;
+  EXPECT_FALSE(parseProcessStat(whole.substr(0, 70)));
+  for (const char* text :
+       {"", "4711", "4711 (bash", "4711 (bash)", "4711 (bash) ", ") (", "x (y) S",
+        "0 (bash) S 1 1 1 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0"}) {
+    EXPECT_FALSE(parseProcessStat(text)) << text;
+  }
+}
+
+TEST(ProcessPages, ReadsSizes) {
+  EXPECT_EQ(parseProcessPages("2798 903 811 211 0 112 0\n"),
+            (ProcessPages{.size = 2798, .resident = 903, .shared = 811, .text = 211}));
+  EXPECT_EQ(parseProcessPages("0 0 0 0 0 0 0\n"), ProcessPages{});
+  EXPECT_FALSE(parseProcessPages("2798 903"));
+  EXPECT_FALSE(parseProcessPages("a b c d"));
+  EXPECT_FALSE(parseProcessPages(""));
+}
+
+TEST(SystemdUnit, FindsApplicationsAndServices) {
+  const std::string user = "/user.slice/user-1000.slice/user@1000.service";
+  const struct {
+    std::string path, id, unit;
+    bool application;
+  } cases[] = {
+      {"/app.slice/app-gnome-org.example.My\\x2dApp-1234.scope", "org.example.My-App", "", true},
+      {"/app.slice/app-org.kde.konsole-5a2f.scope/tab(88).scope", "org.kde.konsole",
+       "/app.slice/app-org.kde.konsole-5a2f.scope", true},
+      {"/app.slice/app-org.kde.korgac@autostart.service", "org.kde.korgac", "", true},
+      {"/app.slice/app-gnome-at\\x2dspi@autostart.service", "at-spi", "", true},
+      {"/app.slice/app-firefox@0f3a.service", "firefox", "", true},
+      {"/app.slice/app-flatpak-org.gimp.GIMP-2342.scope", "org.gimp.GIMP", "", true},
+      {"/app.slice/snap.code.code.5d7a52c4-1d1c-4ae9-9d4e-0123456789ab.scope", "code_code", "",
+       true},
+      {"/app.slice/snap.gtk.editor-5d7a52c4-1d1c-4ae9-9d4e-0123456789ab.scope", "gtk_editor", "",
+       true},
+      {"/app.slice/app-org.gnome.Terminal.slice/gnome-terminal-server.service",
+       "org.gnome.Terminal", "", true},
+      {"/app.slice/dbus-:1.2-org.gnome.Maps@0.service", "org.gnome.Maps", "", false},
+      {"/session.slice/org.gnome.Shell@wayland.service", "org.gnome.Shell", "", false},
+      {"/session.slice/pipewire.service", "pipewire", "", false},
+  };
+  for (const auto& expected : cases) {
+    const auto unit = parseControlGroup("0::" + user + expected.path + "\n");
+    ASSERT_TRUE(unit) << expected.path;
+    EXPECT_EQ(unit->id, expected.id);
+    EXPECT_EQ(unit->application, expected.application) << expected.path;
+    EXPECT_EQ(unit->path, user + (expected.unit.empty() ? expected.path : expected.unit));
+  }
+}
+
+TEST(SystemdUnit, LeavesMixedGroupsAlone) {
+  for (const char* path :
+       {"/", "/user.slice/user-1000.slice/session-2.scope", "/../..", "",
+        "/user.slice/user-1000.slice/user@1000.service/init.scope",
+        "/user.slice/user-1000.slice/user@1000.service/app.slice/run-u42.scope",
+        "/user.slice/user-1000.slice/user@1000.service/app.slice/app-org.gnome.Terminal.slice/"
+        "vte-spawn-0e2f.scope"}) {
+    EXPECT_FALSE(parseControlGroup("0::"s + path + "\n")) << path;
+  }
+  EXPECT_FALSE(parseControlGroup(""));
+  EXPECT_FALSE(parseControlGroup("nonsense\n1:\n"));
+}
+
+TEST(SystemdUnit, UnderstandsBothVersionsAtOnce) {
+  const std::string scope = "/user.slice/app-x-org.a.B-1.scope";
+  const std::string controllers =
+      "12:memory:/user.slice/app-x-org.wrong.One-1.scope\n11:cpu,cpuacct:/\n";
+  EXPECT_EQ(parseControlGroup(controllers + "1:name=systemd:" + scope + "\n0::/\n")->id, "org.a.B");
+  EXPECT_EQ(parseControlGroup(controllers + "1:name=systemd:/\n0::" + scope + "\n")->id, "org.a.B");
+  EXPECT_FALSE(parseControlGroup(controllers + "1:name=systemd:/\n0::/\n"));
+}
+
+TEST(LaunchedDesktopFile, CountsOnlyForTheLaunchedProcess) {
+  const auto environment = [](const std::string& pid) {
+    return "HOME=/root\0GIO_LAUNCHED_DESKTOP_FILE=/usr/share/applications/a.desktop\0"s +
+           "GIO_LAUNCHED_DESKTOP_FILE_PID=" + pid + "\0LANG=C\0"s;
+  };
+  EXPECT_EQ(parseLaunchedDesktopFile(environment("77"), 77), "/usr/share/applications/a.desktop");
+  EXPECT_FALSE(parseLaunchedDesktopFile(environment("76"), 77));
+  EXPECT_FALSE(parseLaunchedDesktopFile(environment("77x"), 77));
+  EXPECT_FALSE(parseLaunchedDesktopFile("GIO_LAUNCHED_DESKTOP_FILE=/a.desktop", 77));
+  EXPECT_FALSE(parseLaunchedDesktopFile("", 77));
+}
+
+TEST(ExecLine, GivesTheArguments) {
+  using Arguments = std::vector<std::string>;
+  EXPECT_EQ(parseExecLine("firefox %u"), (Arguments{"firefox"}));
+  EXPECT_EQ(parseExecLine("\"/opt/My App/run\"  --title=\"a \\\"b\\\"\" %F"),
+            (Arguments{"/opt/My App/run", "--title=a \"b\""}));
+  EXPECT_EQ(parseExecLine("env LANG=C GDK_BACKEND=x11 gimp-2.10 %U"), (Arguments{"gimp-2.10"}));
+  for (const char* line : {"", "  ", "%U", "\"open", "env A=b"}) {
+    EXPECT_FALSE(parseExecLine(line)) << line;
+  }
+}
+
+TEST(ProcessCommand, TellsWhatRuns) {
+  const struct {
+    std::string executable;
+    std::vector<std::string> arguments;
+    std::string name, path;
+    ProcessRole role;
+  } cases[] = {
+      {"/usr/bin/galculator",
+       {"galculator"},
+       "galculator",
+       "/usr/bin/galculator",
+       ProcessRole::program},
+      {"", {"agent"}, "kernel name", "", ProcessRole::program},
+      {"/memfd:sealed", {"x"}, "kernel name", "/memfd:sealed", ProcessRole::program},
+      {"/usr/bin/dash",
+       {"/bin/sh", "-e", "/usr/bin/app"},
+       "app",
+       "/usr/bin/app",
+       ProcessRole::wrapper},
+      {"/usr/bin/bash",
+       {"bash", "-c", "exec/gimp --new; true"},
+       "gimp",
+       "exec/gimp",
+       ProcessRole::wrapper},
+      {"/usr/bin/bash", {"-bash"}, "bash", "", ProcessRole::shell},
+      {"/usr/bin/zsh", {"zsh", "-i"}, "zsh", "", ProcessRole::shell},
+      {"/usr/bin/python3.11",
+       {"python3", "-u", "/usr/bin/meld"},
+       "meld",
+       "/usr/bin/meld",
+       ProcessRole::program},
+      {"/usr/bin/python3.11",
+       {"python3", "-m", "http.server"},
+       "http.server",
+       "http.server",
+       ProcessRole::program},
+      {"/usr/bin/pythonista",
+       {"pythonista", "x"},
+       "pythonista",
+       "/usr/bin/pythonista",
+       ProcessRole::program},
+      {"/usr/bin/bwrap",
+       {"bwrap", "--args", "3", "app"},
+       "bwrap",
+       "/usr/bin/bwrap",
+       ProcessRole::wrapper},
+      {"/usr/bin/xfce4-session",
+       {"xfce4-session"},
+       "xfce4-session",
+       "/usr/bin/xfce4-session",
+       ProcessRole::sessionRoot},
+      {"/usr/bin/dash",
+       {"sh", "/usr/bin/startx"},
+       "startx",
+       "/usr/bin/startx",
+       ProcessRole::sessionRoot},
+  };
+  for (const auto& expected : cases) {
+    const auto command = processCommand(expected.executable, expected.arguments, "kernel name");
+    EXPECT_EQ(command.name, expected.name);
+    EXPECT_EQ(command.path, expected.path) << expected.name;
+    EXPECT_EQ(command.role, expected.role) << expected.name;
+  }
+  EXPECT_EQ(parseCommandLine("a\0b c\0\0"s), (std::vector<std::string>{"a", "b c", ""}));
+}
+
+}  // namespace
+}  // namespace orvane

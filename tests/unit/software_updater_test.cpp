@@ -1,0 +1,235 @@
+#include <gtest/gtest.h>
+
+#include <QtNetwork/QSslCertificate>
+#include <QtNetwork/QSslConfiguration>
+#include <QtNetwork/QSslKey>
+#include <QtNetwork/QSslServer>
+#include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
+
+#include "platform/linux/linux_software_updater.h"
+#include "tests/unit/appcast_fixture.h"
+#include "tests/unit/event_wait.h"
+
+namespace orvane {
+namespace {
+
+QByteArray redirectTo(const QByteArray& location) {
+  return "HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + location + "\r\n\r\n";
+}
+
+QByteArray ok(const QByteArray& body, qsizetype announced) {
+  return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(announced) + "\r\n\r\n" + body;
+}
+
+/// Answers each request by its path, then closes the connection.
+class FeedServer {
+ public:
+  explicit FeedServer(std::unique_ptr<QTcpServer> server = std::make_unique<QTcpServer>())
+      : server_(std::move(server)) {
+    server_->listen(QHostAddress::LocalHost);
+    QObject::connect(server_.get(), &QTcpServer::pendingConnectionAvailable, server_.get(), [this] {
+      while (QTcpSocket* socket = server_->nextPendingConnection()) serve(socket);
+    });
+  }
+
+  [[nodiscard]] std::string url(const std::string& scheme, const std::string& path) const {
+    return scheme + "://127.0.0.1:" + std::to_string(server_->serverPort()) + path;
+  }
+
+  int requests = 0;
+  qint64 streamed = 0;
+  bool streamEnded = false;
+
+ private:
+  void serve(QTcpSocket* socket) {
+    QObject::connect(socket, &QTcpSocket::readyRead, server_.get(), [this, socket] {
+      const QByteArray request = socket->readAll();
+      if (!request.startsWith("GET ")) return;
+      ++requests;
+      answer(socket, request.split(' ')[1]);
+    });
+  }
+
+  void answer(QTcpSocket* socket, const QByteArray& path) {
+    if (path == "/hang") return;
+    if (path == "/stream") return stream(socket);
+    socket->write(bytesFor(path));
+    socket->disconnectFromHost();
+  }
+
+  /// Without an end, as fast as the client takes it.
+  void stream(QTcpSocket* socket) {
+    socket->write("HTTP/1.1 200 OK\r\n\r\n<rss><channel>");
+    const auto more = [this, socket] {
+      if (socket->bytesToWrite() < 65536) streamed += socket->write(QByteArray(65536, ' '));
+    };
+    QObject::connect(socket, &QTcpSocket::bytesWritten, server_.get(), more);
+    QObject::connect(socket, &QTcpSocket::disconnected, server_.get(),
+                     [this] { streamEnded = true; });
+    more();
+  }
+
+  static QByteArray bytesFor(const QByteArray& path) {
+    const QByteArray newer = appcastFixture(QStringLiteral("newer.xml"));
+    if (path == "/404") return "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n";
+    if (path == "/truncated") return ok(newer.first(300), newer.size());
+    if (path == "/unmarked-end") return "HTTP/1.1 200 OK\r\n\r\n" + newer.first(300);
+    if (path == "/lying") return ok(newer, 300);
+    if (path == "/announced") return ok(newer, 1024 * 1024 + 1);
+    if (path == "/not-xml") return ok("Hello", 5);
+    if (path == "/empty-feed") return ok("<rss><channel/></rss>", 21);
+    if (path == "/loop") return redirectTo("/loop");
+    if (path == "/outward") return redirectTo("http://192.0.2.1/newer.xml");
+    if (path == "/file") return redirectTo("file:///etc/hostname");
+    if (path.startsWith("/hops/")) {
+      const int left = path.mid(6).toInt();
+      return redirectTo(left == 1 ? "/newer.xml" : "/hops/" + QByteArray::number(left - 1));
+    }
+    const QByteArray body = appcastFixture(QString::fromLatin1(path.mid(1)));
+    return ok(body, body.size());
+  }
+
+  std::unique_ptr<QTcpServer> server_;
+};
+
+/// The result of one check in words: "newest 1.9", "offer 1.10.0", "package manager" or the error.
+std::string check(const std::string& feed,
+                  std::chrono::milliseconds time = std::chrono::seconds(8)) {
+  DownloadLimits limits;
+  limits.time = time;
+  LinuxSoftwareUpdater updater({feed, "1.9.0"}, limits);
+  std::string words;
+  bool returned = false;
+  updater.checkForUpdates([&](const UpdateResult& result) {
+    EXPECT_TRUE(returned) << "called inside checkForUpdates";
+    EXPECT_EQ(words, "") << "called twice";
+    if (const auto* none = std::get_if<UpdateNotNeeded>(&result))
+      words = "newest " + none->newestVersion;
+    if (const auto* offer = std::get_if<UpdateOffer>(&result)) words = "offer " + offer->version;
+    if (std::holds_alternative<UpdateByPackageManager>(result)) words = "package manager";
+    if (const auto* error = std::get_if<UpdateError>(&result)) words = error->message;
+  });
+  returned = true;
+  EXPECT_TRUE(waitUntil([&] { return !words.empty(); })) << feed;
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  return words;
+}
+
+TEST(SoftwareUpdater, ReadsTheOfferWhole) {
+  const auto result = judgeFeed(appcastFixture(QStringLiteral("newer.xml")), "1.9.0");
+  const auto* offer = std::get_if<UpdateOffer>(&result);
+  ASSERT_NE(offer, nullptr);
+  EXPECT_EQ(offer->version, "1.10.0");
+  EXPECT_EQ(offer->downloadBytes, 4194304U);
+  EXPECT_EQ(offer->notes, "What is new\n• Faster & smaller\n• It’s kinder");
+  EXPECT_EQ(offer->downloadPage, "https://orvane.example/download/1.10.0");
+}
+
+TEST(SoftwareUpdater, EveryFeedEndsInOneResult) {
+  const std::string unclear = "The update feed could not be understood.";
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"/newer.xml", "offer 1.10.0"},
+      {"/same.xml", "newest 1.9.0"},
+      {"/older.xml", "newest 1.9.0"},
+      {"/hops/3", "offer 1.10.0"},
+      {"/hops/4", "The update feed was redirected too often."},
+      {"/loop", "The update feed was redirected too often."},
+      {"/outward", "The update feed was redirected to an address that is not secure."},
+      {"/file", "The update feed was redirected to an address that is not secure."},
+      {"/404", "The server of the update feed answered with error 404."},
+      {"/truncated", "The connection ended before the update feed was complete."},
+      {"/unmarked-end", unclear},
+      {"/lying", unclear},
+      {"/not-xml", unclear},
+      {"/entity_bomb.xml", unclear},
+      {"/empty-feed", "The update feed names no version."},
+      {"/announced", "The update feed is larger than it should be."},
+      {"/stream", "The update feed is larger than it should be."}};
+  FeedServer server;
+  for (const auto& [path, words] : cases) {
+    EXPECT_EQ(check(server.url("http", path)), words) << path;
+  }
+  EXPECT_TRUE(waitUntil([&] { return server.streamEnded; }));
+  EXPECT_LT(server.streamed, 16 * 1024 * 1024);
+}
+
+TEST(SoftwareUpdater, GivesUpOnASilentServerInTime) {
+  FeedServer server;
+  EXPECT_EQ(check(server.url("http", "/hang"), std::chrono::milliseconds(300)),
+            "The update feed did not answer in time.");
+}
+
+TEST(SoftwareUpdater, FetchesFromSecureAddressesOnly) {
+  EXPECT_EQ(check(""), "package manager");
+  EXPECT_EQ(check("http://192.0.2.1/newer.xml"),
+            "The address of the update feed is not a secure one.");
+  const std::vector<std::pair<const char*, bool>> cases = {
+      {"https://orvane.example/feed", true},
+      {"http://127.9.8.7:81/", true},
+      {"http://[::1]/", true},
+      {"http://localhost/", true},
+      {"http://orvane.example/", false},
+      {"http://localhost.evil.example/", false},
+      {"http://127.0.0.1.example/", false},
+      {"https://user@orvane.example/", false},
+      {"ftp://127.0.0.1/", false},
+      {"file:///etc/hostname", false},
+      {"https:///feed", false},
+      {"feed", false}};
+  for (const auto& [url, fetchable] : cases) {
+    EXPECT_EQ(isFetchable(QUrl(QString::fromLatin1(url))), fetchable) << url;
+  }
+}
+
+TEST(SoftwareUpdater, TrustsNoCertificateOfItsOwnMaking) {
+  const QByteArray pem = appcastFixture(QStringLiteral("self_signed.pem"));
+  auto configuration = QSslConfiguration::defaultConfiguration();
+  configuration.setLocalCertificate(QSslCertificate(pem));
+  configuration.setPrivateKey(QSslKey(pem, QSsl::Ec));
+  auto secure = std::make_unique<QSslServer>();
+  secure->setSslConfiguration(configuration);
+  FeedServer server(std::move(secure));
+  EXPECT_EQ(check(server.url("https", "/newer.xml")),
+            "The update feed could not be reached over a secure connection.");
+  EXPECT_EQ(server.requests, 0);
+
+  QTcpServer closed;
+  closed.listen(QHostAddress::LocalHost);
+  const std::string nobody = "https://127.0.0.1:" + std::to_string(closed.serverPort()) + "/";
+  closed.close();
+  EXPECT_EQ(check(nobody),
+            "The update feed could not be reached. Please check your network connection.");
+}
+
+TEST(SoftwareUpdater, ACancelledCheckStaysSilentAndANewOneReplacesIt) {
+  FeedServer server;
+  int cancelled = 0;
+  int finished = 0;
+  const auto count = [](int& counter) { return [&counter](const UpdateResult&) { ++counter; }; };
+  LinuxSoftwareUpdater replaced({server.url("http", "/newer.xml"), "1.9"});
+  replaced.checkForUpdates(count(cancelled));
+  replaced.checkForUpdates(count(finished));
+  LinuxSoftwareUpdater stopped({server.url("http", "/hang"), "1.9"});
+  stopped.checkForUpdates(count(cancelled));
+  ASSERT_TRUE(waitUntil([&] { return server.requests == 2; }));
+  stopped.cancel();
+  std::make_unique<LinuxSoftwareUpdater>(UpdateSettings{})->checkForUpdates(count(cancelled));
+  // The handler may start the next check, and may end the updater.
+  auto chained = std::make_unique<LinuxSoftwareUpdater>(
+      UpdateSettings{server.url("http", "/newer.xml"), "1.9"});
+  chained->checkForUpdates([&](const UpdateResult&) {
+    chained->checkForUpdates([&](const UpdateResult&) {
+      chained.reset();
+      ++finished;
+    });
+  });
+  EXPECT_TRUE(waitUntil([&] { return finished == 2; }));
+  const QDeadlineTimer quiet(200);
+  waitUntil([&] { return quiet.hasExpired(); });
+  EXPECT_EQ(cancelled, 0);
+  EXPECT_EQ(finished, 2);
+}
+
+}  // namespace
+}  // namespace orvane

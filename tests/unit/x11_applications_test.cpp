@@ -1,0 +1,157 @@
+// Applications with windows, on an X server and a window manager of the test's own.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <optional>
+
+#include "platform/linux/linux_applications.h"
+#include "platform/linux/x11_windows.h"
+#include "tests/unit/child_process.h"
+
+namespace orvane {
+namespace {
+
+namespace fs = std::filesystem;
+using Environment = std::vector<std::pair<std::string, std::string>>;
+
+/// An X server on a free display, with a window manager.
+class Desktop {
+ public:
+  Desktop() {
+    std::array<int, 2> answer{};
+    if (::pipe(answer.data()) != 0) return;
+    const FileDescriptor reader(answer[0]);
+    {
+      const FileDescriptor writer(answer[1]);
+      server_.emplace(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(writer.get()),
+                                               "-nolisten", "tcp", "-screen", "0", "800x600x24"});
+    }
+    std::string number;
+    char digit = 0;
+    while (::read(reader.get(), &digit, 1) == 1 && digit != '\n') number += digit;
+    display_ = ":" + number;
+    // Windows shown while the window manager starts can stay unmanaged.
+    const fs::path started = fs::temp_directory_path() / ("openbox-" + std::to_string(::getpid()));
+    manager_.emplace(std::vector<std::string>{"openbox", "--startup", "touch " + started.string()},
+                     environment());
+    EXPECT_TRUE(eventually([&] { return fs::remove(started); }));
+  }
+
+  [[nodiscard]] Environment environment() const {
+    return {{"DISPLAY", display_}, {"XDG_SESSION_TYPE", "x11"}, {"LC_ALL", "C.UTF-8"}};
+  }
+  [[nodiscard]] const std::string& display() const { return display_; }
+  void endServer() { server_.reset(); }
+
+ private:
+  std::string display_;
+  std::optional<ChildProcess> server_;
+  std::optional<ChildProcess> manager_;
+};
+
+class X11ApplicationsTest : public testing::Test {
+ protected:
+  std::optional<RunningApplication> ledBy(pid_t pid) {
+    for (auto& application : applications_.runningApplications()) {
+      if (application.processIdentifier == pid) return application;
+    }
+    return {};
+  }
+
+  /// Waits until the process leads an application with a window.
+  std::optional<RunningApplication> awaitRegular(pid_t pid) {
+    std::optional<RunningApplication> application;
+    eventually([&] {
+      application = ledBy(pid);
+      return application && application->activationPolicy == ActivationPolicy::regular;
+    });
+    return application;
+  }
+
+  Desktop desktop_;
+  LinuxApplications applications_{{.display = desktop_.display(),
+                                   .applicationDirectories = {"/usr/share/applications"},
+                                   .descriptorLimit = 4000}};
+};
+
+TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntries) {
+  const ChildProcess terminal({"xterm"}, desktop_.environment());
+  const ChildProcess editor({"mousepad"}, desktop_.environment());
+  const ChildProcess calculator({"galculator"}, desktop_.environment());
+  const struct {
+    pid_t pid;
+    std::string name, icon;
+  } expected[] = {{terminal.pid(), "XTerm", "mini.xterm"},
+                  {editor.pid(), "Mousepad", "org.xfce.mousepad"},
+                  {calculator.pid(), "Galculator", "galculator"}};
+  for (const auto& application : expected) {
+    const auto found = awaitRegular(application.pid);
+    ASSERT_TRUE(found) << application.name;
+    EXPECT_EQ(found->localizedName, application.name);
+    EXPECT_EQ(found->icon, ApplicationIcon{application.icon});
+    EXPECT_EQ(found->activationPolicy, ActivationPolicy::regular);
+  }
+  EXPECT_TRUE(eventually([&] {
+    return ledBy(terminal.pid()) && applications_.taskFigures(terminal.pid())->threadCount == 2;
+  })) << "the terminal with its shell";
+}
+
+TEST_F(X11ApplicationsTest, AWindowMakesAnApplicationOfAnUnknownProgram) {
+  const fs::path program = fs::temp_directory_path() / ("strange-" + std::to_string(::getpid()));
+  fs::copy_file(fs::canonical("/usr/bin/xterm"), program, fs::copy_options::overwrite_existing);
+  {
+    const ChildProcess child({program.string(), "-class", "Strange"}, desktop_.environment());
+    const auto application = awaitRegular(child.pid());
+    ASSERT_TRUE(application);
+    EXPECT_EQ(application->localizedName, "Strange");
+    EXPECT_FALSE(application->icon);
+  }
+  fs::remove(program);
+}
+
+TEST_F(X11ApplicationsTest, ListsOrdinaryWindowsUntilTheServerIsGone) {
+  X11Windows windows(desktop_.display());
+  const auto has = [](X11Windows& of, const std::string& instance) {
+    of.update();
+    const auto all = of.windows();
+    return std::any_of(all.begin(), all.end(),
+                       [&](const X11Window& window) { return window.instance == instance; });
+  };
+  const ChildProcess first({"xterm", "-name", "ordinary", "-T", "ordinary"},
+                           desktop_.environment());
+  const ChildProcess second({"xterm", "-name", "panel", "-T", "panel"}, desktop_.environment());
+  ASSERT_TRUE(eventually([&] { return has(windows, "ordinary") && has(windows, "panel"); }));
+  EXPECT_EQ(windows.windows().front().className, "XTerm");
+  EXPECT_FALSE(windows.update()) << "nothing changed";
+
+  ChildProcess dock({"xprop", "-name", "panel", "-f", "_NET_WM_WINDOW_TYPE", "32a", "-set",
+                     "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"},
+                    desktop_.environment());
+  ASSERT_TRUE(dock.hasExited());
+  X11Windows later(desktop_.display());
+  ASSERT_TRUE(eventually([&] { return has(later, "ordinary"); }));
+  EXPECT_FALSE(has(later, "panel"));
+
+  ::kill(second.pid(), SIGKILL);
+  EXPECT_TRUE(eventually([&] { return !has(windows, "panel"); }));
+  desktop_.endServer();
+  EXPECT_TRUE(eventually([&] {
+    windows.update();
+    return windows.windows().empty();
+  }));
+  EXPECT_FALSE(windows.update());
+}
+
+TEST(X11Windows, WithoutAServerThereAreNone) {
+  for (const char* display : {"", ":4242", "nonsense"}) {
+    X11Windows windows(display);
+    EXPECT_FALSE(windows.update()) << display;
+    EXPECT_TRUE(windows.windows().empty());
+  }
+}
+
+}  // namespace
+}  // namespace orvane

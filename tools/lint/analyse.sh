@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# The checks that need a finished build (generated headers, QML types): analyse.sh BUILD_DIR
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+build=$1
+
+say() { printf '== lint: %s\n' "$*"; }
+
+say "QML"
+cmake --build "$build" --target all_qmllint
+
+say "static analysis"
+tools/lint/tidy.sh "$build"

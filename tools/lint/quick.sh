@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# The checks that need no build.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+
+say() { printf '== lint: %s\n' "$*"; }
+
+say "formatting"
+tools/lint/sources.sh | xargs -0 clang-format --dry-run -Werror
+
+say "layers and lengths"
+/usr/bin/python3 -m unittest -q tools/lint/test_rules.py
+/usr/bin/python3 tools/lint/check_layers.py .
+/usr/bin/python3 tools/lint/check_lengths.py .
+
+say "shell scripts"
+shellcheck dev .ci/run tools/lint/*.sh bench/program/*.sh
+
+say "desktop entry"
+desktop-file-validate packaging/orvane.desktop

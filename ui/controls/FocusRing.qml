@@ -1,0 +1,10 @@
+import QtQuick
+import Orvane
+
+/// The mark of the control that has the keyboard.
+SmoothRectangle {
+    z: 1
+    radius: 5
+    borderColor: Theme.withOpacity(Theme.blue, 0.7)
+    borderWidth: 2
+}

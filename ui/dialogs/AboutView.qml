@@ -1,0 +1,76 @@
+import QtQuick
+import Orvane
+
+/// What the program is: name, version, licence, what it is built on.
+FocusScope {
+    id: root
+
+    required property MainWindowActions actions
+    required property string version
+    required property string builtOn
+
+    width: 320
+    height: body.height + 48
+    focus: true
+    Accessible.role: Accessible.Dialog
+    Accessible.name: qsTr("About Orvane")
+    Keys.onEscapePressed: root.actions.closeWindow()
+    Keys.onReturnPressed: root.actions.closeWindow()
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.windowBackground
+    }
+
+    Column {
+        id: body
+
+        x: 24
+        y: 24
+        width: root.width - 48
+        spacing: 6
+
+        Image {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 80
+            height: 80
+            sourceSize: Qt.size(80, 80)
+            source: "qrc:/orvane/icons/orvane.svg"
+            Accessible.ignored: true
+        }
+
+        Repeater {
+            model: [
+                {text: qsTr("Orvane"), font: Theme.systemFont(18, Font.DemiBold), strong: true},
+                {text: qsTr("Version %1").arg(root.version), font: Theme.subheadline, strong: false},
+                {text: qsTr("Memory usage at a glance, for the Linux desktop."), font: Theme.subheadline, strong: true},
+                {text: qsTr("Free software under the MIT licence.\nCopyright © 2026 The Orvane team"), font: Theme.caption, strong: false},
+                {text: qsTr("Built on %1").arg(root.builtOn), font: Theme.caption, strong: false}
+            ]
+            delegate: Text {
+                required property var modelData
+
+                width: body.width
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                text: modelData.text
+                textFormat: Text.PlainText
+                font: modelData.font
+                color: modelData.strong ? Theme.label : Theme.secondaryLabel
+            }
+        }
+
+        Item {
+            width: 1
+            height: 6
+        }
+
+        ActionButton {
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: qsTr("OK")
+            fill: Theme.blue
+            textColor: "white"
+            onClicked: root.actions.closeWindow()
+        }
+    }
+}

@@ -1,0 +1,103 @@
+import QtQuick
+import Orvane
+
+/// The large ring: used memory of all memory, and a glow and circling highlights while a boost
+/// runs.
+Item {
+    id: root
+
+    required property real usage  ///< percent
+    required property string usageText
+    required property bool processing
+    readonly property int lineWidth: 18
+
+    implicitWidth: 180
+    implicitHeight: 180
+    Accessible.role: Accessible.StaticText
+    Accessible.name: qsTr("Memory usage: %1").arg(usageText)
+
+    UsageColors {
+        id: usageColors
+
+        usage: root.usage
+        dark: Theme.dark
+    }
+
+    ProcessingMotion {
+        id: motion
+
+        active: root.processing
+        visible: root.visible && root.Window.visibility !== Window.Hidden && root.Window.visibility !== Window.Minimized
+        turnDuration: 1500
+        pulseDuration: 1000
+    }
+
+    GradientArc {
+        anchors.fill: parent
+        lineWidth: root.lineWidth
+        colors: [Theme.gaugeTrack]
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: root.processing
+        sourceComponent: BlurredArc {
+            objectName: "glow"
+            smooth: true
+            lineWidth: 22
+            colors: [Theme.blue, Theme.purple]
+            blurRadius: 8
+            opacity: 0.6 * motion.pulse
+            scale: 1 + 0.1 * motion.pulse
+        }
+    }
+
+    GradientArc {
+        objectName: "usageArc"
+        anchors.fill: parent
+        to: root.usage / 100
+        lineWidth: root.lineWidth
+        roundCaps: true
+        colors: usageColors.gradient
+        startRotation: -90
+
+        Behavior on to {
+            Spring {
+                response: 0.6
+                dampingFraction: 0.7
+            }
+        }
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: root.processing
+        sourceComponent: ProcessingArcs {
+            objectName: "processingArcs"
+            lineWidth: root.lineWidth
+            rotation: motion.rotation
+        }
+    }
+
+    Column {
+        anchors.centerIn: parent
+        spacing: 6
+
+        GradientText {
+            objectName: "percentage"
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.usageText
+            font: Theme.roundedFont(38, Font.Bold)
+            colors: usageColors.text
+        }
+
+        Text {
+            objectName: "caption"
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.processing ? qsTr("Boosting...") : qsTr("Used")
+            font: Theme.systemFont(10, Font.Medium)
+            color: Theme.secondaryLabel
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,53 @@
+import QtQuick
+import Orvane
+
+/// What the main window shows: two tabs. Transparent: it lies on a MainWindowBackground that may
+/// reach further than the view itself.
+FocusScope {
+    id: root
+
+    required property MemoryModel model
+    required property MainWindowActions actions
+    property int selectedTab: 0  ///< 0 = overview, else the list of applications
+    property bool showDetailedView: false
+    readonly property real contentTop: picker.y + picker.height + 12
+
+    width: 440
+    height: 490
+
+    SegmentedPicker {
+        id: picker
+
+        objectName: "tabs"
+        x: 20
+        y: 12
+        width: root.width - 40
+        name: qsTr("View")
+        segments: [qsTr("Overview"), qsTr("Processes")]
+        currentIndex: root.selectedTab
+        onChosen: index => root.selectedTab = index
+    }
+
+    Loader {
+        objectName: "tabContent"
+        anchors.fill: parent
+        anchors.topMargin: root.contentTop
+        active: root.selectedTab === 0
+        sourceComponent: CompactOverviewView {
+            model: root.model
+            showDetailedView: root.showDetailedView
+            onDetailsToggled: root.showDetailedView = !root.showDetailedView
+            onProcessesRequested: root.selectedTab = 1
+        }
+    }
+
+    Loader {
+        anchors.fill: parent
+        anchors.topMargin: root.contentTop
+        active: root.selectedTab !== 0
+        sourceComponent: ProcessesView {
+            model: root.model
+            actions: root.actions
+        }
+    }
+}

@@ -1,0 +1,44 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Orvane
+
+/// A history as a filled line over a grid, with one label beside each grid line, from top to
+/// bottom.
+Item {
+    id: root
+
+    required property list<real> values  ///< oldest first
+    required property real minimum  ///< on the bottom edge
+    required property real maximum  ///< on the top edge
+    required property list<string> gridLabels
+    property real labelSize: 9
+    readonly property real plotWidth: width - 30  ///< the labels have the rest
+
+    HistoryChart {
+        objectName: "chart"
+        width: root.plotWidth
+        height: root.height
+        values: root.values
+        minimum: root.minimum
+        maximum: root.maximum
+        lineColors: [Theme.blue, Theme.purple]
+        areaColors: [Theme.withOpacity(Theme.blue, 0.3), Theme.withOpacity(Theme.purple, 0.1)]
+        gridLines: root.gridLabels.length
+        gridColor: Theme.withOpacity(Theme.gray, 0.2)
+    }
+
+    Repeater {
+        model: root.gridLabels
+
+        Text {
+            required property int index
+            required property string modelData
+
+            x: root.plotWidth + 18 - width / 2
+            y: root.height * index / Math.max(1, root.gridLabels.length - 1) - height / 2
+            text: modelData
+            font: Theme.systemFont(root.labelSize)
+            color: Theme.secondaryLabel
+        }
+    }
+}

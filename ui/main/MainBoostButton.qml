@@ -1,0 +1,56 @@
+import QtQuick
+import Orvane
+
+/// The overview's large button.
+PlainButton {
+    id: root
+
+    name: qsTr("Boost Memory")
+    implicitHeight: label.height + 28
+    focusRadius: 15
+    focusInset: -3
+    opacity: enabled ? 1 : 0.5
+
+    RectangleShadow {
+        anchors.fill: parent
+        radius: 12
+        blurRadius: 10
+        drop: 5
+        color: Theme.withOpacity(Theme.blue, 0.3)
+    }
+
+    SmoothRectangle {
+        anchors.fill: parent
+        radius: 12
+        gradientColors: [Theme.blue, Theme.purple]
+    }
+
+    SmoothRectangle {
+        anchors.fill: parent
+        radius: 12
+        visible: root.enabled && (root.pressedDown || root.containsMouse)
+        color: root.pressedDown ? Qt.rgba(0, 0, 0, 0.15) : Qt.rgba(1, 1, 1, 0.1)
+    }
+
+    Row {
+        id: label
+
+        anchors.centerIn: parent
+        spacing: 10
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "bolt.fill"
+            pointSize: 15
+            color: "white"
+        }
+
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.name
+            font: Theme.systemFont(15, Font.DemiBold)
+            color: "white"
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import Orvane
+
+/// The recent course of memory usage, on a card.
+Item {
+    id: root
+
+    required property MemoryModel model
+
+    implicitHeight: column.height + 24
+    Accessible.role: Accessible.Chart
+    Accessible.name: title.text
+
+    SmoothRectangle {
+        objectName: "chartCard"
+        x: 20
+        width: root.width - 40
+        height: root.height
+        radius: 10
+        color: Theme.material
+
+        Column {
+            id: column
+
+            x: 20
+            y: 12
+            width: parent.width - 40
+            spacing: 8
+
+            Text {
+                id: title
+
+                text: qsTr("Memory Usage History")
+                font: Theme.systemFont(11, Font.Medium)
+                color: Theme.secondaryLabel
+                Accessible.ignored: true
+            }
+
+            HistoryPlot {
+                objectName: "plot"
+                width: parent.width
+                height: 100
+                values: root.model.usageHistory
+                minimum: 0
+                maximum: 100
+                gridLabels: ["100%", "75%", "50%", "25%", "0%"]
+            }
+        }
+    }
+}

@@ -1,0 +1,140 @@
+import QtQuick
+import Orvane
+
+/// The main window's menu bar. F10, or Alt pressed and released alone, moves the keyboard into it;
+/// Escape moves it back to where it was.
+FocusScope {
+    id: root
+
+    required property MainWindowActions actions
+    property Item previousFocus
+
+    function enter() {
+        if (activeFocus) {
+            leave();
+            return;
+        }
+        previousFocus = Window.activeFocusItem;
+        titleAt(0).forceActiveFocus(Qt.MenuBarFocusReason);
+    }
+
+    function leave() {
+        if (previousFocus)
+            previousFocus.forceActiveFocus(Qt.MenuBarFocusReason);
+        previousFocus = null;
+    }
+
+    function titleAt(index: int): MenuBarTitle {
+        return titles.children[index] as MenuBarTitle;
+    }
+
+    function move(from: MenuBarTitle, direction: int) {
+        const count = titles.children.length;
+        for (let i = 0; i < count; ++i) {
+            if (titles.children[i] !== from)
+                continue;
+            const next = titleAt((i + direction + count) % count);
+            next.forceActiveFocus(Qt.MenuBarFocusReason);
+            if (from.wasOpen)
+                next.openMenu();
+            return;
+        }
+    }
+
+    height: 20
+    Accessible.role: Accessible.MenuBar
+    Accessible.name: qsTr("Menu bar")
+    Keys.onEscapePressed: leave()
+
+    AltKeyWatcher {
+        window: root.Window.window
+        onPressedAlone: root.enter()
+    }
+
+    Shortcut {
+        sequence: "F10"
+        onActivated: root.enter()
+    }
+    Shortcut {
+        sequence: "Ctrl+U"
+        onActivated: root.actions.checkForUpdates()
+    }
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: root.actions.quit()
+    }
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: root.actions.closeWindow()
+    }
+    Shortcut {
+        sequence: "Ctrl+M"
+        onActivated: root.actions.minimize()
+    }
+
+    Row {
+        id: titles
+
+        x: 6
+
+        MenuBarTitle {
+            id: program
+
+            name: qsTr("Orvane")
+            isBold: true
+            onMovedSideways: direction => root.move(program, direction)
+
+            MenuEntry {
+                text: qsTr("About Orvane")
+                onTriggered: root.actions.showAbout()
+            }
+            MenuDivider {}
+            MenuEntry {
+                text: qsTr("Check for Updates...")
+                shortcut: "Ctrl+U"
+                onTriggered: root.actions.checkForUpdates()
+            }
+            MenuDivider {}
+            MenuEntry {
+                text: qsTr("Quit Orvane")
+                shortcut: "Ctrl+Q"
+                onTriggered: root.actions.quit()
+            }
+        }
+        MenuBarTitle {
+            id: file
+
+            name: qsTr("File")
+            onMovedSideways: direction => root.move(file, direction)
+
+            MenuEntry {
+                text: qsTr("Close Window")
+                shortcut: "Ctrl+W"
+                onTriggered: root.actions.closeWindow()
+            }
+        }
+        MenuBarTitle {
+            id: window
+
+            name: qsTr("Window")
+            onMovedSideways: direction => root.move(window, direction)
+
+            MenuEntry {
+                text: qsTr("Minimize")
+                shortcut: "Ctrl+M"
+                onTriggered: root.actions.minimize()
+            }
+        }
+        MenuBarTitle {
+            id: help
+
+            name: qsTr("Help")
+            onMovedSideways: direction => root.move(help, direction)
+
+            MenuEntry {
+                text: qsTr("Contact Support")
+                onTriggered: root.actions.contactSupport()
+            }
+        }
+    }
+}

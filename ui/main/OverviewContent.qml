@@ -1,0 +1,143 @@
+import QtQuick
+import Orvane
+
+/// The overview of a sample.
+Item {
+    id: root
+
+    required property MemoryModel model
+    required property bool showDetailedView
+
+    signal detailsToggled
+    signal processesRequested
+
+    /// Shows the end of the details.
+    function scrollToBottom() {
+        area.scrollToBottom(bottomAnchor.y + bottomAnchor.height);
+    }
+
+    ScrollArea {
+        id: area
+
+        objectName: "scrollArea"
+        width: root.width
+        height: bar.y - 1
+        contentHeight: bottomAnchor.y + bottomAnchor.height + 30
+
+        GaugeShadow {
+            anchors.fill: gauge
+            anchors.topMargin: 8
+            anchors.bottomMargin: -8
+            usage: root.model.usagePercentage
+            lineWidth: gauge.lineWidth
+        }
+
+        AnimatedCircularGauge {
+            id: gauge
+
+            objectName: "gauge"
+            x: (root.width - width) / 2
+            y: 30
+            width: 180
+            height: 180
+            usage: root.model.usagePercentage
+            usageText: root.model.percentText
+            processing: root.model.isProcessing
+        }
+
+        Row {
+            id: cards
+
+            readonly property real cardWidth: (width - 2 * spacing) / 3
+
+            objectName: "cards"
+            x: 20
+            y: gauge.y + gauge.height + 20
+            width: root.width - 40
+            spacing: 12
+
+            CompactStatCard {
+                width: cards.cardWidth
+                title: qsTr("Free")
+                value: Format.gigabytes(root.model.availableBytes, 1)
+                valueColor: Theme.green
+            }
+
+            CompactStatCard {
+                width: cards.cardWidth
+                title: qsTr("Used")
+                value: Format.gigabytes(root.model.usedBytes, 1)
+                valueColor: Theme.orange
+            }
+
+            CompactStatCard {
+                width: cards.cardWidth
+                title: qsTr("Total")
+                value: Format.gigabytes(root.model.totalBytes, 1)
+                valueColor: Theme.blue
+            }
+        }
+
+        MainBoostButton {
+            id: boostButton
+
+            objectName: "boostButton"
+            x: 20
+            y: cards.y + cards.height + 20
+            width: root.width - 40
+            enabled: !root.model.isProcessing
+            onClicked: root.model.boostMemory()
+        }
+
+        Loader {
+            id: details
+
+            property real shown: root.showDetailedView ? 1 : 0  ///< 0 closed, 1 open
+
+            objectName: "details"
+            y: boostButton.y + boostButton.height + 20 - (1 - shown) * height
+            z: -1
+            width: root.width
+            active: root.showDetailedView || shown > 0
+            opacity: Math.max(0, Math.min(1, shown))
+            sourceComponent: OverviewDetails {
+                width: root.width
+                model: root.model
+                onProcessesRequested: root.processesRequested()
+            }
+
+            Behavior on shown {
+                Spring {
+                    response: 0.3
+                    dampingFraction: 0.825
+                }
+            }
+        }
+
+        Item {
+            id: bottomAnchor
+
+            objectName: "bottomAnchor"
+            y: boostButton.y + boostButton.height + 20 + details.shown * (details.height > 0 ? details.height + 20 : 0)
+            width: root.width
+            height: 1
+        }
+    }
+
+    Rectangle {
+        anchors.bottom: bar.top
+        width: root.width
+        height: 1
+        color: Theme.divider
+    }
+
+    DetailsToggleBar {
+        id: bar
+
+        objectName: "detailsToggle"
+        anchors.bottom: parent.bottom
+        width: root.width
+        open: root.showDetailedView
+        onClicked: root.detailsToggled()
+    }
+}

@@ -1,0 +1,111 @@
+import QtQuick
+import Orvane
+
+/// Content that scrolls up and down by wheel, touch and Page keys, with an indicator while it
+/// moves or the pointer is on it.
+Flickable {
+    id: root
+
+    /// How far down `contentY` may go.
+    readonly property real furthest: Math.max(0, contentHeight - height)
+
+    /// Scrolls, gently, until the content's point `y` lies on the bottom edge.
+    function scrollToBottom(y) {
+        glideTo(y - height);
+    }
+
+    /// Scrolls, gently, until `item` lies in the middle, as far as the content allows.
+    function scrollToCentre(item) {
+        glideTo(item.mapToItem(contentItem, 0, item.height / 2).y - height / 2);
+    }
+
+    function glideTo(y) {
+        glide.to = onPixel(Math.max(0, Math.min(furthest, y)));
+        glide.restart();
+    }
+
+    /// Scrolls as little as needed to see all of `item`.
+    function reveal(item) {
+        const top = item.mapToItem(contentItem, 0, 0).y;
+        const margin = 8;
+        const wanted = Math.max(Math.min(contentY, top - margin), top + item.height + margin - height);
+        contentY = onPixel(Math.max(0, Math.min(furthest, wanted)));
+    }
+
+    function scrollBy(distance) {
+        glide.stop();
+        contentY = onPixel(Math.max(0, Math.min(furthest, contentY + distance)));
+    }
+
+    function onPixel(y) {
+        return Math.round(y * Screen.devicePixelRatio) / Screen.devicePixelRatio;
+    }
+
+    function contains(item) {
+        for (let ancestor = item; ancestor; ancestor = ancestor.parent)
+            if (ancestor === contentItem)
+                return true;
+        return false;
+    }
+
+    interactive: false
+    clip: true
+    boundsBehavior: Flickable.StopAtBounds
+    onContentYChanged: indicator.show()
+    onContentHeightChanged: if (contentY > furthest)
+        contentY = furthest
+    Keys.onPressed: event => {
+        const distance = {
+            [Qt.Key_PageUp]: -height,
+            [Qt.Key_PageDown]: height
+        }[event.key];
+        event.accepted = distance !== undefined && furthest > 0;
+        if (event.accepted)
+            scrollBy(distance * 0.9);
+    }
+
+    WheelHandler {
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        onWheel: event => root.scrollBy(-(event.pixelDelta.y || event.angleDelta.y / 2))
+    }
+
+    DragHandler {
+        id: drag
+
+        property real last: 0
+
+        acceptedDevices: PointerDevice.TouchScreen
+        target: null
+        onActiveChanged: last = 0
+        onTranslationChanged: {
+            root.scrollBy(last - translation.y);
+            last = translation.y;
+        }
+    }
+
+    Connections {
+        target: root.Window.window
+        function onActiveFocusItemChanged() {
+            const item = root.Window.activeFocusItem;
+            if (item && root.contains(item))
+                root.reveal(item);
+        }
+    }
+
+    NumberAnimation {
+        id: glide
+
+        target: root
+        property: "contentY"
+        duration: 300
+        easing.type: Easing.BezierSpline
+        easing.bezierCurve: Motion.easeInOut
+    }
+
+    ScrollIndicator {
+        id: indicator
+
+        parent: root
+        area: root
+    }
+}

@@ -1,0 +1,106 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Orvane
+
+/// A choice of one of a few words side by side. Keys: Left, Right, Home and End.
+Item {
+    id: root
+
+    required property string name  ///< for assistive technology
+    required property list<string> segments
+    required property int currentIndex
+    readonly property real segmentWidth: (width - 2 * inset) / segments.length
+    readonly property real inset: 2
+
+    /// The user chose another segment.
+    signal chosen(int index)
+
+    function choose(index) {
+        const wanted = Math.max(0, Math.min(segments.length - 1, index));
+        if (wanted !== currentIndex)
+            chosen(wanted);
+    }
+
+    implicitHeight: 24
+    activeFocusOnTab: true
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: name
+    Accessible.focusable: true
+    Keys.onLeftPressed: choose(currentIndex - 1)
+    Keys.onRightPressed: choose(currentIndex + 1)
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        if (event.accepted)
+            choose(event.key === Qt.Key_Home ? 0 : segments.length - 1);
+    }
+
+    SmoothRectangle {
+        anchors.fill: parent
+        radius: 6
+        color: Theme.dark ? Qt.rgba(1, 1, 1, 0.07) : Qt.rgba(0, 0, 0, 0.06)
+    }
+
+    RectangleShadow {
+        anchors.fill: selection
+        radius: selection.radius
+        blurRadius: 2
+        drop: 1
+        color: Qt.rgba(0, 0, 0, Theme.dark ? 0.3 : 0.18)
+    }
+
+    SmoothRectangle {
+        id: selection
+
+        objectName: "selection"
+        x: root.inset + root.currentIndex * root.segmentWidth
+        y: root.inset
+        width: root.segmentWidth
+        height: root.height - 2 * root.inset
+        radius: 5
+        color: Theme.dark ? "#5A5A60" : "#FFFFFF"
+    }
+
+    Repeater {
+        model: root.segments
+
+        Item {
+            id: segment
+
+            required property int index
+            required property string modelData
+            readonly property bool selected: index === root.currentIndex
+
+            x: root.inset + index * root.segmentWidth
+            width: root.segmentWidth
+            height: root.height
+            Accessible.role: Accessible.PageTab
+            Accessible.name: modelData
+            Accessible.selectable: true
+            Accessible.selected: selected
+            Accessible.onPressAction: root.choose(index)
+
+            Text {
+                anchors.centerIn: parent
+                text: segment.modelData
+                font: Theme.systemFont(12, segment.selected ? Font.DemiBold : Font.Normal)
+                color: segment.selected || area.containsMouse ? Theme.label : Theme.secondaryLabel
+                Accessible.ignored: true
+            }
+
+            MouseArea {
+                id: area
+
+                anchors.fill: parent
+                hoverEnabled: true
+                onPressed: root.choose(segment.index)
+            }
+        }
+    }
+
+    FocusRing {
+        anchors.fill: parent
+        anchors.margins: -2
+        radius: 8
+        visible: root.activeFocus
+    }
+}

@@ -1,0 +1,134 @@
+#include "ui/model/memory_model.h"
+
+#include <algorithm>
+
+#include "ui/style/formats.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::size_t topConsumerCount = 3;
+
+}  // namespace
+
+MemoryModel::MemoryModel(std::shared_ptr<MemoryManager> manager) : manager_(std::move(manager)) {
+  managerChanges_ = manager_->observe([this] { scheduleRefresh(); });
+  historyChanges_ = manager_->memoryHistory()->observe([this] { scheduleRefresh(); });
+  processes_.refresh(*manager_);
+}
+
+MemoryModel::~MemoryModel() = default;
+
+void MemoryModel::scheduleRefresh() {
+  if (refreshPending_) return;
+  refreshPending_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (refreshPending_) refresh();
+      },
+      Qt::QueuedConnection);
+}
+
+void MemoryModel::refresh() {
+  refreshPending_ = false;
+  processes_.refresh(*manager_);
+  Q_EMIT changed();
+}
+
+double MemoryModel::usagePercentage() const {
+  return sample().totalMemory() == 0 ? 0.0 : sample().usagePercentage();
+}
+
+QString MemoryModel::usedOfTotalText() const {
+  return gigabytesText(usedBytes(), 1) + QStringLiteral(" / ") + gigabytesText(totalBytes(), 1);
+}
+
+QString MemoryModel::wholePercentText() const {
+  return orvane::wholePercentText(usagePercentage());
+}
+
+QString MemoryModel::percentText() const {
+  return orvane::percentText(usagePercentage(), 1);
+}
+
+QList<double> MemoryModel::usageHistory() const {
+  QList<double> usage;
+  for (const MemoryDataPoint& point : manager_->memoryHistory()->dataPoints()) {
+    usage << point.usedPercentage;
+  }
+  return usage;
+}
+
+MemoryModel::SortMode MemoryModel::sortMode() const {
+  switch (manager_->processSortMode()) {
+    case ProcessSortMode::average:
+      return AverageMemory;
+    case ProcessSortMode::peak:
+      return PeakMemory;
+    case ProcessSortMode::current:
+      break;
+  }
+  return CurrentMemory;
+}
+
+void MemoryModel::setSortMode(SortMode mode) {
+  manager_->setProcessSortMode(mode == AverageMemory ? ProcessSortMode::average
+                               : mode == PeakMemory  ? ProcessSortMode::peak
+                                                     : ProcessSortMode::current);
+}
+
+ProcessRecord MemoryModel::selection() const {
+  return hasSelection() ? ProcessRecord(*manager_->selectedProcess()) : ProcessRecord();
+}
+
+void MemoryModel::setSelection(const ProcessRecord& record) {
+  manager_->setSelectedProcess(record.isValid() ? std::optional(*record.info()) : std::nullopt);
+}
+
+QString MemoryModel::topConsumersText() const {
+  const auto& processes = manager_->topProcesses();
+  if (processes.empty()) return {};
+  const std::size_t count = std::min(topConsumerCount, processes.size());
+  double sum = 0;
+  for (std::size_t i = 0; i < count; ++i) sum += bytes(processes[i].memoryUsage);
+  return QStringLiteral("Top %1 apps use %2 of memory")
+      .arg(count)
+      .arg(orvane::percentText(fraction(sum, usedBytes()) * 100, 1));
+}
+
+void MemoryModel::killProcess(const ProcessRecord& record) {
+  if (record.isValid()) manager_->killProcess(*record.info());
+}
+
+const ProcessMemoryHistory* MemoryModel::historyOf(int pid) const {
+  const auto& histories = manager_->processMemoryHistories();
+  const auto found = histories.find(pid);
+  return found == histories.end() ? nullptr : found->second.get();
+}
+
+QList<double> MemoryModel::processHistory(int pid) const {
+  QList<double> points;
+  if (const auto* history = historyOf(pid)) {
+    for (const auto& point : history->dataPoints()) points << point.memoryMB;
+  }
+  return points;
+}
+
+double MemoryModel::processPeak(int pid) const {
+  const auto* history = historyOf(pid);
+  return history != nullptr ? history->peakMemory() : 0;
+}
+
+double MemoryModel::processMinimum(int pid) const {
+  const auto* history = historyOf(pid);
+  return history != nullptr ? history->minimumMemory() : 0;
+}
+
+double MemoryModel::processAverage(int pid) const {
+  const auto* history = historyOf(pid);
+  return history != nullptr ? history->averageMemory() : 0;
+}
+
+}  // namespace orvane

@@ -1,0 +1,66 @@
+#include "ui/painted/gradient_arc.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <numbers>
+
+#include "ui/painted/unit_gradient.h"
+
+namespace orvane {
+
+void GradientArc::setTo(double value) {
+  if (to_ == value) return;
+  to_ = value;
+  if (isVisibleMove((value - paintedTo_) * std::numbers::pi * width())) {
+    paintedTo_ = value;
+    repaint();
+  }
+  Q_EMIT changed();
+}
+
+QPainterPath GradientArc::path() const {
+  const double from = std::clamp(from_, 0.0, 1.0);
+  const double to = std::clamp(to_, 0.0, 1.0);
+  const QRectF bounds(0, 0, width(), height());
+  QPainterPath path;
+  if (to <= from) return path;
+  if (to - from >= 1) {
+    path.addEllipse(bounds);
+  } else {
+    path.arcMoveTo(bounds, -360 * from);
+    path.arcTo(bounds, -360 * from, -360 * (to - from));
+  }
+  return path;
+}
+
+QTransform GradientArc::turn(int copy) const {
+  const QPointF centre(width() / 2, height() / 2);
+  return QTransform()
+      .translate(centre.x(), centre.y())
+      .rotate(startRotation_ + 360.0 * copy / copies_)
+      .translate(-centre.x(), -centre.y());
+}
+
+QRectF GradientArc::paintedArea() const {
+  const double margin = overhang();
+  QRectF area;
+  for (int i = 0; i < copies_; ++i) area |= turn(i).map(path()).boundingRect();
+  return area.adjusted(-margin, -margin, margin, margin);
+}
+
+void GradientArc::paint(QPainter& painter) const {
+  const QPainterPath arc = path();
+  if (arc.isEmpty() || colors_.isEmpty()) return;
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(
+      QPen(unitGradient(colors_, {0, 0, width(), height()}, gradientStart_, gradientEnd_),
+           lineWidth_, Qt::SolidLine, roundCaps_ ? Qt::RoundCap : Qt::FlatCap));
+  for (int i = 0; i < copies_; ++i) {
+    painter.save();
+    painter.setTransform(turn(i), true);
+    painter.drawPath(arc);
+    painter.restore();
+  }
+}
+
+}  // namespace orvane

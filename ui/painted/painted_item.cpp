@@ -1,0 +1,88 @@
+#include "ui/painted/painted_item.h"
+
+#include <QPainter>
+#include <QQuickWindow>
+#include <QSGImageNode>
+#include <cmath>
+
+namespace orvane {
+
+PaintedItem::PaintedItem(QQuickItem* parent) : QQuickItem(parent) {
+  setFlag(ItemHasContents);
+  setSmooth(false);
+}
+
+bool PaintedItem::isVisibleMove(double points) const {
+  constexpr double smallestStep = 0.25;  // device pixels
+  return window() == nullptr ||
+         std::abs(points) * window()->effectiveDevicePixelRatio() >= smallestStep;
+}
+
+void PaintedItem::repaint() {
+  dirty_ = true;
+  update();
+}
+
+QRectF PaintedItem::paintedArea() const {
+  const double margin = overhang();
+  return {-margin, -margin, width() + 2 * margin, height() + 2 * margin};
+}
+
+QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) const {
+  const auto pixels = [scale](double length, double start) {
+    return std::max(1, static_cast<int>(std::ceil(start + length * scale - 1e-6)));
+  };
+  QImage image(pixels(area.width(), offset.x()), pixels(area.height(), offset.y()),
+               QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+  painter.translate(offset);
+  painter.scale(scale, scale);
+  painter.translate(-area.topLeft());
+  paint(painter);
+  return image;
+}
+
+QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
+  const double scale = window()->effectiveDevicePixelRatio();
+  auto* image = static_cast<QSGImageNode*>(node);
+  if (width() <= 0 || height() <= 0) {
+    delete image;
+    dirty_ = true;
+    return nullptr;
+  }
+  if (image == nullptr) {
+    image = window()->createImageNode();
+    image->setOwnsTexture(true);
+    dirty_ = true;
+  }
+  if (dirty_) {
+    // Starts at a whole device pixel, wherever the item lies; what turns has no such place.
+    const QRectF area = paintedArea();
+    const QPointF corner = (mapToScene({0, 0}) + area.topLeft()) * scale;
+    const QPointF offset =
+        smooth() ? QPointF() : corner - QPointF(std::floor(corner.x()), std::floor(corner.y()));
+    const QImage picture = render(area, offset, scale);
+    image->setTexture(window()->createTextureFromImage(picture));
+    const QPointF origin = area.topLeft() - offset / scale;
+    image->setRect(QRectF(origin, QSizeF(picture.size()) / scale));
+    image->setSourceRect(QRectF(QPointF(), picture.size()));
+    dirty_ = false;
+    ++paintCount_;
+  }
+  image->setFiltering(smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
+  return image;
+}
+
+void PaintedItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+  QQuickItem::geometryChange(newGeometry, oldGeometry);
+  if (newGeometry.size() != oldGeometry.size()) repaint();
+}
+
+void PaintedItem::itemChange(ItemChange change, const ItemChangeData& data) {
+  QQuickItem::itemChange(change, data);
+  if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) repaint();
+}
+
+}  // namespace orvane

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QQuickItem>
+#include <QSGTexture>
+#include <memory>
+
+class QPainter;
+
+namespace orvane {
+
+/// An item that paints itself with QPainter, once for each change of its inputs, and is shown as
+/// an image from then on: turning or moving it costs no painting.
+///
+/// Paints in device pixels, aligned to them, so that edges are crisp at any scale. Set `smooth` on
+/// an item that turns or grows.
+///
+/// Subclasses name it with its namespace: the type registration of QML finds it by that name only.
+class PaintedItem : public QQuickItem {
+  Q_OBJECT
+  QML_ANONYMOUS
+
+ public:
+  explicit PaintedItem(QQuickItem* parent = nullptr);
+
+  /// How often the item has painted itself.
+  [[nodiscard]] int paintCount() const { return paintCount_; }
+
+ protected:
+  /// Paints the item, its origin at (0, 0), in points.
+  virtual void paint(QPainter& painter) const = 0;
+
+  /// Points by which the drawing may exceed the item on every side.
+  [[nodiscard]] virtual double overhang() const { return 0; }
+
+  /// What the drawing keeps within; the less it is, the less is blended in every frame.
+  [[nodiscard]] virtual QRectF paintedArea() const;
+
+  /// Whether something that moves by `points` looks different on the screen.
+  [[nodiscard]] bool isVisibleMove(double points) const;
+
+  /// Paints again before the next frame. For setters: repaints only when the value is new.
+  void repaint();
+  template <typename T>
+  bool assign(T& member, const T& value) {
+    if (member == value) return false;
+    member = value;
+    repaint();
+    return true;
+  }
+
+  QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
+  void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+ private:
+  [[nodiscard]] QImage render(const QRectF& area, QPointF offset, double scale) const;
+
+  bool dirty_ = true;
+  int paintCount_ = 0;
+};
+
+}  // namespace orvane

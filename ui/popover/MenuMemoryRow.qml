@@ -1,0 +1,68 @@
+import QtQuick
+import Orvane
+
+/// One memory category: its label, its share of the total as a bar, its amount.
+Item {
+    id: root
+
+    required property string label
+    required property real bytes
+    required property real total
+    required property color color
+
+    readonly property alias valueText: value.text
+    readonly property alias barWidth: track.width
+    readonly property alias fillWidth: fill.width
+
+    implicitHeight: Math.max(name.implicitHeight, value.implicitHeight)
+    Accessible.role: Accessible.StaticText
+    Accessible.name: label + ": " + valueText
+
+    Text {
+        id: name
+
+        width: 70
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.label
+        textFormat: Text.PlainText
+        font: Theme.caption
+        color: Theme.secondaryLabel
+        Accessible.ignored: true
+    }
+
+    SmoothRectangle {
+        id: track
+
+        anchors.left: name.right
+        anchors.leftMargin: 8
+        anchors.right: value.left
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        height: 6
+        radius: 3
+        color: Theme.withOpacity(Theme.gray, 0.2)
+
+        SmoothRectangle {
+            id: fill
+
+            width: parent.width * Format.fraction(root.bytes, root.total)
+            height: 6
+            radius: 3
+            color: root.color
+        }
+    }
+
+    Text {
+        id: value
+
+        width: 60
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        horizontalAlignment: Text.AlignRight
+        text: Format.gigabytes(root.bytes, 1)
+        textFormat: Text.PlainText
+        font: Theme.monospacedFont(10)
+        color: Theme.secondaryLabel
+        Accessible.ignored: true
+    }
+}

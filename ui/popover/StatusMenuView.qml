@@ -1,0 +1,91 @@
+import QtQuick
+import Orvane
+
+/// The popover's content: memory at a glance, the boost button and the menu. Sets its own size.
+Item {
+    id: root
+
+    required property MemoryModel model
+    required property PopoverActions actions
+    readonly property bool menuOpen: gear.menuOpen
+    property bool detailsShown: false
+
+    /// The user pressed Escape.
+    signal closeRequested
+
+    width: 300
+    height: column.height
+    focus: true
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Orvane")
+    Keys.onEscapePressed: closeRequested()
+
+    ProcessingMotion {
+        id: boost
+
+        active: root.model.isProcessing
+        visible: root.Window.visibility !== Window.Hidden
+        turnDuration: 1000
+        pulseDuration: 500
+    }
+
+    SmoothRectangle {
+        anchors.fill: parent
+        radius: Theme.windowRadius
+        color: Theme.windowBackground
+        borderColor: Theme.windowOutline
+        borderWidth: 1
+    }
+
+    Column {
+        id: column
+
+        width: root.width
+
+        Loader {
+            id: header
+
+            width: root.width
+            active: root.model.hasSample
+            visible: active
+            sourceComponent: StatusHeader {
+                objectName: "header"
+                width: root.width
+                model: root.model
+                boostRotation: boost.rotation
+                showDetails: root.detailsShown
+                onShowDetailsChanged: root.detailsShown = showDetails
+            }
+        }
+
+        Divider {
+            width: root.width
+        }
+
+        Item {
+            width: root.width
+            height: Math.max(boostButton.implicitHeight, gear.implicitHeight)
+
+            BoostButton {
+                id: boostButton
+
+                objectName: "boostButton"
+                width: root.width - gear.width
+                height: parent.height
+                processing: root.model.isProcessing
+                boostRotation: boost.rotation
+                boostScale: 1 + 0.2 * boost.pulse
+                onClicked: root.actions.boost()
+            }
+
+            GearMenu {
+                id: gear
+
+                objectName: "gearMenu"
+                anchors.right: parent.right
+                height: parent.height
+                actions: root.actions
+            }
+        }
+    }
+}

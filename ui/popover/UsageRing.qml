@@ -1,0 +1,68 @@
+import QtQuick
+import Orvane
+
+/// The popover's ring: used memory of all memory, and two highlights that circle it while a boost
+/// runs.
+Item {
+    id: root
+
+    required property real usage  ///< percent
+    required property string usageText
+    required property bool processing
+    property real boostRotation: 0  ///< degrees
+    readonly property alias colors: progress.colors
+    readonly property alias progressEnd: progress.to
+
+    implicitWidth: 50
+    implicitHeight: 50
+    Accessible.role: Accessible.StaticText
+    Accessible.name: qsTr("Memory usage: %1").arg(usageText)
+
+    UsageColors {
+        id: usageColors
+
+        usage: root.usage
+        dark: Theme.dark
+    }
+
+    GradientArc {
+        anchors.fill: parent
+        lineWidth: 6
+        colors: [Theme.withOpacity(Theme.gray, 0.2)]
+    }
+
+    GradientArc {
+        id: progress
+
+        anchors.fill: parent
+        to: root.usage / 100
+        lineWidth: 6
+        roundCaps: true
+        colors: usageColors.ring
+        startRotation: -90
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: root.processing
+        sourceComponent: GradientArc {
+            objectName: "boostArcs"
+            smooth: true
+            to: 0.2
+            lineWidth: 6
+            roundCaps: true
+            colors: [Qt.rgba(1, 1, 1, 0.9), Qt.rgba(1, 1, 1, 0)]
+            gradientEnd: Qt.point(1, 0)
+            copies: 2
+            rotation: root.boostRotation
+        }
+    }
+
+    GradientText {
+        objectName: "ringText"
+        anchors.centerIn: parent
+        text: root.usageText
+        font: Theme.systemFont(12, Font.Bold)
+        colors: usageColors.text
+    }
+}

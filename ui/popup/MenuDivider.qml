@@ -1,0 +1,4 @@
+/// A line between the entries of a PopupMenu.
+MenuEntry {
+    isDivider: true
+}

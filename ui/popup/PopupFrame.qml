@@ -1,0 +1,81 @@
+import QtQuick
+import Orvane
+
+/// The window of a PopupWindow.
+Window {
+    id: root
+
+    required property Item anchorItem
+    required property Component content
+    required property int edge
+    required property real gap
+    required property color background
+    required property real radius
+    required property real arrow
+    required property bool ownsArrowKeys
+    readonly property Item contentItem: loader.item as Item
+
+    signal dismissed
+
+    function present() {
+        fit();
+        visible = true;
+        scope.forceActiveFocus();
+    }
+
+    function fit() {
+        if (!loader.item)
+            return;
+        controller.place(loader.implicitWidth + arrow, loader.implicitHeight, root.edge, root.gap);
+        const centre = anchorItem.mapToGlobal(anchorItem.width / 2, anchorItem.height / 2);
+        bubble.arrowOnRight = arrow > 0 && centre.x > x + width / 2;
+        bubble.arrowTip = centre.y - y;
+    }
+
+    flags: Qt.Popup | Qt.FramelessWindowHint | Qt.NoDropShadowWindowHint
+    color: "transparent"
+    visible: false
+
+    // The window system may close it too.
+    onVisibleChanged: if (!visible)
+        dismissed()
+
+    PopupController {
+        id: controller
+
+        window: root
+        anchor: root.anchorItem
+        onDismissed: root.dismissed()
+    }
+
+    Bubble {
+        id: bubble
+
+        anchors.fill: parent
+        radius: root.radius
+        color: root.background
+        borderColor: Theme.windowOutline
+        arrow: root.arrow
+        cutsWindow: Theme.windowRadius === 0
+    }
+
+    FocusScope {
+        id: scope
+
+        anchors.fill: parent
+        focus: true
+        Keys.onEscapePressed: root.dismissed()
+
+        Loader {
+            id: loader
+
+            anchors.fill: parent
+            anchors.leftMargin: bubble.arrowOnRight ? 0 : root.arrow
+            anchors.rightMargin: bubble.arrowOnRight ? root.arrow : 0
+            focus: true
+            sourceComponent: root.content
+            onImplicitHeightChanged: if (root.visible)
+                root.fit()
+        }
+    }
+}

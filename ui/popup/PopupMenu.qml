@@ -1,0 +1,26 @@
+import QtQuick
+import Orvane
+
+/// A menu in a window of its own: MenuEntry and MenuDivider children, opened with open().
+///
+/// Keys: Up, Down, Home, End, Return, Enter, Space, Escape.
+PopupWindow {
+    id: root
+
+    default property list<MenuEntry> entries
+    property string title: qsTr("Menu")  ///< for assistive technology
+
+    /// Left (-1) or Right (1) in an open menu.
+    signal movedSideways(int direction)
+
+    ownsArrowKeys: true
+    content: MenuList {
+        entries: root.entries
+        title: root.title
+        onMovedSideways: direction => root.movedSideways(direction)
+        onChosen: entry => {
+            root.close();
+            entry.triggered();
+        }
+    }
+}

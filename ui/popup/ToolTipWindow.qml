@@ -1,0 +1,69 @@
+import QtQuick
+import Orvane
+
+/// A short text in a window of its own, below an item over which the pointer rests.
+Item {
+    id: root
+
+    required property Item anchorItem
+    required property string text
+    required property bool hovered  ///< the pointer is over the item
+    required property bool pressed
+    property bool pressedBefore: false  ///< since the pointer came: the text isn't needed any more
+    readonly property bool wanted: hovered && !pressedBefore
+
+    onHoveredChanged: pressedBefore = false
+    onPressedChanged: pressedBefore = true
+    onWantedChanged: loader.active = false
+
+    Timer {
+        interval: 700
+        running: root.wanted && root.text !== ""
+        onTriggered: loader.active = true
+    }
+
+    Loader {
+        id: loader
+
+        active: false
+        sourceComponent: Window {
+            id: window
+
+            flags: Qt.ToolTip | Qt.FramelessWindowHint | Qt.WindowDoesNotAcceptFocus
+                | Qt.WindowTransparentForInput
+            color: "transparent"
+            Component.onCompleted: {
+                controller.place(label.implicitWidth + 14, label.implicitHeight + 8,
+                    PopupController.Below, 4);
+                visible = true;
+            }
+
+            PopupController {
+                id: controller
+
+                window: window
+                anchor: root.anchorItem
+                takesInput: false
+                onDismissed: loader.active = false
+            }
+
+            SmoothRectangle {
+                anchors.fill: parent
+                radius: Theme.windowRadius > 0 ? 5 : 0
+                color: Theme.menuBackground
+                borderColor: Theme.windowOutline
+                borderWidth: 1
+            }
+
+            Text {
+                id: label
+
+                anchors.centerIn: parent
+                text: root.text
+                textFormat: Text.PlainText
+                font: Theme.subheadline
+                color: Theme.label
+            }
+        }
+    }
+}

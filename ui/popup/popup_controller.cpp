@@ -1,0 +1,115 @@
+#include "ui/popup/popup_controller.h"
+
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QScreen>
+#include <cmath>
+
+#include "ui/popup/popup_placement.h"
+
+namespace orvane {
+
+namespace {
+
+// A grab fails while the window isn't on the screen yet or somebody else lets go of theirs.
+constexpr int retryMilliseconds = 40;
+
+bool needsGrab() {
+  return QGuiApplication::platformName() == QStringLiteral("xcb");
+}
+
+QRect globalRect(const QQuickItem& item) {
+  return QRectF(item.mapToGlobal({0, 0}), item.size()).toAlignedRect();
+}
+
+}  // namespace
+
+void PopupController::setWindow(QQuickWindow* window) {
+  if (window_ == window) return;
+  window_ = window;
+  if (window_) window_->installEventFilter(this);
+  watchOwner();
+  Q_EMIT windowChanged();
+}
+
+void PopupController::setAnchor(QQuickItem* anchor) {
+  if (anchor_ == anchor) return;
+  anchor_ = anchor;
+  watchOwner();
+  Q_EMIT anchorChanged();
+}
+
+void PopupController::watchOwner() {
+  if (!window_ || !anchor_ || anchor_->window() == nullptr) return;
+  owner_ = anchor_->window();
+  window_->setTransientParent(owner_);
+  owner_->installEventFilter(this);
+}
+
+void PopupController::place(double width, double height, Edge edge, double gap) {
+  if (!window_ || !anchor_ || anchor_->window() == nullptr) return;
+  const QScreen* screen = anchor_->window()->screen();
+  const int space = static_cast<int>(std::lround(gap));
+  const QRect anchor =
+      globalRect(*anchor_).adjusted(edge == Trailing ? -space : 0, edge == Below ? -space : 0,
+                                    edge == Trailing ? space : 0, edge == Below ? space : 0);
+  const QSize size(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)));
+  window_->setScreen(anchor_->window()->screen());
+  window_->setGeometry(placePopup(anchor, size, screen->availableGeometry(),
+                                  edge == Below ? PopupEdge::below : PopupEdge::trailing));
+}
+
+int PopupController::next(const QList<bool>& choosable, int current, int direction) const {
+  return nextChoice(choosable, current, direction);
+}
+
+bool PopupController::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == owner_) {
+    const bool left =
+        event->type() == QEvent::Hide || event->type() == QEvent::Close ||
+        (event->type() == QEvent::FocusOut && window_ && QGuiApplication::focusWindow() != window_);
+    if (left && window_ && window_->isVisible()) Q_EMIT dismissed();
+    return false;
+  }
+  if (watched != window_) return false;
+  switch (event->type()) {
+    case QEvent::Expose:
+      if (takesInput_ && needsGrab() && window_->isExposed()) hold();
+      return false;
+    case QEvent::ShortcutOverride:
+      // Keys belong to the popup alone: no shortcut of the window below may take one.
+      event->accept();
+      return true;
+    case QEvent::Hide:
+      retry_.stop();
+      return false;
+    case QEvent::MouseButtonPress: {
+      const auto* press = static_cast<QMouseEvent*>(event);
+      if (QRectF(QPointF(), QSizeF(window_->size())).contains(press->position())) return false;
+      Q_EMIT dismissed();
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+void PopupController::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == retry_.timerId()) hold();
+}
+
+void PopupController::hold() {
+  if (!window_ || !window_->isVisible()) {
+    retry_.stop();
+    return;
+  }
+  const bool mouse = window_->setMouseGrabEnabled(true);
+  const bool keyboard = window_->setKeyboardGrabEnabled(true);
+  if (mouse && keyboard) {
+    retry_.stop();
+  } else if (!retry_.isActive()) {
+    retry_.start(retryMilliseconds, this);
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,44 @@
+import QtQuick
+import Orvane
+
+/// A filled button with a text and, before it, a symbol where there is one.
+PlainButton {
+    id: root
+
+    property string symbol
+    property color fill: Theme.withOpacity(Theme.gray, 0.2)
+    property color textColor: Theme.secondaryLabel
+
+    implicitWidth: label.implicitWidth + 28
+    implicitHeight: label.implicitHeight + 16
+    focusRadius: 8
+
+    SmoothRectangle {
+        anchors.fill: parent
+        radius: 8
+        color: root.fill
+        opacity: root.pressedDown ? 0.7 : 1
+    }
+
+    Row {
+        id: label
+
+        anchors.centerIn: parent
+        spacing: 6
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.symbol !== ""
+            name: root.symbol
+            color: root.textColor
+        }
+
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.name
+            font: Theme.body
+            color: root.textColor
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,42 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Orvane
+
+/// The icon of an application, stretched to its square, or a placeholder of the same size.
+Item {
+    id: root
+
+    required property string source  ///< empty = placeholder
+    required property real side
+    property real symbolSize: 13  ///< of the placeholder
+
+    implicitWidth: side
+    implicitHeight: side
+    Accessible.ignored: true
+
+    Image {
+        id: picture
+
+        anchors.fill: parent
+        visible: status === Image.Ready
+        source: root.source
+        // In pixels of the screen: an icon drawn smaller would be blurred there.
+        sourceSize: Qt.size(root.side * Screen.devicePixelRatio, root.side * Screen.devicePixelRatio)
+        asynchronous: false
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        visible: !picture.visible
+        radius: width / 2
+        antialiasing: true
+        color: Theme.withOpacity(Theme.blue, 0.2)
+
+        Symbol {
+            anchors.centerIn: parent
+            name: "app.fill"
+            pointSize: root.symbolSize
+            color: Theme.blue
+        }
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+import Orvane
+
+/// Which application the details are about.
+Item {
+    id: root
+
+    required property var record  ///< a ProcessRecord
+
+    implicitHeight: Math.max(icon.height, texts.height) + 4
+
+    ApplicationIcon {
+        id: icon
+
+        y: (root.height - 4 - height) / 2
+        source: root.record.iconSource
+        side: 40
+        symbolSize: 15
+    }
+
+    Column {
+        id: texts
+
+        anchors.verticalCenter: icon.verticalCenter
+        x: icon.width + 10
+        width: root.width - x
+        spacing: 3
+
+        Text {
+            objectName: "detailsName"
+            width: parent.width
+            text: root.record.name
+            textFormat: Text.PlainText
+            font: Theme.systemFont(15, Font.DemiBold)
+            color: Theme.label
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+        }
+
+        Text {
+            text: ProcessText.pid(root.record)
+            font: Theme.caption
+            color: Theme.secondaryLabel
+        }
+    }
+}

@@ -1,0 +1,98 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Orvane
+
+/// The course of an application's memory, with its figures.
+ProcessInfoSection {
+    id: root
+
+    required property list<real> values  ///< MB, oldest first
+    required property real peak
+    required property real minimum
+    required property real average
+    required property real current
+
+    contentSpacing: 8
+
+    Item {
+        width: root.width
+        height: heading.height
+
+        Text {
+            id: heading
+
+            text: qsTr("Memory Usage Over Time")
+            font: Theme.systemFont(11, Font.DemiBold)
+            color: Theme.label
+        }
+
+        Text {
+            objectName: "duration"
+            anchors.right: parent.right
+            anchors.verticalCenter: heading.verticalCenter
+            text: ProcessText.historyDuration(root.values.length)
+            font: Theme.caption2
+            color: Theme.secondaryLabel
+            visible: text !== ""
+        }
+    }
+
+    ProcessMemoryChart {
+        objectName: "processChart"
+        width: root.width
+        height: 80
+        values: root.values
+        peak: root.peak
+        minimum: root.minimum
+    }
+
+    Row {
+        x: 4
+        spacing: 16
+
+        Repeater {
+            model: [
+                {
+                    caption: qsTr("Current"),
+                    figure: root.current,
+                    color: Theme.blue
+                },
+                {
+                    caption: qsTr("Average"),
+                    figure: root.average,
+                    color: Theme.label
+                },
+                {
+                    caption: qsTr("Peak"),
+                    figure: root.peak,
+                    color: Theme.orange
+                }
+            ]
+            delegate: Column {
+                id: entry
+
+                required property var modelData
+
+                spacing: 2
+                Accessible.role: Accessible.StaticText
+                Accessible.name: modelData.caption + ": " + figure.text
+
+                Text {
+                    text: entry.modelData.caption
+                    font: Theme.caption2
+                    color: Theme.secondaryLabel
+                    Accessible.ignored: true
+                }
+
+                Text {
+                    id: figure
+
+                    text: Format.megabytes(entry.modelData.figure, 0)
+                    font: Theme.systemFont(10, Font.DemiBold)
+                    color: entry.modelData.color
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,116 @@
+import QtQuick
+import Orvane
+
+/// Where an application is on the disk.
+ProcessInfoSection {
+    id: root
+
+    required property var record  ///< a ProcessRecord
+    required property MainWindowActions actions
+
+    contentSpacing: 8
+
+    Item {
+        width: root.width
+        height: heading.height
+
+        Text {
+            id: heading
+
+            text: qsTr("Application Location")
+            font: Theme.systemFont(11, Font.DemiBold)
+            color: Theme.label
+        }
+
+        PlainButton {
+            id: reveal
+
+            objectName: "reveal"
+            anchors.right: parent.right
+            anchors.verticalCenter: heading.verticalCenter
+            width: label.width
+            height: heading.height
+            name: qsTr("Reveal")
+            toolTip: qsTr("Show in Finder")
+            focusInset: -3
+            onClicked: root.actions.revealExecutable(root.record)
+
+            Row {
+                id: label
+
+                spacing: 3
+                opacity: reveal.pressedDown ? 0.6 : 1
+
+                Text {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: reveal.name
+                    font: Theme.caption2
+                    color: Theme.blue
+                    Accessible.ignored: true
+                }
+
+                Symbol {
+                    anchors.verticalCenter: parent.verticalCenter
+                    name: "arrow.up.forward"
+                    pointSize: 9
+                    color: Theme.blue
+                }
+            }
+        }
+    }
+
+    SmoothRectangle {
+        width: root.width
+        height: path.height + 16
+        radius: 6
+        color: Theme.pathBox
+
+        TextEdit {
+            id: path
+
+            objectName: "path"
+            x: 8
+            y: 8
+            width: root.width - 16
+            text: ProcessText.middleElided(root.record.path, font, width, 2)
+            textFormat: TextEdit.PlainText
+            wrapMode: TextEdit.WrapAnywhere
+            font: Theme.monospacedFont(9)
+            color: Theme.secondaryLabel
+            selectionColor: Theme.withOpacity(Theme.blue, 0.35)
+            selectedTextColor: color
+            readOnly: true
+            selectByMouse: true
+            selectByKeyboard: true
+            persistentSelection: true
+            activeFocusOnTab: true
+            Accessible.name: qsTr("Path")
+            Accessible.description: root.record.path
+            // All of what is shown stands for all of the path.
+            Keys.onPressed: event => {
+                event.accepted = event.matches(StandardKey.Copy) && selectedText === text;
+                if (!event.accepted)
+                    return;
+                whole.selectAll();
+                whole.copy();
+            }
+
+            HoverHandler {
+                cursorShape: Qt.IBeamCursor
+            }
+        }
+
+        FocusRing {
+            anchors.fill: parent
+            radius: 6
+            visible: path.activeFocus
+        }
+    }
+
+    TextEdit {
+        id: whole
+
+        visible: false
+        text: root.record.path
+    }
+}

@@ -1,0 +1,135 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Orvane
+
+/// The details of one application. Its figures are those of its record; its history is the
+/// model's, read again with every change.
+FocusScope {
+    id: root
+
+    required property MemoryModel model
+    required property MainWindowActions actions
+    required property var record  ///< a ProcessRecord
+
+    property list<real> history
+    property real peak: 0
+    property real minimum: 0
+    property real average: 0
+
+    function readHistory() {
+        history = model.processHistory(record.pid);
+        peak = model.processPeak(record.pid);
+        minimum = model.processMinimum(record.pid);
+        average = model.processAverage(record.pid);
+    }
+
+    implicitWidth: 360
+    implicitHeight: column.height + 32
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Details of %1").arg(record.name)
+    Component.onCompleted: readHistory()
+    onRecordChanged: readHistory()
+
+    Connections {
+        target: root.model
+        function onChanged() {
+            root.readHistory();
+        }
+    }
+
+    Column {
+        id: column
+
+        x: 16
+        y: 16
+        width: root.implicitWidth - 32
+        spacing: 14
+
+        ProcessInfoHeader {
+            width: column.width
+            record: root.record
+        }
+
+        ProcessInfoHistory {
+            objectName: "historySection"
+            width: column.width
+            visible: root.history.length >= 2
+            values: root.history
+            peak: root.peak
+            minimum: root.minimum
+            average: root.average
+            current: root.record.memoryBytes / 1048576
+        }
+
+        ProcessInfoSection {
+            width: column.width
+
+            Text {
+                text: qsTr("Memory Details")
+                font: Theme.systemFont(11, Font.DemiBold)
+                color: Theme.label
+            }
+
+            Column {
+                width: column.width
+                spacing: 8
+
+                MemoryInfoRow {
+                    width: column.width
+                    icon: "square.fill"
+                    iconColor: Theme.blue
+                    label: qsTr("Physical Memory")
+                    value: ProcessText.megabytes(root.record.privateBytes, 1)
+                }
+
+                MemoryInfoRow {
+                    width: column.width
+                    icon: "square.fill"
+                    iconColor: Theme.purple
+                    label: qsTr("Virtual Memory")
+                    value: Format.gigabytes(root.record.virtualBytes, 2)
+                }
+            }
+        }
+
+        ProcessInfoSection {
+            objectName: "threadSection"
+            width: column.width
+            visible: root.record.threadCount >= 1
+
+            Row {
+                spacing: 8
+
+                Symbol {
+                    anchors.verticalCenter: parent.verticalCenter
+                    name: "arrow.triangle.branch"
+                    pointSize: 11
+                    color: Theme.green
+                }
+
+                Text {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("Process Details")
+                    font: Theme.systemFont(11, Font.DemiBold)
+                    color: Theme.label
+                }
+            }
+
+            MemoryInfoRow {
+                width: column.width
+                icon: "number"
+                iconColor: Theme.green
+                label: qsTr("Active Threads")
+                value: root.record.threadCount
+            }
+        }
+
+        ProcessInfoLocation {
+            objectName: "locationSection"
+            width: column.width
+            visible: root.record.path !== ""
+            record: root.record
+            actions: root.actions
+        }
+    }
+}

@@ -1,0 +1,21 @@
+import QtQuick
+import Orvane
+
+/// A part of an application's details, below a line.
+Column {
+    default property alias content: body.data
+    property alias contentSpacing: body.spacing
+
+    spacing: 14
+
+    Divider {
+        width: parent.width
+    }
+
+    Column {
+        id: body
+
+        width: parent.width
+        spacing: 10
+    }
+}

@@ -1,0 +1,96 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Orvane
+
+/// The rows of the list of applications. Up and Down move the selection while it is on screen.
+ScrollArea {
+    id: root
+
+    required property MemoryModel model
+    required property MainWindowActions actions
+
+    signal killRequested(var record)
+
+    /// Opens the context menu of the selected row, or of the row that has the keyboard.
+    function openMenuByKey() {
+        for (let i = 0; i < rows.count; ++i) {
+            const row = rows.itemAt(i) as ProcessRow;
+            if (row.isSelected || row.hasKeyboard) {
+                reveal(row);
+                menu.openAt(row, 46, 46);
+                return;
+            }
+        }
+    }
+
+    contentHeight: column.height + 16
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Applications")
+
+    ProcessKeyNavigation {
+        model: root.model
+        onMoved: row => root.scrollToCentre(rows.itemAt(row))
+    }
+
+    Shortcut {
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: root.openMenuByKey()
+    }
+
+    Column {
+        id: column
+
+        x: 20
+        y: 8
+        width: root.width - 40
+        spacing: 6
+
+        Repeater {
+            id: rows
+
+            model: root.model.processes
+            delegate: ProcessRow {
+                id: row
+
+                objectName: "row"
+                width: column.width
+                memoryModel: root.model
+                actions: root.actions
+                onChosen: root.model.selection = record
+                onMenuRequested: (x, y) => menu.openAt(row, x, y)
+            }
+        }
+    }
+
+    Item {
+        id: menuAnchor
+
+        width: 1
+        height: 1
+    }
+
+    PopupMenu {
+        id: menu
+
+        property var record
+
+        function openAt(row: ProcessRow, x: real, y: real) {
+            const place = row.mapToItem(menuAnchor.parent, x, y);
+            menuAnchor.x = place.x;
+            menuAnchor.y = place.y;
+            record = row.record;
+            open();
+        }
+
+        objectName: "contextMenu"
+        anchorItem: menuAnchor
+        gap: 0
+        title: record ? record.name : ""
+
+        MenuEntry {
+            text: qsTr("Kill Process")
+            destructive: true
+            onTriggered: root.killRequested(menu.record)
+        }
+    }
+}

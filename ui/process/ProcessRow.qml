@@ -1,0 +1,141 @@
+import QtQuick
+import Orvane
+
+/// One application of the list.
+Item {
+    id: root
+
+    required property MemoryModel memoryModel
+    required property MainWindowActions actions
+    required property var record  ///< a ProcessRecord
+    required property string name
+    required property string iconSource
+    required property string memoryText
+    required property bool isLarge
+    required property bool isSelected
+    readonly property alias showingInfo: details.isOpen
+    readonly property alias hasKeyboard: info.activeFocus
+
+    signal chosen
+    /// A context menu is wanted at a point of the row.
+    signal menuRequested(real x, real y)
+
+    implicitHeight: 56
+    Accessible.role: Accessible.ListItem
+    Accessible.name: qsTr("%1, %2").arg(name).arg(memoryText)
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+    Accessible.focusable: true
+    Accessible.focused: isSelected
+    Accessible.onPressAction: chosen()
+
+    SmoothRectangle {
+        anchors.fill: parent
+        radius: 10
+        gradientColors: root.isSelected ? [Theme.withOpacity(Theme.blue, 0.2), Theme.withOpacity(Theme.purple, 0.2)] : []
+    }
+
+    // Half of the line lies outside of the row.
+    SmoothRectangle {
+        anchors.fill: parent
+        anchors.margins: -1
+        radius: 11
+        borderWidth: 2
+        borderColor: root.isSelected ? Theme.withOpacity(Theme.blue, 0.5) : "transparent"
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPressed: mouse => {
+            if (mouse.button === Qt.RightButton)
+                root.menuRequested(mouse.x, mouse.y);
+        }
+        onClicked: mouse => {
+            if (mouse.button === Qt.LeftButton)
+                root.chosen();
+        }
+    }
+
+    ApplicationIcon {
+        id: icon
+
+        x: 10
+        anchors.verticalCenter: parent.verticalCenter
+        source: root.iconSource
+        side: 36
+    }
+
+    Text {
+        objectName: "name"
+        anchors.left: icon.right
+        anchors.leftMargin: 12
+        anchors.right: info.left
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.name
+        textFormat: Text.PlainText
+        font: Theme.systemFont(13, Font.Medium)
+        color: Theme.label
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        Accessible.ignored: true
+    }
+
+    // Reaches 4 points beyond its symbol on every side: easier to hit.
+    PlainButton {
+        id: info
+
+        objectName: "info"
+        anchors.right: memory.left
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        width: symbol.width + 8
+        height: symbol.height + 8
+        name: qsTr("Show details of %1").arg(root.name)
+        toolTip: qsTr("Show process details")
+        onClicked: details.open()
+
+        Symbol {
+            id: symbol
+
+            anchors.centerIn: parent
+            name: "info.circle.fill"
+            pointSize: 14
+            color: Theme.secondaryLabel
+            opacity: info.pressedDown ? 0.6 : 1
+        }
+    }
+
+    Text {
+        id: memory
+
+        objectName: "memory"
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        // Whole points, so that what lies before it stays sharp.
+        width: Math.ceil(implicitWidth)
+        horizontalAlignment: Text.AlignRight
+        text: root.memoryText
+        font: Theme.monospacedFont(13, Font.Medium)
+        color: root.isLarge ? Theme.orange : Theme.secondaryLabel
+        Accessible.ignored: true
+    }
+
+    PopupWindow {
+        id: details
+
+        anchorItem: info
+        edge: PopupController.Trailing
+        gap: 0
+        arrow: 9
+        color: Theme.processPopover
+        radius: Theme.windowRadius
+        content: ProcessInfoPopover {
+            model: root.memoryModel
+            actions: root.actions
+            record: root.record
+        }
+    }
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import Orvane
+
+/// What is selected, with what can be done with it. Return asks for the kill, Escape lets go.
+Item {
+    id: root
+
+    required property var record  ///< a ProcessRecord
+
+    signal cancelled
+    signal killRequested
+
+    implicitHeight: 1 + Math.max(texts.height, buttons.height) + 28
+    Accessible.role: Accessible.ToolBar
+    Accessible.name: qsTr("Selected application")
+
+    Shortcut {
+        sequences: ["Escape"]
+        autoRepeat: false
+        onActivated: root.cancelled()
+    }
+
+    Shortcut {
+        sequences: ["Return", "Enter"]
+        autoRepeat: false
+        onActivated: root.killRequested()
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.material
+    }
+
+    Divider {
+        width: root.width
+    }
+
+    Column {
+        id: texts
+
+        anchors.verticalCenter: buttons.verticalCenter
+        x: 14
+        width: buttons.x - 8 - 16 - x
+        spacing: 4
+
+        Text {
+            objectName: "selectionName"
+            width: parent.width
+            text: root.record.name
+            textFormat: Text.PlainText
+            font: Theme.headline
+            color: Theme.label
+            elide: Text.ElideRight
+            maximumLineCount: 1
+        }
+
+        Text {
+            objectName: "selectionLocation"
+            width: parent.width
+            text: ProcessText.location(root.record)
+            textFormat: Text.PlainText
+            font: Theme.caption
+            color: Theme.secondaryLabel
+            elide: Text.ElideMiddle
+            maximumLineCount: 1
+        }
+    }
+
+    Row {
+        id: buttons
+
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: 0.5
+        spacing: 8
+
+        ActionButton {
+            objectName: "cancelSelection"
+            name: qsTr("Cancel")
+            onClicked: root.cancelled()
+        }
+
+        ActionButton {
+            objectName: "killSelection"
+            name: qsTr("Kill Process")
+            symbol: "xmark.circle.fill"
+            fill: Theme.red
+            textColor: "white"
+            onClicked: root.killRequested()
+        }
+    }
+}

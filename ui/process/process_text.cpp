@@ -1,0 +1,88 @@
+#include "ui/process/process_text.h"
+
+#include <QTextLayout>
+#include <cmath>
+
+#include "core/memory_stats.h"
+#include "ui/style/formats.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr int gridSteps = 3;
+constexpr int secondsPerMinute = 60;
+
+int lineCount(const QString& text, const QFont& font, double width) {
+  QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAnywhere);
+  layout.setTextOption(option);
+  int lines = 0;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    ++lines;
+  }
+  layout.endLayout();
+  return lines;
+}
+
+/// `kept` characters of `text`, from both of its ends.
+QString withoutMiddle(const QString& text, qsizetype kept) {
+  qsizetype head = (kept + 1) / 2;
+  qsizetype tail = kept / 2;
+  // A pair of surrogates is one character.
+  if (head > 0 && text[head - 1].isHighSurrogate()) --head;
+  if (tail > 0 && text[text.size() - tail].isLowSurrogate()) --tail;
+  return text.left(head) + QChar(0x2026) + text.right(tail);
+}
+
+}  // namespace
+
+QString historyDurationText(int points) {
+  const int minutes = points * historySecondsPerPoint / secondsPerMinute;
+  return minutes < 1 ? QString() : QStringLiteral("Last %1 min").arg(minutes);
+}
+
+QStringList historyGridLabels(double peak, double minimum) {
+  QStringList labels;
+  for (int step = 0; step <= gridSteps; ++step) {
+    const double value = peak - step * (peak - minimum) / gridSteps;
+    labels << fixedNumber(std::isfinite(value) ? std::trunc(value) : 0.0, 0);
+  }
+  return labels;
+}
+
+QString pidText(const ProcessRecord& record) {
+  return QStringLiteral("PID: %1").arg(record.pid());
+}
+
+QString locationText(const ProcessRecord& record) {
+  const QString path = record.path();
+  return path.isEmpty() ? pidText(record) : path;
+}
+
+QString killQuestion(const ProcessRecord& record) {
+  // Not arg(): a name may contain "%1" itself.
+  return QStringLiteral("Are you sure you want to kill '") + record.name() +
+         QStringLiteral("'? Unsaved data will be lost.");
+}
+
+QString middleElidedText(const QString& text, const QFont& font, double width, int lines) {
+  if (lineCount(text, font, width) <= lines) return text;
+  qsizetype fits = 0;
+  qsizetype tooMany = text.size();
+  while (tooMany - fits > 1) {
+    const qsizetype kept = (fits + tooMany) / 2;
+    const bool enough = lineCount(withoutMiddle(text, kept), font, width) <= lines;
+    (enough ? fits : tooMany) = kept;
+  }
+  return withoutMiddle(text, fits);
+}
+
+QString ProcessText::megabytes(double bytes, int decimals) const {
+  return megabytesText(bytes / bytesPerMB, decimals);
+}
+
+}  // namespace orvane
