@@ -4,7 +4,7 @@ from desktop_case import DesktopCase
 
 
 class PopoverCase(DesktopCase):
-    CONTROL = "Boost Memory"  # is there whenever the popover is
+    CONTROL = "Settings"  # is there whenever the popover is, and nowhere else
 
     @classmethod
     def setUpClass(cls):

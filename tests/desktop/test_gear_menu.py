@@ -1,33 +1,9 @@
-"""The popover's gear menu of the running program: login item, window, quit."""
+"""The popover's gear menu of the running program: login item, quit."""
 
 import unittest
 
 from desktop_case import PROGRAM
-from popover_case import PopoverCase
-
-LOGIN = "Launch at Login"
-
-
-class GearMenuCase(PopoverCase):
-    def open_menu(self):
-        self.open_popover()
-        self.click("Settings")
-        self.wait_for_control(LOGIN)
-
-    def toggle_login(self):
-        self.open_menu()
-        self.click(LOGIN)
-        self.wait_until_gone(LOGIN)
-        self.close_popover()
-
-    def login_is_checked(self):
-        self.open_menu()
-        self.picture("menu")
-        checked = self.seen.has_state(self.control(LOGIN), "checked")
-        self.pointer.key("Escape")
-        self.wait_until_gone(LOGIN)
-        self.close_popover()
-        return checked
+from gear_menu_case import GearMenuCase
 
 
 class GearMenu(GearMenuCase):
@@ -62,19 +38,6 @@ class GearMenu(GearMenuCase):
         self.wait_for("end of the program", 5, lambda: not self.orvane.is_running())
         self.assertEqual(self.orvane.process.returncode, 0)
         self.assertEqual(self.orvane.lines(), [])
-
-
-class ReadOnlyAutostart(GearMenuCase):
-    def start_orvane(self, **options):
-        return super().start_orvane(read_only=".config/autostart", **options)
-
-    def test_line_is_printed_and_the_toggle_stays(self):
-        self.toggle_login()
-        self.wait_for("printed line", 2, self.orvane.lines)
-        self.assertEqual(self.orvane.lines(),
-                         ["Failed to enable launch at login: Read-only file system"])
-        self.assertTrue(self.login_is_checked())
-        self.assertFalse(self.orvane.autostart_entry.exists())
 
 
 if __name__ == "__main__":

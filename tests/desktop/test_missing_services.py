@@ -46,7 +46,6 @@ class NoNotificationsNoPanel(DesktopCase):
 class NoBus(unittest.TestCase):
     def test_starts_and_recovers(self):
         with VirtualDesktop(bus=False) as desktop:
-            desktop.start_window_manager()
             orvane = Orvane(desktop, PROGRAM)
             lines = wait_for("printed line", 10, orvane.lines)
             self.assertEqual(len(lines), 1)

@@ -43,11 +43,11 @@ class PanelItem(DesktopCase):
         self.addCleanup(filler.kill)
         filler.stdout.readline()
         share = FILLED * 100 / (os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE"))
-        self.wait_for("risen figure", 15, lambda: used_percent() > before + share / 2
-                      and item.percentage() > before + share / 2 and self.agrees(orvane))
+        self.wait_for("risen figure", 15, lambda: used_percent() > before + share / 3
+                      and item.percentage() > before + share / 3 and self.agrees(orvane))
         self.picture("filled")
         filler.communicate(b"\n")
-        self.wait_for("fallen figure", 15, lambda: item.percentage() < before + share / 2
+        self.wait_for("fallen figure", 15, lambda: item.percentage() < before + share / 3
                       and self.agrees(orvane))
         self.assertEqual(orvane.lines(), [])
 

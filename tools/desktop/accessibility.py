@@ -37,10 +37,14 @@ def everything(process):
 
 
 def find(process, name, role=None, showing=True):
-    """The first object of that name that is on screen, None when there is none."""
+    """The first object on screen that is called `name`, or `name` and its value as in "Free: 2 GB";
+    None when there is none."""
     for node in everything(process):
         try:
-            if node.get_name() != name or (role and node.get_role_name() != role):
+            called = node.get_name()
+            if called != name and not called.startswith(f"{name}: "):
+                continue
+            if role and node.get_role_name() != role:
                 continue
             if not showing or node.get_state_set().contains(Atspi.StateType.SHOWING):
                 return node

@@ -18,7 +18,7 @@ Item {
 
     implicitHeight: bar.y + bar.height
     Accessible.role: Accessible.StaticText
-    Accessible.name: [label, sizeText, shareText].join(" ").trim()
+    Accessible.name: label + " " + sizeText + (showsPercentage ? " " + shareText : "")
 
     Rectangle {
         x: 8

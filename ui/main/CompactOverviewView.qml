@@ -19,8 +19,11 @@ Item {
         id: scrollDelay
 
         interval: 400
-        onTriggered: if (content.item)
-            content.item.scrollToBottom()
+        onTriggered: {
+            const shown = content.item as OverviewContent;
+            if (shown)
+                shown.scrollToBottom();
+        }
     }
 
     Loader {

@@ -21,7 +21,8 @@ QString IconProvider::source(const std::string& name) {
   const bool exists = isPath(text) ? QFile::exists(text) : QIcon::hasThemeIcon(text);
   if (!exists) return {};
   return QStringLiteral("image://%1/%2")
-      .arg(QLatin1String(IconProvider::providerId), QString::fromLatin1(QUrl::toPercentEncoding(text)));
+      .arg(QLatin1String(IconProvider::providerId),
+           QString::fromLatin1(QUrl::toPercentEncoding(text)));
 }
 
 QImage IconProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {

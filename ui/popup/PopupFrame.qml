@@ -32,7 +32,9 @@ Window {
         bubble.arrowTip = centre.y - y;
     }
 
-    flags: Qt.Popup | Qt.FramelessWindowHint | Qt.NoDropShadowWindowHint
+    // On X11 the controller does what makes a popup; a window of that type is unknown to assistive
+    // technology.
+    flags: (Qt.platform.pluginName === "xcb" ? Qt.Tool | Qt.BypassWindowManagerHint | Qt.WindowStaysOnTopHint : Qt.Popup) | Qt.FramelessWindowHint | Qt.NoDropShadowWindowHint
     color: "transparent"
     visible: false
 

@@ -21,7 +21,8 @@ Item {
         visible: status === Image.Ready
         source: root.source
         // In pixels of the screen: an icon drawn smaller would be blurred there.
-        sourceSize: Qt.size(root.side * Screen.devicePixelRatio, root.side * Screen.devicePixelRatio)
+        sourceSize.width: root.side * Screen.devicePixelRatio
+        sourceSize.height: root.side * Screen.devicePixelRatio
         asynchronous: false
     }
 

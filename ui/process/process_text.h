@@ -42,7 +42,7 @@ class ProcessText : public QObject {
   Q_INVOKABLE [[nodiscard]] QString historyDuration(int points) const {
     return historyDurationText(points);
   }
-  Q_INVOKABLE [[nodiscard]] QStringList gridLabels(double peak, double minimum) const {
+  Q_INVOKABLE [[nodiscard]] QList<QString> gridLabels(double peak, double minimum) const {
     return historyGridLabels(peak, minimum);
   }
   Q_INVOKABLE [[nodiscard]] QString location(const orvane::ProcessRecord& record) const {
