@@ -46,7 +46,9 @@ class QtApplication : public Application {
     }
   }
 
-  void terminate() override { QCoreApplication::quit(); }
+  /// Not quit(): that asks every window to close first, and the main window answers by hiding, which
+  /// would keep the program running and forget that the window was open.
+  void terminate() override { QCoreApplication::exit(0); }
 };
 
 bool isFrontmost() {

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 readonly build=$1
 
-for program in "$build"/bench/*_bench; do
+for program in "$build"/bench/*_benchmark; do
   printf '== %s\n' "${program##*/}"
   "$program" --benchmark_counters_tabular=true
 done

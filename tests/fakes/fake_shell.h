@@ -77,9 +77,9 @@ class FakeWindows : public WindowFactory {
     explicit FakePopover(FakeWindows& windows) : windows_(windows) {}
     [[nodiscard]] bool isShown() const override { return windows_.popoverShown; }
     void performClose() override { windows_.popoverShown = false; }
-    void show(ScreenPoint /*item*/, PopoverClosures closures) override {
+    void show(ScreenPoint /*item*/, PopoverClosures given) override {
       windows_.popoverShown = true;
-      windows_.closures = std::move(closures);
+      windows_.closures = std::move(given);
       if (windows_.whileShowing) windows_.whileShowing();
     }
 

@@ -89,9 +89,15 @@ class StatusMenuViewTest : public testing::Test {
     manager_->updateMemoryStats();
     QTest::qWait(50);  // lays out and drops what is no longer shown
   }
+  /// However slow the machine is.
+  template <typename Condition>
+  static bool eventually(Condition condition) {
+    return QTest::qWaitFor(condition, 20000);
+  }
   void openDetails() {
     press(item("detailsButton"));
-    QTest::qWait(700);
+    ASSERT_TRUE(eventually([this] { return item("header").property("expansion") == 1.0; }));
+    QTest::qWait(50);
   }
 
   fakes::FakeServices services_;
@@ -142,9 +148,7 @@ TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
   EXPECT_EQ(rows[1]->y() - rows[0]->y() - rows[0]->height(), 4);
   EXPECT_EQ(view_->height() - closed, item("details").height() - 4);
   press(item("detailsButton"));
-  QTest::qWait(700);
-  EXPECT_EQ(view_->height(), closed);
-  EXPECT_EQ(find("details"), nullptr);
+  EXPECT_TRUE(eventually([&] { return view_->height() == closed && find("details") == nullptr; }));
 }
 
 TEST_F(StatusMenuViewTest, ColoursTurnWarmAndFiguresFollowTheModel) {
@@ -162,8 +166,8 @@ TEST_F(StatusMenuViewTest, ColoursTurnWarmAndFiguresFollowTheModel) {
   const int before = view_->height();
   services_.counters.counts.reset();
   sample();
-  EXPECT_EQ(find("header"), nullptr) << "no sample";
-  EXPECT_EQ(before - view_->height(), 74);
+  EXPECT_TRUE(eventually([&] { return before - view_->height() == 74; })) << "no sample";
+  EXPECT_EQ(find("header"), nullptr);
   EXPECT_TRUE(item("boostButton").isEnabled());
 }
 
@@ -173,23 +177,20 @@ TEST_F(StatusMenuViewTest, BoostSpinsUntilItEndsAndThenEasesBack) {
   EXPECT_EQ(calls_, std::vector<std::string>{"boost"});
   EXPECT_FALSE(item("boostButton").isEnabled());
   EXPECT_EQ(item("boostButton").property("text"), QStringLiteral("Boosting..."));
-  QTest::qWait(300);
+  ASSERT_TRUE(eventually([this] { return item("bolt").scale() > 1.02; }));
   const double turned = item("bolt").rotation();
-  EXPECT_GT(turned, 40);
+  EXPECT_GT(turned, 10);
   EXPECT_DOUBLE_EQ(item("boostArcs").rotation(), turned);
-  EXPECT_GT(item("bolt").scale(), 1.02);
   EXPECT_LE(item("bolt").scale(), 1.2);
   EXPECT_EQ(static_cast<GradientArc&>(item("boostArcs")).paintCount(), 1) << "turned as an image";
   press(item("boostButton"));
   EXPECT_EQ(calls_.size(), 1U) << "disabled";
 
   services_.time.advance(Duration{2});
-  QTest::qWait(50);
-  EXPECT_EQ(find("boostArcs"), nullptr);
+  EXPECT_TRUE(eventually([this] { return find("boostArcs") == nullptr; }));
   EXPECT_EQ(item("boostButton").property("text"), QStringLiteral("Boost Memory"));
-  QTest::qWait(500);
-  EXPECT_EQ(item("bolt").rotation(), 0);
-  EXPECT_EQ(item("bolt").scale(), 1);
+  EXPECT_TRUE(
+      eventually([this] { return item("bolt").rotation() == 0 && item("bolt").scale() == 1; }));
 }
 
 TEST_F(StatusMenuViewTest, OpenedDuringABoostItRestsUntilTheNextChange) {

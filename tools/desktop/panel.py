@@ -1,5 +1,7 @@
 """The virtual desktop's panel, seen through assistive technology."""
 
+from gi.repository import GLib
+
 from . import accessibility
 
 
@@ -7,7 +9,12 @@ def item_point(desktop):
     """The middle of the status item on the screen, the panel's only push button; None while there
     is none."""
     for node in accessibility.everything(desktop.running("panel").pid):
-        x, y, width, height = accessibility.rectangle(node)
-        if node.get_role_name() == "push button" and width > 1 and x >= 0:
+        try:
+            if node.get_role_name() != "push button":
+                continue
+            x, y, width, height = accessibility.rectangle(node)
+        except GLib.Error:
+            continue  # it has just gone
+        if width > 1 and x >= 0:
             return x + width // 2, y + height // 2
     return None

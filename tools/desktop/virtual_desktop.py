@@ -87,7 +87,7 @@ class VirtualDesktop:
     def start_window_manager(self):
         self._output(["hsetroot", "-add", "#2b5876", "-add", "#4e4376", "-gradient", "160"])
         self._start("window manager", ["xfwm4", "--compositor=on", "--vblank=off"])
-        processes.wait_for("window manager", 10, lambda: self._output(
+        processes.wait_for("window manager", 30, lambda: self._output(
             ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]).find("window id") > 0)
 
     def start_panel(self):

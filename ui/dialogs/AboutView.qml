@@ -34,7 +34,8 @@ FocusScope {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 80
             height: 80
-            sourceSize: Qt.size(80, 80)
+            sourceSize.width: 80
+            sourceSize.height: 80
             source: "qrc:/orvane/icons/orvane.svg"
             Accessible.ignored: true
         }

@@ -29,7 +29,8 @@ FocusScope {
         y: 20
         width: 56
         height: 56
-        sourceSize: Qt.size(56, 56)
+        sourceSize.width: 56
+        sourceSize.height: 56
         source: "qrc:/orvane/icons/orvane.svg"
         Accessible.ignored: true
     }

@@ -35,7 +35,7 @@ void UpdateModel::pressSecondary() {
   close();
 }
 
-void UpdateModel::close() {
+void UpdateModel::close() const {
   if (closures_.close) closures_.close();
 }
 

@@ -45,7 +45,7 @@ class UpdateModel : public QObject {
   void changed();
 
  private:
-  void close();
+  void close() const;
 
   UpdateClosures closures_;
   std::string runningVersion_;

@@ -27,7 +27,7 @@ Item {
         values: root.values
         minimum: root.minimum
         maximum: root.peak
-        gridLabels: ProcessText.gridLabels(root.peak, root.minimum)
+        gridLabels: Array.from(ProcessText.gridLabels(root.peak, root.minimum))
         labelSize: 8
     }
 }
