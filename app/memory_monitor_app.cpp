@@ -46,8 +46,8 @@ class QtApplication : public Application {
     }
   }
 
-  /// Not quit(): that asks every window to close first, and the main window answers by hiding, which
-  /// would keep the program running and forget that the window was open.
+  /// Not quit(): that asks every window to close first, and the main window answers by hiding,
+  /// which would keep the program running and forget that the window was open.
   void terminate() override { QCoreApplication::exit(0); }
 };
 

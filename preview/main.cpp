@@ -44,11 +44,20 @@ const QColor deskColor(0x8F, 0xA3, 0xB8);
 int shoot(PreviewStage& stage, const Scenario& scenario, const QString& file) {
   int result = 1;
   stage.pictured()->setColor(deskColor);
-  QTimer::singleShot(scenario.settleMilliseconds, stage.window(), [&] {
+  QTimer settled;
+  settled.setSingleShot(true);
+  settled.setInterval(scenario.settleMilliseconds);
+  // A busy machine shows its first frame late; what moves changes the window's height.
+  const auto restart = [&settled] { settled.start(); };
+  QObject::connect(stage.window(), &QQuickWindow::frameSwapped, &settled, restart,
+                   Qt::SingleShotConnection);
+  QObject::connect(stage.window(), &QWindow::heightChanged, &settled, restart);
+  QObject::connect(&settled, &QTimer::timeout, &settled, [&] {
     const bool saved = stage.pictured()->grabWindow().save(file);
     result = saved ? 0 : fail(QStringLiteral("Can't write %1").arg(file));
     QCoreApplication::quit();
   });
+  settled.start();
   QCoreApplication::exec();
   return result;
 }

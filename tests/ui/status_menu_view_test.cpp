@@ -141,7 +141,7 @@ TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
   const char* texts[] = {"4.0 GB", "6.0 GB", "3.0 GB", "3.0 GB", "1.0 GB"};
   for (int i = 0; i < 5; ++i) {
     EXPECT_EQ(rows[i]->property("barWidth").toDouble(), 130);
-    EXPECT_DOUBLE_EQ(rows[i]->property("fillWidth").toDouble(), 130 * fractions[i]);
+    EXPECT_DOUBLE_EQ(rows[i]->property("share").toDouble(), fractions[i]);
     EXPECT_EQ(rows[i]->property("valueText"), QLatin1String(texts[i]));
   }
   EXPECT_EQ(place(*rows[0]).topLeft(), QPointF(12, 78));

@@ -1,20 +1,15 @@
 #include "ui/painted/share_bar.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <algorithm>
 
 #include "ui/painted/smooth_path.h"
 
 namespace orvane {
 
-namespace {
-
-constexpr double fillInset = 4;
-
-}  // namespace
-
-double barFillWidth(double barWidth, double share) {
-  return std::max(0.0, (barWidth - 2 * fillInset) * share);
+double barFillWidth(double barWidth, double share, double inset) {
+  return std::max(0.0, (barWidth - 2 * inset) * share);
 }
 
 void ShareBar::setShare(double value) {
@@ -28,11 +23,13 @@ void ShareBar::setShare(double value) {
 }
 
 void ShareBar::paint(QPainter& painter) const {
-  const QRectF track(0, 0, width(), height());
-  painter.fillPath(smoothRectanglePath(track, cornerRadius), trackColor_);
-  const double fill = barFillWidth(width(), share_);
+  const QPainterPath track = smoothRectanglePath({0, 0, width(), height()}, cornerRadius);
+  painter.fillPath(track, trackColor_);
+  const double fill = barFillWidth(width(), share_, inset_);
   if (fill <= 0) return;
-  painter.fillPath(smoothRectanglePath({fillInset, 0, fill, height()}, cornerRadius), fillColor_);
+  const QPainterPath shape = smoothRectanglePath({inset_, 0, fill, height()}, cornerRadius);
+  // A fill narrower than the round end of the track would stick out of it.
+  painter.fillPath(inset_ < cornerRadius ? shape.intersected(track) : shape, fillColor_);
 }
 
 }  // namespace orvane

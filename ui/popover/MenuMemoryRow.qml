@@ -11,8 +11,8 @@ Item {
     required property color color
 
     readonly property alias valueText: value.text
-    readonly property alias barWidth: track.width
-    readonly property alias fillWidth: fill.width
+    readonly property alias barWidth: bar.width
+    readonly property alias share: bar.share
 
     implicitHeight: Math.max(name.implicitHeight, value.implicitHeight)
     Accessible.role: Accessible.StaticText
@@ -30,8 +30,8 @@ Item {
         Accessible.ignored: true
     }
 
-    SmoothRectangle {
-        id: track
+    ShareBar {
+        id: bar
 
         anchors.left: name.right
         anchors.leftMargin: 8
@@ -39,17 +39,10 @@ Item {
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
         height: 6
-        radius: 3
-        color: Theme.withOpacity(Theme.gray, 0.2)
-
-        SmoothRectangle {
-            id: fill
-
-            width: parent.width * Format.fraction(root.bytes, root.total)
-            height: 6
-            radius: 3
-            color: root.color
-        }
+        inset: 0
+        share: Format.fraction(root.bytes, root.total)
+        trackColor: Theme.withOpacity(Theme.gray, 0.2)
+        fillColor: root.color
     }
 
     Text {
