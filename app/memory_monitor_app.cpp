@@ -3,10 +3,11 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QWindow>
 #include <string>
+#include <vector>
 
 #include "app/app_delegate.h"
+#include "app/lazy_windows.h"
 #include "app/product_settings.h"
-#include "app/quick_windows.h"
 #include "app/status_icon.h"
 #include "platform/linux/descriptor_limit.h"
 #include "platform/linux/in_process_notification_centre.h"
@@ -51,6 +52,12 @@ class QtApplication : public Application {
   void terminate() override { QCoreApplication::exit(0); }
 };
 
+/// Beside the program, as it was built, or where an installation puts it.
+std::vector<std::string> moduleFolders() {
+  const std::string own = QCoreApplication::applicationDirPath().toStdString();
+  return {own, own + "/" + std::string(moduleFolder)};
+}
+
 bool isFrontmost() {
   return QGuiApplication::applicationState() == Qt::ApplicationActive;
 }
@@ -86,9 +93,10 @@ struct MemoryMonitorApp::Services {
   StatusIconPainter icons;
   QtApplication application;
   LinuxBackgroundQueue backgroundQueue;
-  QuickWindows windows{appearance,
-                       {.version = std::string(productVersion),
-                        .builtOn = "Qt " + std::string(qVersion()) + " and GLib"}};
+  LazyWindows windows{moduleFolders(),
+                      appearance,
+                      {.version = std::string(productVersion),
+                       .builtOn = "Qt " + std::string(qVersion()) + " and GLib"}};
   std::shared_ptr<AppDelegate> delegate;
   TerminationSignals terminationSignals;
 };

@@ -14,6 +14,10 @@ if(NOT ORVANE_UPDATE_FEED MATCHES "^$|^https://|^http://(localhost|127\\.|\\[::1
   message(FATAL_ERROR "ORVANE_UPDATE_FEED must be an https address")
 endif()
 
+include(GNUInstallDirs)
+file(RELATIVE_PATH ORVANE_MODULE_FOLDER
+  ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/orvane)
+
 add_library(orvane_product_settings INTERFACE)
 configure_file(${PROJECT_SOURCE_DIR}/app/product_settings.h.in
   ${PROJECT_BINARY_DIR}/generated/app/product_settings.h @ONLY)

@@ -98,8 +98,8 @@ class Measurement:
     def opening(self):
         """Milliseconds from the mouse button's release on the item to the popover's first frame."""
         screen, point = self.desktop.screen, self.item_point()
-        self.pointer.move(*point)
-        time.sleep(0.7)  # whatever the panel does under a new pointer is over
+        self.pointer.move(point[0] - 400, 400)  # a pointer that rests on the item shows a tooltip
+        time.sleep(0.7)
         area = (point[0] - 140, 60, 280, 40)
         before = screen.area(*area)
         released = self.pointer.click(*point)
