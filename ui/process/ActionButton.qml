@@ -9,7 +9,8 @@ PlainButton {
     property color fill: Theme.withOpacity(Theme.gray, 0.2)
     property color textColor: Theme.secondaryLabel
 
-    implicitWidth: label.implicitWidth + 28
+    // Whole points, so that its edges are sharp.
+    implicitWidth: Math.ceil(label.implicitWidth) + 28
     implicitHeight: label.implicitHeight + 16
     focusRadius: 8
 

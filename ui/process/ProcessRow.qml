@@ -22,7 +22,7 @@ Item {
 
     implicitHeight: 56
     Accessible.role: Accessible.ListItem
-    Accessible.name: qsTr("%1, %2").arg(name).arg(memoryText)
+    Accessible.name: name + ", " + memoryText
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true
@@ -71,7 +71,7 @@ Item {
         anchors.left: icon.right
         anchors.leftMargin: 12
         anchors.right: info.left
-        anchors.rightMargin: 16
+        anchors.rightMargin: 20
         anchors.verticalCenter: parent.verticalCenter
         text: root.name
         textFormat: Text.PlainText

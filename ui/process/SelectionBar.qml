@@ -40,7 +40,7 @@ Item {
 
         anchors.verticalCenter: buttons.verticalCenter
         x: 14
-        width: buttons.x - 8 - 16 - x
+        width: buttons.x - 16 - 8 - 8 - x
         spacing: 4
 
         Text {
@@ -71,8 +71,7 @@ Item {
 
         anchors.right: parent.right
         anchors.rightMargin: 14
-        anchors.verticalCenter: parent.verticalCenter
-        anchors.verticalCenterOffset: 0.5
+        y: 1 + Math.round((root.height - 1 - height) / 2)
         spacing: 8
 
         ActionButton {
