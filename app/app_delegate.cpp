@@ -203,7 +203,11 @@ void AppDelegate::showMainWindow() {
     mainWindow_ = services_.windows.makeMainWindow(memoryManager_, mainWindowClosures(),
                                                    mainWindowDelegate());
   }
-  presentMainWindow();
+  if (mainWindow_) {
+    presentMainWindow();
+  } else {
+    services_.application.setActivationPolicy(ActivationPolicy::accessory);
+  }
 }
 
 MainWindowClosures AppDelegate::mainWindowClosures() {
@@ -240,7 +244,7 @@ MainWindowDelegate AppDelegate::mainWindowDelegate() {
 
 void AppDelegate::presentMainWindow() {
   services_.application.activate();
-  if (mainWindow_) mainWindow_->makeKeyAndOrderFront();
+  mainWindow_->makeKeyAndOrderFront();
   isMainWindowVisible_ = true;
   services_.model.preferences.setBoolean(mainWindowVisibleKey, true);
 }

@@ -2,7 +2,6 @@
 
 #include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QMouseEvent>
 #include <QtGui/QScreen>
 #include <QtQuick/QQuickItem>
 #include <utility>
@@ -14,7 +13,7 @@ namespace {
 
 // The grab fails while the window isn't on the screen yet or the panel still holds the mouse.
 constexpr int grabRetryMilliseconds = 40;
-// From the press that closed the popover to the click a panel makes of it.
+// From the press on a panel that took the focus away to the click the panel makes of it.
 constexpr int sameClickMilliseconds = 400;
 
 bool isX11() {
@@ -41,7 +40,10 @@ StatusPopover::StatusPopover(Views& views) : views_(views) {
   connect(&focusCheck_, &QTimer::timeout, this, &StatusPopover::focusChanged);
 }
 
-StatusPopover::~StatusPopover() = default;
+// So that the window's end is no event for the members that are gone by then.
+StatusPopover::~StatusPopover() {
+  close();
+}
 
 bool StatusPopover::isShown() const {
   return view_ || (sinceDismissal_.isValid() && !sinceDismissal_.hasExpired(sameClickMilliseconds));
@@ -62,6 +64,7 @@ void StatusPopover::show(ScreenPoint item, PopoverClosures closures) {
   item_ = statusItemLocation(pointer, item, areas);
   screen_ = screenAt(item_, areas);
   wasActive_ = false;
+  pressedOutside_ = false;
 
   view_->setTitle(QStringLiteral("Orvane"));
   view_->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
@@ -102,8 +105,9 @@ void StatusPopover::close() {
   cleanUp_.start(0);
 }
 
+// Where the mouse is held (X11) no click on the item takes the focus away.
 void StatusPopover::dismiss() {
-  sinceDismissal_.start();
+  if (!isX11()) sinceDismissal_.start();
   close();
 }
 
@@ -137,10 +141,19 @@ bool StatusPopover::eventFilter(QObject* watched, QEvent* event) {
   if (watched != view_.get()) return false;
   if (event->type() == QEvent::Expose && isX11()) holdMouse();
   if (event->type() == QEvent::Close) close();
-  if (event->type() != QEvent::MouseButtonPress) return false;
-  const auto* press = static_cast<QMouseEvent*>(event);
-  if (QRectF(QPointF(), QSizeF(view_->size())).contains(press->position())) return false;
-  dismiss();
+  return event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease
+             ? closesOutside(*static_cast<QMouseEvent*>(event))
+             : false;
+}
+
+// The mouse is held until the button is up: a panel that got the release alone would make a click
+// of it and open the popover again.
+bool StatusPopover::closesOutside(const QMouseEvent& event) {
+  if (event.type() == QEvent::MouseButtonPress)
+    pressedOutside_ =
+        pressedOutside_ || !QRectF({}, QSizeF(view_->size())).contains(event.position());
+  if (!pressedOutside_) return false;
+  if (event.buttons() == Qt::NoButton) close();
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
+#include <QtGui/QMouseEvent>
 #include <QtQuick/QQuickView>
 #include <memory>
 
@@ -42,6 +43,8 @@ class StatusPopover : public QObject, public Popover {
   void focusChanged();
   /// Closes because the user turned to something else.
   void dismiss();
+  /// A click outside closes; true for events that belong to one.
+  bool closesOutside(const QMouseEvent& event);
   [[nodiscard]] bool menuIsOpen() const;
 
   Views& views_;
@@ -54,6 +57,7 @@ class StatusPopover : public QObject, public Popover {
   QPoint item_;
   ScreenArea screen_;
   bool wasActive_ = false;
+  bool pressedOutside_ = false;
 };
 
 }  // namespace orvane

@@ -4,6 +4,8 @@
 #include <QtGui/QScreen>
 #include <utility>
 
+#include "platform/linux/x11_window_hints.h"
+
 namespace orvane {
 namespace {
 
@@ -13,7 +15,7 @@ constexpr QSize contentSize{440, 510};
 
 QuickMainWindow::QuickMainWindow(Views& views, MainWindowClosures closures,
                                  MainWindowDelegate delegate)
-    : delegate_(std::move(delegate)) {
+    : views_(views), delegate_(std::move(delegate)) {
   closures.closeWindow = [this] { view_->close(); };
   closures.minimize = [this] { view_->showMinimized(); };
   view_ = views.makeMainWindowView(std::move(closures));
@@ -34,6 +36,8 @@ QuickMainWindow::QuickMainWindow(Views& views, MainWindowClosures closures,
 }
 
 void QuickMainWindow::makeKeyAndOrderFront() {
+  // For its menus and popovers; a compositor may have come or gone since.
+  views_.setTranslucentWindows(blendsTranslucentWindows());
   if (!view_->isVisible()) view_->setFramePosition(place_);
   view_->showNormal();
   view_->raise();

@@ -26,6 +26,7 @@ class QuickMainWindow : public QObject, public MainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  Views& views_;
   MainWindowDelegate delegate_;
   std::unique_ptr<QQuickView> view_;
   QPoint place_;

@@ -16,8 +16,8 @@ class Popover {
  public:
   virtual ~Popover() = default;
 
-  /// Also true for a moment after a press elsewhere closed it: that press may be the one on the
-  /// item that the panel is about to report, which must not open it again.
+  /// Also true for a moment after a press elsewhere took the focus away and so closed it, where
+  /// nobody can tell whether that press was the one on the item that the panel is about to report.
   [[nodiscard]] virtual bool isShown() const = 0;
 
   virtual void performClose() = 0;

@@ -4,6 +4,8 @@
 #include <QtCore/QUrl>
 #include <QtCore/QXmlStreamReader>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "platform/linux/plain_text.h"
@@ -15,6 +17,20 @@ namespace {
 
 constexpr qsizetype longestNotes = 4000;
 constexpr qsizetype longestAddress = 2048;
+// The XML reader compares each attribute of an element with all the others: this many take it less
+// than half a second, those that fit into a feed of 1 MiB half a minute.
+constexpr qsizetype mostAttributes = 20'000;
+
+/// Whether "=" is the byte of that character in the encoding, so that attributes can be counted
+/// before they are read. Empty: the document names none, and is UTF-8 or begins with a mark.
+bool showsAttributes(QStringView encoding) {
+  static constexpr std::array known = {QLatin1String(""), QLatin1String("utf-8"),
+                                       QLatin1String("utf-16"), QLatin1String("us-ascii"),
+                                       QLatin1String("iso-8859-1")};
+  return std::any_of(known.begin(), known.end(), [encoding](QLatin1String name) {
+    return encoding.compare(name, Qt::CaseInsensitive) == 0;
+  });
+}
 
 /// The name without its prefix.
 QStringView localName(QStringView name) {
@@ -57,6 +73,9 @@ class AppcastReader {
   std::optional<Appcast> read() {
     while (!xml_.atEnd()) {
       switch (xml_.readNext()) {
+        case QXmlStreamReader::StartDocument:
+          if (!showsAttributes(xml_.documentEncoding())) return std::nullopt;
+          break;
         case QXmlStreamReader::DTD:
           return std::nullopt;
         case QXmlStreamReader::StartElement:
@@ -175,6 +194,7 @@ class AppcastReader {
 }  // namespace
 
 std::optional<Appcast> parseAppcast(const QByteArray& document) {
+  if (document.count('=') > mostAttributes) return std::nullopt;
   return AppcastReader(document).read();
 }
 

@@ -26,8 +26,9 @@ struct Appcast {
 ///
 /// The page of an item is its first https address of: its link, its release notes link, its
 /// enclosure. Items without a version or a page don't count. None when the document is no
-/// well-formed RSS, is incomplete, or has a document type (no feed needs one, and with it come
-/// entities that expand). Threads: any.
+/// well-formed RSS, is incomplete, is in an encoding that feeds don't use, holds more attributes
+/// than any feed (reading takes the longer for each, the more there are), or has a document type
+/// (no feed needs one, and with it come entities that expand). Threads: any.
 [[nodiscard]] std::optional<Appcast> parseAppcast(const QByteArray& document);
 
 }  // namespace orvane

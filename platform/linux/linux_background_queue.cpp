@@ -1,5 +1,6 @@
 #include "platform/linux/linux_background_queue.h"
 
+#include <system_error>
 #include <utility>
 
 namespace orvane {
@@ -20,13 +21,27 @@ LinuxBackgroundQueue::~LinuxBackgroundQueue() {
 }
 
 void LinuxBackgroundQueue::async(Block block) {
-  const std::scoped_lock lock(mutex_);
-  if (isEnding_) return;
-  blocks_.push_back(std::move(block));
-  joinFinished();
-  if (workers_.size() == mostWorkers) return;
+  {
+    const std::scoped_lock lock(mutex_);
+    if (isEnding_) return;
+    blocks_.push_back(std::move(block));
+    joinFinished();
+    if (workers_.size() == mostWorkers || addWorker() || !workers_.empty()) return;
+    block = std::move(blocks_.back());
+    blocks_.pop_back();
+  }
+  block();
+}
+
+bool LinuxBackgroundQueue::addWorker() {
   Worker& worker = workers_.emplace_back();
-  worker.thread = std::thread([this, &worker] { work(worker); });
+  try {
+    worker.thread = std::thread([this, &worker] { work(worker); });
+    return true;
+  } catch (const std::system_error&) {
+    workers_.pop_back();
+    return false;
+  }
 }
 
 void LinuxBackgroundQueue::sleep(Duration duration) {

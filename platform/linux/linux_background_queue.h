@@ -11,7 +11,8 @@
 namespace orvane {
 
 /// At most two threads, made when there is work and gone when there is none. Blocks that haven't
-/// begun when the queue is destroyed are dropped.
+/// begun when the queue is destroyed are dropped. Where the system gives no thread at all a block
+/// runs inside `async`.
 class LinuxBackgroundQueue : public BackgroundQueue {
  public:
   LinuxBackgroundQueue() = default;
@@ -27,6 +28,8 @@ class LinuxBackgroundQueue : public BackgroundQueue {
   };
 
   void work(Worker& worker);
+  /// False when the system has no thread left. Needs the lock.
+  bool addWorker();
   void joinFinished();
 
   std::mutex mutex_;

@@ -3,6 +3,7 @@
 #include <sys/eventfd.h>
 
 #include <QtCore/QTimer>
+#include <system_error>
 #include <thread>
 
 #include "platform/linux/bus_address.h"
@@ -55,10 +56,15 @@ class SessionBus::Private : public QObject {
     attemptName_ = QStringLiteral("orvane-%1-%2")
                        .arg(reinterpret_cast<quintptr>(this), 0, 16)
                        .arg(++attempts_);
-    worker_ = std::thread([this, name = attemptName_] {
-      result_ = connectToSession(name, cancel_.get(), timing_.answerTimeout);
+    try {
+      worker_ = std::thread([this, name = attemptName_] {
+        result_ = connectToSession(name, cancel_.get(), timing_.answerTimeout);
+        QMetaObject::invokeMethod(this, "finish", Qt::QueuedConnection);
+      });
+    } catch (const std::system_error&) {
+      // No thread can be had now: as if no bus had answered.
       QMetaObject::invokeMethod(this, "finish", Qt::QueuedConnection);
-    });
+    }
   }
 
   [[nodiscard]] const QDBusConnection& connection() const { return connection_; }
@@ -73,7 +79,7 @@ class SessionBus::Private : public QObject {
   }
 
   Q_SLOT void finish() {
-    worker_.join();
+    if (worker_.joinable()) worker_.join();
     adopt(std::exchange(result_, QDBusConnection(QString())),
           std::exchange(attemptName_, QString()));
     const bool isFirst = !std::exchange(isSettled_, true);

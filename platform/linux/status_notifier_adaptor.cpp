@@ -38,7 +38,9 @@ void StatusNotifierAdaptor::setLabel(const QString& label) {
 }
 
 void StatusNotifierAdaptor::setIcon(const std::vector<orvane::IconPixmap>& icon) {
-  icon_ = busPixmaps(icon);
+  StatusNotifierPixmaps pixmaps = busPixmaps(icon);
+  if (pixmaps == icon_) return;
+  icon_ = std::move(pixmaps);
   Q_EMIT NewIcon();
 }
 

@@ -61,7 +61,7 @@ void StatusNotifierRegistration::call(const QDBusMessage& message, Handler handl
 }
 
 void StatusNotifierRegistration::attach() {
-  bus_.connection().connect(busName(), QStringLiteral("/org/freedesktop/DBus"), busName(),
+  bus_.connection().connect(QString(), QStringLiteral("/org/freedesktop/DBus"), busName(),
                             QStringLiteral("NameOwnerChanged"), {watcherName()},
                             QStringLiteral("sss"), this,
                             SLOT(ownerChanged(QString, QString, QString)));
@@ -80,7 +80,6 @@ void StatusNotifierRegistration::setOwner(const QString& owner) {
   ++generation_;
   retry_.stop();
   retriesLeft_ = retryCount;
-  registered_ = false;
   owner_ = owner;
   if (!owner_.isEmpty()) identify();
 }
@@ -107,7 +106,6 @@ void StatusNotifierRegistration::registerItem() {
                                      watcherName(), QStringLiteral("RegisterStatusNotifierItem"));
   message.setArguments({bus_.connection().baseService()});
   call(message, [this](const QDBusPendingReply<>& reply) {
-    registered_ = !reply.isError();
     if (reply.isError()) scheduleRetry();
   });
 }

@@ -25,9 +25,6 @@ class StatusNotifierRegistration : public QObject {
   /// True while the list belongs to a panel that draws labels.
   [[nodiscard]] bool hostDrawsLabel() const { return drawsLabel_; }
 
-  /// True once the list's owner took the item in.
-  [[nodiscard]] bool isRegistered() const { return registered_; }
-
  Q_SIGNALS:
   void hostChanged();
 
@@ -51,7 +48,6 @@ class StatusNotifierRegistration : public QObject {
   int retriesLeft_ = 0;
   unsigned generation_ = 0;
   bool drawsLabel_ = false;
-  bool registered_ = false;
 };
 
 }  // namespace orvane

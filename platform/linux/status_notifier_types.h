@@ -18,6 +18,8 @@ struct StatusNotifierPixmap {
   int width = 0;
   int height = 0;
   QByteArray bytes;
+
+  bool operator==(const StatusNotifierPixmap&) const = default;
 };
 using StatusNotifierPixmaps = QList<StatusNotifierPixmap>;
 

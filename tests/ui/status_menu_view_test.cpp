@@ -203,6 +203,26 @@ TEST_F(StatusMenuViewTest, OpenedDuringABoostItRestsUntilTheNextChange) {
   EXPECT_EQ(item("bolt").rotation(), 0);
 }
 
+TEST_F(StatusMenuViewTest, OnlyTheControlUnderThePointerLightsUp) {
+  show();
+  const auto light = [this](const char* name) {
+    const auto* effect = item(name).findChild<QQuickItem*>(QStringLiteral("hoverEffect"));
+    return effect->property("color").value<QColor>().alphaF();
+  };
+  const auto move = [this](QPointF to) {
+    QTest::mouseMove(view_.get(), to.toPoint());
+    QTest::qWait(20);
+  };
+  move(place(item("boostButton")).center());
+  EXPECT_NEAR(light("boostButton"), 0.05, 0.005);
+  EXPECT_EQ(light("gearMenu"), 0);
+  move(place(item("gearMenu")).center());
+  EXPECT_EQ(light("boostButton"), 0);
+  EXPECT_NEAR(light("gearMenu"), 0.05, 0.005);
+  move(QPointF(150, 5));
+  EXPECT_EQ(light("gearMenu"), 0);
+}
+
 TEST_F(StatusMenuViewTest, KeyboardReachesEveryControl) {
   show();
   QSignalSpy closing(view_->rootObject(), SIGNAL(closeRequested()));
@@ -215,6 +235,11 @@ TEST_F(StatusMenuViewTest, KeyboardReachesEveryControl) {
   EXPECT_TRUE(view_->rootObject()->property("detailsShown").toBool());
   QTest::keyClick(view_.get(), Qt::Key_Escape);
   EXPECT_EQ(closing.count(), 1);
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return}) QTest::keyClick(view_.get(), key);
+  QTest::qWait(20);
+  EXPECT_FALSE(item("boostButton").isEnabled());
+  QTest::keyClick(view_.get(), Qt::Key_Escape);
+  EXPECT_EQ(closing.count(), 2) << "while a boost runs that the keyboard started";
 }
 
 TEST_F(StatusMenuViewTest, MenuRunsItsEntriesByKeyboardAndPointer) {

@@ -123,6 +123,15 @@ TEST(Appcast, RefusesBrokenAndHostileDocuments) {
   }
 }
 
+TEST(Appcast, RefusesFloodsOfAttributesAtOnce) {
+  QByteArray flood = "<enclosure version='1' url='https://a.example/'";
+  for (int i = 0; i < 90'000; ++i) flood += " a" + QByteArray::number(i) + "=''";
+  EXPECT_FALSE(parseAppcast(feedWith(flood + "/>")));
+  // Here "=" can be written without its byte.
+  EXPECT_FALSE(parseAppcast("<?xml version='1.0' encoding='UTF-7'?>" +
+                            feedWith("<enclosure version='1' url='https://a.example/'/>")));
+}
+
 TEST(Appcast, ReadsElementsNestedAsDeepAsTheDocumentIsLong) {
   constexpr int depth = 130'000;
   const auto feed = parseAppcast(

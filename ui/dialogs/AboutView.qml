@@ -16,6 +16,12 @@ FocusScope {
     Accessible.name: qsTr("About Orvane")
     Keys.onEscapePressed: root.actions.closeWindow()
     Keys.onReturnPressed: root.actions.closeWindow()
+    Keys.onEnterPressed: root.actions.closeWindow()
+
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: root.actions.closeWindow()
+    }
 
     Rectangle {
         anchors.fill: parent

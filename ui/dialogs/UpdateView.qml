@@ -17,6 +17,11 @@ FocusScope {
     Keys.onReturnPressed: root.update.pressPrimary()
     Keys.onEnterPressed: root.update.pressPrimary()
 
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: root.update.pressSecondary()
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.windowBackground

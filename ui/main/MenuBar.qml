@@ -2,7 +2,7 @@ import QtQuick
 import Orvane
 
 /// The main window's menu bar. F10, or Alt pressed and released alone, moves the keyboard into it;
-/// Escape moves it back to where it was.
+/// Escape and a chosen entry move it back to where it was.
 FocusScope {
     id: root
 
@@ -83,6 +83,7 @@ FocusScope {
             name: qsTr("Orvane")
             isBold: true
             onMovedSideways: direction => root.move(program, direction)
+            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("About Orvane")
@@ -106,6 +107,7 @@ FocusScope {
 
             name: qsTr("File")
             onMovedSideways: direction => root.move(file, direction)
+            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("Close Window")
@@ -118,6 +120,7 @@ FocusScope {
 
             name: qsTr("Window")
             onMovedSideways: direction => root.move(window, direction)
+            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("Minimize")
@@ -130,6 +133,7 @@ FocusScope {
 
             name: qsTr("Help")
             onMovedSideways: direction => root.move(help, direction)
+            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("Contact Support")

@@ -10,6 +10,7 @@ PlainButton {
     property bool wasOpen: false  ///< when Left or Right was pressed
 
     signal movedSideways(int direction)
+    signal chosen  ///< an entry, by whatever means
 
     function moveSideways(direction: int, open: bool) {
         wasOpen = open;
@@ -53,6 +54,7 @@ PlainButton {
         anchorItem: root
         gap: 2
         title: root.name
+        onChosen: root.chosen()
         onMovedSideways: direction => {
             menu.close();
             root.moveSideways(direction, true);

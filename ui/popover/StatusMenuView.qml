@@ -2,7 +2,9 @@ import QtQuick
 import Orvane
 
 /// The popover's content: memory at a glance, the boost button and the menu. Sets its own size.
-Item {
+///
+/// A scope, so that Escape still arrives here while the button that has the keyboard is disabled.
+FocusScope {
     id: root
 
     required property MemoryModel model

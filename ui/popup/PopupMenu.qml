@@ -10,6 +10,8 @@ PopupWindow {
     default property list<MenuEntry> entries
     property string title: qsTr("Menu")  ///< for assistive technology
 
+    /// An entry was chosen; comes before what the entry does.
+    signal chosen
     /// Left (-1) or Right (1) in an open menu.
     signal movedSideways(int direction)
 
@@ -20,6 +22,7 @@ PopupWindow {
         onMovedSideways: direction => root.movedSideways(direction)
         onChosen: entry => {
             root.close();
+            root.chosen();
             entry.triggered();
         }
     }

@@ -19,15 +19,11 @@ Item {
     readonly property bool isOpen: loader.active
     readonly property Item contentItem: loader.item ? (loader.item as PopupFrame).contentItem : null
 
-    signal opened
-    signal closed
-
     function open() {
         if (loader.active)
             return;
         loader.active = true;
         (loader.item as PopupFrame).present();
-        opened();
     }
 
     function close() {
@@ -35,7 +31,6 @@ Item {
             return;
         (loader.item as PopupFrame).visible = false;
         loader.active = false;
-        closed();
     }
 
     Loader {
