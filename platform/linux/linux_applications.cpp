@@ -158,9 +158,9 @@ void LinuxApplications::openHandles() {
   std::map<std::int32_t, KnownHandle> handles;
   for (auto& application : applications_) {
     const Process& leader = *application.leader;
-    KnownHandle handle{.startTime = leader.startTime, .handle = nullptr};
+    KnownHandle handle{.serial = leader.serial, .handle = nullptr};
     const auto known = handles_.find(leader.pid);
-    if (known != handles_.end() && known->second.startTime == leader.startTime) {
+    if (known != handles_.end() && known->second.serial == leader.serial && known->second.handle) {
       handle = known->second;
     } else if (auto opened = LinuxProcessHandle::open(leader.pid); table_.isStillThere(leader)) {
       // The process was there after its pid was opened, so the pid can't have been another's.

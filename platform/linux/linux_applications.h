@@ -54,7 +54,7 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
     EntrySource source = EntrySource::none;
   };
   struct KnownHandle {
-    std::uint64_t startTime = 0;
+    std::uint64_t serial = 0;  ///< of the process
     std::shared_ptr<const ProcessHandle> handle;
   };
 

@@ -166,6 +166,7 @@ bool ProcessTable::admit(const ListedProcess& listed, Processes::iterator next) 
     return false;
   }
   process.needsEvidence = true;
+  process.serial = ++lastSerial_;
   process.updates_ = 1;
   processes_.emplace_hint(next, listed.pid, std::move(process));
   structureChanged_ = true;

@@ -25,7 +25,8 @@ struct Process {
   std::int32_t processGroup = 0;
   std::int32_t session = 0;
   int threads = 0;
-  std::uint64_t startTime = 0;     ///< clock ticks; with the pid the identity of the process
+  std::uint64_t startTime = 0;     ///< clock ticks; not exact enough to tell a pid's next process
+  std::uint64_t serial = 0;        ///< unique to this process for as long as the table lives
   std::uint64_t virtualSize = 0;   ///< bytes
   std::uint64_t residentSize = 0;  ///< bytes
   std::uint64_t sharedSize = 0;    ///< bytes of the resident ones that others may use too
@@ -126,6 +127,7 @@ class ProcessTable {
   std::vector<std::int32_t> removed_;
   unsigned updates_ = 0;
   std::size_t held_ = 0;
+  std::uint64_t lastSerial_ = 0;
   bool structureChanged_ = false;
   mutable std::string buffer_;
 };
