@@ -1,5 +1,7 @@
 #include "app/quick_windows.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QIcon>
 #include <utility>
 
 #include "app/popover.h"
@@ -10,6 +12,7 @@ namespace orvane {
 
 QuickWindows::QuickWindows(Appearance& appearance, ProductFacts facts)
     : appearance_(appearance), facts_(std::move(facts)) {
+  QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/orvane/icons/orvane.svg")));
   appearance_.setChanged([this] {
     if (views_) views_->setColorScheme(appearance_.colorScheme());
   });
