@@ -68,6 +68,18 @@ TEST(ProcessText, CutsAPathInItsMiddleOnly) {
   EXPECT_LE(cut.size(), 40);
 }
 
+TEST(ProcessText, CopiesWhatACutPathStandsFor) {
+  const QString text = QStringLiteral("/start/of/the/way/end");
+  const QString cut = QStringLiteral("/sta\u2026/end");
+  EXPECT_EQ(uncutPart(text, text, 1, 6), QStringLiteral("start"));
+  EXPECT_EQ(uncutPart(text, cut, 0, 9), text);
+  EXPECT_EQ(uncutPart(text, cut, 1, 4), QStringLiteral("sta"));
+  EXPECT_EQ(uncutPart(text, cut, 6, 9), QStringLiteral("end"));
+  EXPECT_EQ(uncutPart(text, cut, 4, 5), QStringLiteral("rt/of/the/way"));
+  EXPECT_EQ(uncutPart(text, cut, 2, 6), QStringLiteral("ta") + QStringLiteral("rt/of/the/way/"));
+  EXPECT_EQ(uncutPart(text, cut, 3, 3), QString());
+}
+
 TEST(BubblePath, PointsAtItsTipOnEitherSideInsideItsBounds) {
   const QRectF bounds(0, 0, 100, 80);
   for (const bool onRight : {false, true}) {

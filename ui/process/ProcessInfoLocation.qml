@@ -68,6 +68,11 @@ ProcessInfoSection {
         TextEdit {
             id: path
 
+            /// The part of the whole path that is selected in what is shown of it.
+            function copyPart(forMiddleClick: bool) {
+                ProcessText.copyPart(root.record.path, text, selectionStart, selectionEnd, forMiddleClick);
+            }
+
             objectName: "path"
             x: 8
             y: 8
@@ -86,17 +91,19 @@ ProcessInfoSection {
             activeFocusOnTab: true
             Accessible.name: qsTr("Path")
             Accessible.description: root.record.path
-            // All of what is shown stands for all of the path.
             Keys.onPressed: event => {
-                event.accepted = event.matches(StandardKey.Copy) && selectedText === text;
-                if (!event.accepted)
-                    return;
-                whole.selectAll();
-                whole.copy();
+                event.accepted = event.matches(StandardKey.Copy);
+                if (event.accepted)
+                    copyPart(false);
             }
 
             HoverHandler {
                 cursorShape: Qt.IBeamCursor
+            }
+
+            PointHandler {
+                onActiveChanged: if (!active)
+                    path.copyPart(true)
             }
         }
 
@@ -105,12 +112,5 @@ ProcessInfoSection {
             radius: 6
             visible: path.activeFocus
         }
-    }
-
-    TextEdit {
-        id: whole
-
-        visible: false
-        text: root.record.path
     }
 }

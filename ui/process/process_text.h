@@ -32,6 +32,10 @@ inline constexpr int historySecondsPerPoint = 5;
 [[nodiscard]] QString middleElidedText(const QString& text, const QFont& font, double width,
                                        int lines);
 
+/// What the characters [from, to) of `cut` stand for, `cut` being `text` or a middleElidedText of
+/// it: what was left out is part of it when the mark in its place is.
+[[nodiscard]] QString uncutPart(const QString& text, const QString& cut, int from, int to);
+
 /// The texts of the list of applications for views. One a QML engine.
 class ProcessText : public QObject {
   Q_OBJECT
@@ -58,6 +62,10 @@ class ProcessText : public QObject {
                                                  double width, int lines) const {
     return middleElidedText(text, font, width, lines);
   }
+  /// Puts an uncutPart on the clipboard, or into the selection that a middle click pastes where
+  /// the desktop has one. Nothing for an empty part.
+  Q_INVOKABLE void copyPart(const QString& text, const QString& cut, int from, int to,
+                            bool forMiddleClick) const;
   /// "1.5 MB" of `bytes`
   Q_INVOKABLE [[nodiscard]] QString megabytes(double bytes, int decimals) const;
 };
