@@ -269,8 +269,9 @@ TEST_F(Processes, TheContextMenuAsksAboutItsOwnRow) {
   EXPECT_NE(openWindow(), nullptr);
 }
 
-TEST_F(Processes, ShowsDetailsThatFollowTheHistory) {
+TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
   start(2);
+  view_->setPosition(0, 200);
   click(find(row(1), QStringLiteral("info")));
   QQuickWindow* details = openWindow();
   ASSERT_NE(details, nullptr);
@@ -290,9 +291,23 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistory) {
   settle();
   EXPECT_FALSE(item("locationSection", details)->isVisible());
   EXPECT_FALSE(item("threadSection", details)->isVisible());
+  const auto middle = [this] { return row(1)->mapToGlobal({0, row(1)->height() / 2}).y(); };
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    return row(1)->y() > row(2)->y() &&
+           qAbs(details->y() + details->height() / 2.0 - middle()) <= 1;
+  }));
   QTest::keyClick(details, Qt::Key_Escape);
   settle();
   EXPECT_EQ(openWindow(), nullptr);
+}
+
+TEST_F(Processes, ClosesTheDetailsOfARowThatIsScrolledAway) {
+  start(10);
+  click(find(row(1), QStringLiteral("info")));
+  ASSERT_NE(openWindow(), nullptr);
+  for (int i = 0; i < 10; ++i) QTest::keyClick(openWindow(), Qt::Key_Down);
+  EXPECT_EQ(selectedPid(), 10);
+  EXPECT_TRUE(QTest::qWaitFor([] { return openWindow() == nullptr; }));
 }
 
 TEST_F(Processes, PutsDetailsBesideTheirButtonInsideTheScreen) {

@@ -14,6 +14,7 @@ Window {
     required property real arrow
     required property bool ownsArrowKeys
     readonly property Item contentItem: loader.item as Item
+    property point anchorPlace  ///< on the screen, when the window was placed
 
     signal dismissed
 
@@ -26,6 +27,7 @@ Window {
     function fit() {
         if (!loader.item)
             return;
+        anchorPlace = anchorItem.mapToGlobal(0, 0);
         controller.place(loader.implicitWidth + arrow, loader.implicitHeight, root.edge, root.gap);
         const centre = anchorItem.mapToGlobal(anchorItem.width / 2, anchorItem.height / 2);
         bubble.arrowOnRight = arrow > 0 && centre.x > x + width / 2;
@@ -48,6 +50,20 @@ Window {
         window: root
         anchor: root.anchorItem
         onDismissed: root.dismissed()
+    }
+
+    // A list that is rebuilt or scrolled moves its rows.
+    Connections {
+        target: root.visible ? root.anchorItem.Window.window : null
+
+        function onFrameSwapped() {
+            if (root.anchorItem.mapToGlobal(0, 0) === root.anchorPlace)
+                return;
+            if (controller.isAnchorInSight())
+                root.fit();
+            else
+                root.dismissed();
+        }
     }
 
     Bubble {

@@ -59,6 +59,15 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
                                   edge == Below ? PopupEdge::below : PopupEdge::trailing));
 }
 
+bool PopupController::isAnchorInSight() const {
+  if (!anchor_) return false;
+  const QPointF middle(anchor_->width() / 2, anchor_->height() / 2);
+  for (const QQuickItem* item = anchor_; item != nullptr; item = item->parentItem()) {
+    if (item->clip() && !item->contains(item->mapFromItem(anchor_, middle))) return false;
+  }
+  return true;
+}
+
 int PopupController::next(const QList<bool>& choosable, int current, int direction) const {
   return nextChoice(choosable, current, direction);
 }

@@ -35,6 +35,8 @@ class PopupController : public QObject {
 
   /// Gives the window its size and place, on the screen of the anchor.
   Q_INVOKABLE void place(double width, double height, Edge edge, double gap);
+  /// Whether the middle of the anchor can be seen, not scrolled away.
+  Q_INVOKABLE [[nodiscard]] bool isAnchorInSight() const;
   /// The entry a key moves to; see nextChoice.
   Q_INVOKABLE [[nodiscard]] int next(const QList<bool>& choosable, int current,
                                      int direction) const;
