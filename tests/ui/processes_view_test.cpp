@@ -232,6 +232,11 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
     EXPECT_TRUE(fakes_.signals.killed.empty());
     EXPECT_EQ(selectedPid(), 2);
   }
+  press(Qt::Key_Return);
+  view_->hide();
+  EXPECT_TRUE(QTest::qWaitFor([] { return openWindow() == nullptr; }));
+  view_->show();
+  settle();
   fakes_.signals.onKill = [this](std::int32_t pid) { fakes_.applications.remove(pid); };
   click(item("killSelection"));
   ASSERT_NE(openWindow(), nullptr);

@@ -37,6 +37,15 @@ Window {
         cancel.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    Connections {
+        target: root.owner
+
+        function onVisibleChanged() {
+            if (!root.owner.visible)
+                root.dismissed();
+        }
+    }
+
     SmoothRectangle {
         anchors.fill: parent
         radius: Theme.windowRadius
@@ -91,6 +100,8 @@ Window {
                 text: ProcessText.killQuestion(root.record)
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap
+                maximumLineCount: 12
+                elide: Text.ElideRight
                 font: Theme.subheadline
                 color: Theme.label
             }
