@@ -136,6 +136,19 @@ TEST_F(Processes, MovesTheSelectionByKeyAndScrollsToIt) {
       QTest::qWaitFor([&] { return qAbs(list->property("contentY").toDouble() - end) < 1; }));
 }
 
+TEST_F(Processes, KeepsAClickedRowInSight) {
+  start(10);
+  QQuickItem* list = item("list");
+  const auto bottom = [&](int pid) {
+    return row(pid)->mapToItem(list, {0, row(pid)->height()}).y();
+  };
+  const int pid = static_cast<int>(list->height() / bottom(1));
+  ASSERT_LE(bottom(pid), list->height());
+  click(row(pid));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bottom(pid) <= list->height(); }));
+  EXPECT_TRUE(has("selectionName"));
+}
+
 TEST_F(Processes, TakesTheArrowsFromEveryWindowExactlyWhileOnScreen) {
   start(0);
   KeyCounter other;

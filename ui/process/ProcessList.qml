@@ -11,16 +11,18 @@ ScrollArea {
 
     signal killRequested(var record)
 
-    /// Opens the context menu of the selected row, or of the row that has the keyboard.
+    /// Opens the context menu of the row that has the keyboard, or else of the selected row.
     function openMenuByKey() {
+        let target = null;
         for (let i = 0; i < rows.count; ++i) {
             const row = rows.itemAt(i) as ProcessRow;
-            if (row.isSelected || row.hasKeyboard) {
-                reveal(row);
-                menu.openAt(row, 46, 46);
-                return;
-            }
+            if (row.hasKeyboard || (row.isSelected && !target?.hasKeyboard))
+                target = row;
         }
+        if (!target)
+            return;
+        reveal(target);
+        menu.openAt(target, 46, 46);
     }
 
     contentHeight: column.height + 16
@@ -56,10 +58,25 @@ ScrollArea {
                 width: column.width
                 memoryModel: root.model
                 actions: root.actions
-                onChosen: root.model.selection = record
+                onChosen: {
+                    root.model.selection = record;
+                    sight.row = row;
+                    sight.restart();
+                }
                 onMenuRequested: (x, y) => menu.openAt(row, x, y)
             }
         }
+    }
+
+    // The bar that comes up with the selection may lie over its row.
+    Timer {
+        id: sight
+
+        property ProcessRow row
+
+        interval: 0
+        onTriggered: if (row)
+            root.reveal(row)
     }
 
     Item {
