@@ -13,16 +13,19 @@ Item {
 
     /// Shows the end of the details.
     function scrollToBottom() {
-        area.scrollToBottom(bottomAnchor.y + bottomAnchor.height);
+        area.scrollToBottom(area.contentEnd);
     }
 
     ScrollArea {
         id: area
 
+        readonly property real contentEnd: bottomAnchor.y + bottomAnchor.height
+
         objectName: "scrollArea"
         width: root.width
         height: bar.y - 1
-        contentHeight: bottomAnchor.y + bottomAnchor.height + 30
+        // The blank below the last line is no reason to scroll; it grows so that nothing jumps.
+        contentHeight: contentEnd + Math.max(0, Math.min(30, contentEnd - height))
 
         GaugeShadow {
             anchors.fill: gauge
@@ -92,10 +95,11 @@ Item {
         Loader {
             id: details
 
+            readonly property real openY: boostButton.y + boostButton.height + 20
             property real shown: root.showDetailedView ? 1 : 0  ///< 0 closed, 1 open
 
             objectName: "details"
-            y: boostButton.y + boostButton.height + 20 - (1 - shown) * height
+            y: area.onPixel(openY - (1 - shown) * height)
             z: -1
             width: root.width
             active: root.showDetailedView || shown > 0
@@ -118,7 +122,7 @@ Item {
             id: bottomAnchor
 
             objectName: "bottomAnchor"
-            y: boostButton.y + boostButton.height + 20 + details.shown * (details.height > 0 ? details.height + 20 : 0)
+            y: details.openY + details.shown * (details.height > 0 ? details.height + 20 : 0)
             width: root.width
             height: 1
         }
