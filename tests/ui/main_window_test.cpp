@@ -111,6 +111,7 @@ TEST_F(MainWindowTest, EverythingLiesAtItsPlace) {
   EXPECT_EQ(place("boostButton").width(), 400);
   EXPECT_EQ(place("bottomAnchor").y(), place("boostButton").bottom() + 20);
   EXPECT_EQ(place("detailsToggle").bottom(), 490);
+  EXPECT_EQ(item("scrollArea").property("furthest"), 0) << "nothing is hidden";
   EXPECT_EQ(find("freeBar"), nullptr);
 
   press("detailsToggle");
@@ -173,6 +174,11 @@ TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
   addApplications(3);
   show();
   sample();
+  bool betweenPixels = false;
+  QObject::connect(window_.get(), &QQuickWindow::beforeSynchronizing, [&] {
+    const double y = find("freeBar") == nullptr ? 0 : place("chartCard").y();
+    betweenPixels = betweenPixels || y != std::round(y);
+  });
   QElapsedTimer sinceClick;
   sinceClick.start();
   click("detailsToggle");
@@ -183,6 +189,7 @@ TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
     return std::abs(place("bottomAnchor").bottom() - place("scrollArea").bottom());
   };
   EXPECT_TRUE(QTest::qWaitFor([&] { return bottomGap() <= 0.5; }, 5000)) << bottomGap();
+  EXPECT_FALSE(betweenPixels) << "what is painted there would stay blurred at its place";
 
   item("scrollArea").setProperty("contentY", 0);
   click("detailsToggle");

@@ -8,6 +8,7 @@ Flickable {
 
     /// How far down `contentY` may go.
     readonly property real furthest: Math.max(0, contentHeight - height)
+    property real glided: 0  ///< `contentY` while it glides, between device pixels too
 
     /// Scrolls, gently, until the content's point `y` lies on the bottom edge.
     function scrollToBottom(y) {
@@ -20,6 +21,7 @@ Flickable {
     }
 
     function glideTo(y) {
+        glide.from = contentY;
         glide.to = onPixel(Math.max(0, Math.min(furthest, y)));
         glide.restart();
     }
@@ -51,6 +53,7 @@ Flickable {
     interactive: false
     clip: true
     boundsBehavior: Flickable.StopAtBounds
+    onGlidedChanged: contentY = onPixel(glided)
     onContentYChanged: indicator.show()
     onContentHeightChanged: if (contentY > furthest)
         contentY = furthest
@@ -96,7 +99,7 @@ Flickable {
         id: glide
 
         target: root
-        property: "contentY"
+        property: "glided"
         duration: 300
         easing.type: Easing.BezierSpline
         easing.bezierCurve: Motion.easeInOut
