@@ -35,8 +35,10 @@ PlainButton {
     Row {
         id: label
 
+        // The bolt leaves four points of its square blank on either side.
         anchors.centerIn: parent
-        spacing: 10
+        anchors.horizontalCenterOffset: -2
+        spacing: 10 - 4
 
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
