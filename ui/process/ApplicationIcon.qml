@@ -35,6 +35,7 @@ Item {
 
         Symbol {
             anchors.centerIn: parent
+            anchors.alignWhenCentered: false
             name: "app.fill"
             pointSize: root.symbolSize
             color: Theme.blue
