@@ -1,9 +1,10 @@
 import QtQuick
 import Orvane
 
-/// A frameless window of its own beside an item: inside the screen, above other windows, closed by
-/// Escape, by a press outside and when the item's window is left. Its content is loaded while it
-/// is open; the content's implicit size is the window's size.
+/// A frameless window of its own beside an item, which it follows: inside the screen, above other
+/// windows, closed by Escape, by a press outside, when the item is scrolled away and when the
+/// item's window is left. Its content is loaded while it is open; the content's implicit size is
+/// the window's size.
 Item {
     id: root
 
