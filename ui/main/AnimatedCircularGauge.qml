@@ -10,6 +10,8 @@ Item {
     required property string usageText
     required property bool processing
     readonly property int lineWidth: 18
+    readonly property alias percentage: percentage
+    readonly property real percentageY: centre.y + percentage.y
 
     implicitWidth: 180
     implicitHeight: 180
@@ -80,10 +82,14 @@ Item {
     }
 
     Column {
+        id: centre
+
         anchors.centerIn: parent
         spacing: 6
 
         GradientText {
+            id: percentage
+
             objectName: "percentage"
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.usageText

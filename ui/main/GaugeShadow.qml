@@ -1,28 +1,37 @@
 import QtQuick
 import Orvane
 
-/// The shadow that a gauge's ring casts below itself.
+/// The shadow that a gauge's ring and figure cast below themselves.
 Item {
     id: root
 
-    required property real usage  ///< percent
-    required property int lineWidth
+    required property AnimatedCircularGauge gauge
+    readonly property real blurRadius: 16
 
     BlurredArc {
         anchors.fill: parent
-        lineWidth: root.lineWidth
+        lineWidth: root.gauge.lineWidth
         colors: [Theme.withOpacity(Theme.gaugeShadow, Theme.gaugeTrack.a)]
-        blurRadius: 16
+        blurRadius: root.blurRadius
     }
 
     BlurredArc {
         objectName: "arcShadow"
         anchors.fill: parent
-        to: root.usage / 100
-        lineWidth: root.lineWidth
+        to: root.gauge.usage / 100
+        lineWidth: root.gauge.lineWidth
         roundCaps: true
         colors: [Theme.gaugeShadow]
         startRotation: -90
-        blurRadius: 16
+        blurRadius: root.blurRadius
+    }
+
+    BlurredText {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: root.gauge.percentageY
+        text: root.gauge.percentage.text
+        font: root.gauge.percentage.font
+        colors: [Theme.gaugeShadow]
+        blurRadius: root.blurRadius
     }
 }

@@ -31,8 +31,7 @@ Item {
             anchors.fill: gauge
             anchors.topMargin: 8
             anchors.bottomMargin: -8
-            usage: root.model.usagePercentage
-            lineWidth: gauge.lineWidth
+            gauge: gauge
         }
 
         AnimatedCircularGauge {
