@@ -12,6 +12,9 @@ namespace orvane {
 
 QuickWindows::QuickWindows(Appearance& appearance, ProductFacts facts)
     : appearance_(appearance), facts_(std::move(facts)) {
+  // On desktops the toolkit doesn't know it finds hardly an application's icon by itself.
+  if (QIcon::themeName() == QLatin1String("hicolor"))
+    QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/orvane/icons/orvane.svg")));
   appearance_.setChanged([this] {
     if (views_) views_->setColorScheme(appearance_.colorScheme());

@@ -18,6 +18,11 @@ def cpu_seconds(process):
     return sum(int(figures.split()[0]) for figures in _of_threads(process, "schedstat")) / 1e9
 
 
+def main_thread_seconds(process):
+    """Processor time of the main thread so far."""
+    return int(pathlib.Path(f"/proc/{process}/task/{process}/schedstat").read_text().split()[0]) / 1e9
+
+
 def wake_ups(process):
     """Context switches of all threads so far, voluntary and not."""
     return sum(int(line.split()[1]) for status in _of_threads(process, "status")

@@ -14,6 +14,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT))
 from bench.program.figures import Row, cpu_seconds, memory, wake_ups  # noqa: E402
+from bench.program.main_window import MainWindowMeasurement  # noqa: E402
 from tools.desktop.orvane import Orvane  # noqa: E402
 from tools.desktop.pointer import Pointer  # noqa: E402
 from tools.desktop.processes import wait_for  # noqa: E402
@@ -31,8 +32,8 @@ class Measurement:
         self.session = Session(desktop.bus_address)
         self.pointer = Pointer(desktop.environment["DISPLAY"])
 
-    def start(self):
-        return Orvane(self.desktop, self.build / "orvane", self.session, accessible=False)
+    def start(self, **options):
+        return Orvane(self.desktop, self.build / "orvane", self.session, accessible=False, **options)
 
     def references(self):
         """(name, process) of what Orvane is compared with, running."""
@@ -55,6 +56,7 @@ class Measurement:
             process.wait()
         yield from self.popover_rows(orvane)
         orvane.stop()
+        yield from MainWindowMeasurement(self).rows()
 
     def start_up(self):
         """Processor time from exec to the item registered; the best of a few, as caches warm."""
@@ -119,7 +121,7 @@ class Measurement:
 
     def item_point(self):
         from tools.desktop import panel  # connects to the desktop that exists now
-        return wait_for("item in the panel", 10, lambda: panel.item_point(self.desktop))
+        return panel.find_item(self.desktop, self.desktop.start_panel)
 
 
 def beside(figures):

@@ -16,17 +16,7 @@ class PopoverCase(DesktopCase):
     def setUp(self):
         self.orvane = self.start_orvane()
         self.orvane.wait_for_item()
-        try:
-            self.item_point = self.find_item()
-        except TimeoutError:
-            # Now and then a panel starts without becoming known to assistive technology.
-            self.desktop.stop("panel")
-            self.start_panel()
-            self.item_point = self.find_item()
-
-    def find_item(self):
-        return self.wait_for(
-            "item in the panel", 10, lambda: self.panel_view.item_point(self.desktop))
+        self.item_point = self.panel_view.find_item(self.desktop, self.start_panel)
 
     def control(self, name):
         return self.seen.find(self.orvane.pid, name)

@@ -30,9 +30,9 @@ class Orvane:
     """One run of the program, with files of its own."""
 
     def __init__(self, desktop, program, session=None, first_launch=False, meminfo_file=None,
-                 read_only=None, accessible=True, environment=None):
+                 read_only=None, accessible=True, environment=None, errors=None):
         """For the program alone `meminfo_file` takes the place of /proc/meminfo, and the folder
-        `read_only`, a path below its home, can't be written."""
+        `read_only`, a path below its home, can't be written. Standard error goes to `errors`."""
         self.session = session
         self.home = desktop.folder / f"orvane-{len(list(desktop.folder.glob('orvane-*')))}"
         self.configuration = self.home / ".config"
@@ -48,7 +48,8 @@ class Orvane:
         command = in_mount_namespace(mounts, [str(program)]) if mounts else [str(program)]
         own = self._environment(accessible) | (environment or {})
         with open(self._output, "ab") as output:
-            self.process = desktop.start_program(command, environment=own, stdout=output)
+            self.process = desktop.start_program(command, environment=own, stdout=output,
+                                                 stderr=errors)
 
     @property
     def pid(self):

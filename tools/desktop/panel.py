@@ -3,6 +3,18 @@
 from gi.repository import GLib
 
 from . import accessibility
+from .processes import wait_for
+
+
+def find_item(desktop, start_panel):
+    """The middle of the status item once it is in the panel, which is started anew if need be: now
+    and then a panel starts without becoming known to assistive technology."""
+    try:
+        return wait_for("item in the panel", 10, lambda: item_point(desktop))
+    except TimeoutError:
+        desktop.stop("panel")
+        start_panel()
+        return wait_for("item in the panel", 10, lambda: item_point(desktop))
 
 
 def item_point(desktop):

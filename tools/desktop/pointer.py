@@ -25,10 +25,18 @@ class Pointer:
 
     def click(self, x, y, button=1):
         """Presses and releases at a point; gives the moment of the release."""
+        self.press(x, y, button)
+        time.sleep(_SETTLE)
+        return self.release(button)
+
+    def press(self, x, y, button=1):
+        """Presses at a point; gives the moment."""
         self.move(x, y)
         time.sleep(_SETTLE)
         self._button(button, True)
-        time.sleep(_SETTLE)
+        return time.monotonic()
+
+    def release(self, button=1):
         self._button(button, False)
         return time.monotonic()
 

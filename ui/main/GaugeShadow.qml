@@ -13,6 +13,7 @@ Item {
         lineWidth: root.gauge.lineWidth
         colors: [Theme.withOpacity(Theme.gaugeShadow, Theme.gaugeTrack.a)]
         blurRadius: root.blurRadius
+        detail: 1 / 2
     }
 
     BlurredArc {
@@ -24,6 +25,7 @@ Item {
         colors: [Theme.gaugeShadow]
         startRotation: -90
         blurRadius: root.blurRadius
+        detail: 1 / 2
     }
 
     BlurredText {
@@ -33,5 +35,6 @@ Item {
         font: root.gauge.percentage.font
         colors: [Theme.gaugeShadow]
         blurRadius: root.blurRadius
+        detail: 1 / 2
     }
 }

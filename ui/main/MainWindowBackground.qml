@@ -6,4 +6,5 @@ SmoothRectangle {
     gradientColors: [Theme.windowGradientStart, Theme.windowGradientEnd]
     gradientStart: Qt.point(0, 0)
     gradientEnd: Qt.point(1, 1)
+    detail: 1 / 8
 }

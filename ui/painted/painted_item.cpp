@@ -45,7 +45,7 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
 }
 
 QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
-  const double scale = window()->effectiveDevicePixelRatio();
+  const double scale = window()->effectiveDevicePixelRatio() * detail_;
   auto* image = static_cast<QSGImageNode*>(node);
   if (width() <= 0 || height() <= 0) {
     delete image;
@@ -58,11 +58,12 @@ QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
     dirty_ = true;
   }
   if (dirty_) {
-    // Starts at a whole device pixel, wherever the item lies; what turns has no such place.
+    // Starts at a whole device pixel, wherever the item lies; what is stretched has no such place.
     const QRectF area = paintedArea();
     const QPointF corner = (mapToScene({0, 0}) + area.topLeft()) * scale;
-    const QPointF offset =
-        smooth() ? QPointF() : corner - QPointF(std::floor(corner.x()), std::floor(corner.y()));
+    const QPointF offset = isStretched()
+                               ? QPointF()
+                               : corner - QPointF(std::floor(corner.x()), std::floor(corner.y()));
     const QImage picture = render(area, offset, scale);
     image->setTexture(window()->createTextureFromImage(picture));
     const QPointF origin = area.topLeft() - offset / scale;
@@ -71,7 +72,7 @@ QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
     dirty_ = false;
     ++paintCount_;
   }
-  image->setFiltering(smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
+  image->setFiltering(isStretched() ? QSGTexture::Linear : QSGTexture::Nearest);
   return image;
 }
 
