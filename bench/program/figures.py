@@ -24,9 +24,9 @@ def main_thread_seconds(process):
 
 
 def wake_ups(process):
-    """Context switches of all threads so far, voluntary and not."""
+    """How often a thread of the process has gone to sleep so far, to be woken for the next work."""
     return sum(int(line.split()[1]) for status in _of_threads(process, "status")
-               for line in status.splitlines() if "ctxt_switches" in line)
+               for line in status.splitlines() if line.startswith("voluntary_ctxt_switches"))
 
 
 def _of_threads(process, file):

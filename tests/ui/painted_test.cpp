@@ -80,6 +80,16 @@ TEST_F(PaintedTest, GradientRunsBetweenItsUnitPoints) {
   EXPECT_EQ(image.pixelColor(10, 10), QColor(Qt::white)) << "corner";
 }
 
+TEST_F(PaintedTest, APictureOfLittleDetailReachesTheEdges) {
+  SmoothRectangle rectangle;
+  rectangle.setColor(Qt::red);
+  rectangle.setDetail(1.0 / 8);
+  add(rectangle, {10, 10, 60, 58});
+  const QImage image = picture();
+  EXPECT_EQ(image.pixelColor(69, 67), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(70, 68), QColor(Qt::white));
+}
+
 TEST_F(PaintedTest, EverySymbolDrawsInItsColour) {
   for (const char* name :
        {"bolt.fill", "gearshape.fill", "chevron.up.circle.fill", "chevron.down.circle.fill",
