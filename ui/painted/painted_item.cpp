@@ -38,7 +38,12 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
   QPainter painter(&image);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   painter.translate(offset);
-  painter.scale(scale, scale);
+  if (isStretched()) {
+    // Fills its last pixels too: half empty ones would fade at the edges, widely when enlarged.
+    painter.scale(image.width() / area.width(), image.height() / area.height());
+  } else {
+    painter.scale(scale, scale);
+  }
   painter.translate(-area.topLeft());
   paint(painter);
   return image;
@@ -67,7 +72,7 @@ QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
     const QImage picture = render(area, offset, scale);
     image->setTexture(window()->createTextureFromImage(picture));
     const QPointF origin = area.topLeft() - offset / scale;
-    image->setRect(QRectF(origin, QSizeF(picture.size()) / scale));
+    image->setRect(isStretched() ? area : QRectF(origin, QSizeF(picture.size()) / scale));
     image->setSourceRect(QRectF(QPointF(), picture.size()));
     dirty_ = false;
     ++paintCount_;
