@@ -10,6 +10,7 @@ std::vector<Scenario> scenarios() {
   add(popoverScenarios());
   add(mainWindowScenarios());
   add(processScenarios());
+  add(dialogScenarios());
   return all;
 }
 

@@ -19,6 +19,7 @@ struct Scenario {
 [[nodiscard]] std::vector<Scenario> popoverScenarios();
 [[nodiscard]] std::vector<Scenario> mainWindowScenarios();
 [[nodiscard]] std::vector<Scenario> processScenarios();
+[[nodiscard]] std::vector<Scenario> dialogScenarios();
 
 /// All of them.
 [[nodiscard]] std::vector<Scenario> scenarios();

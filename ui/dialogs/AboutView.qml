@@ -50,7 +50,7 @@ FocusScope {
             model: [
                 {text: qsTr("Orvane"), font: Theme.systemFont(18, Font.DemiBold), strong: true},
                 {text: qsTr("Version %1").arg(root.version), font: Theme.subheadline, strong: false},
-                {text: qsTr("Memory usage at a glance, for the Linux desktop."), font: Theme.subheadline, strong: true},
+                {text: qsTr("Memory usage at a glance."), font: Theme.subheadline, strong: true},
                 {text: qsTr("Free software under the MIT licence.\nCopyright © 2026 The Orvane team"), font: Theme.caption, strong: false},
                 {text: qsTr("Built on %1").arg(root.builtOn), font: Theme.caption, strong: false}
             ]

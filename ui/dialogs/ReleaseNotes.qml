@@ -1,7 +1,7 @@
 import QtQuick
 import Orvane
 
-/// Plain text in a box that scrolls, by wheel and by the arrow keys.
+/// Plain text in a box that scrolls, by wheel and by key.
 FocusScope {
     id: root
 
@@ -15,23 +15,21 @@ FocusScope {
         color: Theme.pathBox
     }
 
-    Flickable {
-        id: flickable
+    ScrollArea {
+        id: area
 
         anchors.fill: parent
         anchors.margins: 8
         contentWidth: width
         contentHeight: notes.height
-        clip: true
         focus: true
-        boundsBehavior: Flickable.StopAtBounds
-        Keys.onUpPressed: contentY = Math.max(0, contentY - 20)
-        Keys.onDownPressed: contentY = Math.max(0, Math.min(contentHeight - height, contentY + 20))
+        Keys.onUpPressed: scrollBy(-20)
+        Keys.onDownPressed: scrollBy(20)
 
         Text {
             id: notes
 
-            width: flickable.width
+            width: area.width - 8
             text: root.text
             textFormat: Text.PlainText
             font: Theme.subheadline
