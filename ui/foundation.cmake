@@ -25,6 +25,9 @@ list(APPEND ORVANE_UI_SOURCES
 list(APPEND ORVANE_UI_QML
   controls/FocusRing.qml
   controls/PlainButton.qml
+  controls/ProcessingArcs.qml
+  controls/ScrollArea.qml
+  controls/ScrollIndicator.qml
   popup/MenuDivider.qml
   popup/MenuEntry.qml
   popup/MenuList.qml

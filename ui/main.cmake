@@ -22,8 +22,5 @@ list(APPEND ORVANE_UI_QML
   main/MemoryChartView.qml
   main/OverviewContent.qml
   main/OverviewDetails.qml
-  main/ProcessingArcs.qml
-  main/ScrollArea.qml
-  main/ScrollIndicator.qml
   main/SegmentedPicker.qml
   main/TopConsumersShortcut.qml)

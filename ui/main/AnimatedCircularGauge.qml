@@ -77,6 +77,8 @@ Item {
         sourceComponent: ProcessingArcs {
             objectName: "processingArcs"
             lineWidth: root.lineWidth
+            count: 3
+            share: 0.15
             rotation: motion.rotation
         }
     }

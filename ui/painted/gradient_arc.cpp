@@ -33,19 +33,17 @@ QPainterPath GradientArc::path() const {
   return path;
 }
 
-QTransform GradientArc::turn(int copy) const {
+QTransform GradientArc::turn() const {
   const QPointF centre(width() / 2, height() / 2);
   return QTransform()
       .translate(centre.x(), centre.y())
-      .rotate(startRotation_ + 360.0 * copy / copies_)
+      .rotate(startRotation_)
       .translate(-centre.x(), -centre.y());
 }
 
 QRectF GradientArc::paintedArea() const {
   const double margin = overhang();
-  QRectF area;
-  for (int i = 0; i < copies_; ++i) area |= turn(i).map(path()).boundingRect();
-  return area.adjusted(-margin, -margin, margin, margin);
+  return turn().map(path()).boundingRect().adjusted(-margin, -margin, margin, margin);
 }
 
 void GradientArc::paint(QPainter& painter) const {
@@ -55,12 +53,8 @@ void GradientArc::paint(QPainter& painter) const {
   painter.setPen(
       QPen(unitGradient(colors_, {0, 0, width(), height()}, gradientStart_, gradientEnd_),
            lineWidth_, Qt::SolidLine, roundCaps_ ? Qt::RoundCap : Qt::FlatCap));
-  for (int i = 0; i < copies_; ++i) {
-    painter.save();
-    painter.setTransform(turn(i), true);
-    painter.drawPath(arc);
-    painter.restore();
-  }
+  painter.setTransform(turn(), true);
+  painter.drawPath(arc);
 }
 
 }  // namespace orvane

@@ -26,8 +26,6 @@ class GradientArc : public orvane::PaintedItem {
   Q_PROPERTY(QPointF gradientEnd READ gradientEnd WRITE setGradientEnd NOTIFY changed)
   /// Degrees by which the finished drawing, gradient included, is turned clockwise.
   Q_PROPERTY(double startRotation READ startRotation WRITE setStartRotation NOTIFY changed)
-  /// The drawing is repeated this often, evenly turned about the centre.
-  Q_PROPERTY(int copies READ copies WRITE setCopies NOTIFY changed)
 
  public:
   [[nodiscard]] double from() const { return from_; }
@@ -38,7 +36,6 @@ class GradientArc : public orvane::PaintedItem {
   [[nodiscard]] QPointF gradientStart() const { return gradientStart_; }
   [[nodiscard]] QPointF gradientEnd() const { return gradientEnd_; }
   [[nodiscard]] double startRotation() const { return startRotation_; }
-  [[nodiscard]] int copies() const { return copies_; }
 
   void setFrom(double value) { announce(assign(from_, value)); }
   /// Paints again only for a change that can be seen.
@@ -49,7 +46,6 @@ class GradientArc : public orvane::PaintedItem {
   void setGradientStart(QPointF value) { announce(assign(gradientStart_, value)); }
   void setGradientEnd(QPointF value) { announce(assign(gradientEnd_, value)); }
   void setStartRotation(double value) { announce(assign(startRotation_, value)); }
-  void setCopies(int value) { announce(assign(copies_, value)); }
 
  Q_SIGNALS:
   void changed();
@@ -64,7 +60,7 @@ class GradientArc : public orvane::PaintedItem {
   /// The part of the circle before it is turned; empty when nothing is drawn.
   [[nodiscard]] QPainterPath path() const;
   /// How the drawing of one copy is turned about the centre.
-  [[nodiscard]] QTransform turn(int copy) const;
+  [[nodiscard]] QTransform turn() const;
   void announce(bool isNew) {
     if (isNew) Q_EMIT changed();
   }
@@ -78,7 +74,6 @@ class GradientArc : public orvane::PaintedItem {
   QPointF gradientStart_{0, 0};
   QPointF gradientEnd_{1, 1};
   double startRotation_ = 0;
-  int copies_ = 1;
 };
 
 }  // namespace orvane

@@ -45,15 +45,11 @@ Item {
     Loader {
         anchors.fill: parent
         active: root.processing
-        sourceComponent: GradientArc {
+        sourceComponent: ProcessingArcs {
             objectName: "boostArcs"
-            smooth: true
-            to: 0.2
             lineWidth: 6
-            roundCaps: true
-            colors: [Qt.rgba(1, 1, 1, 0.9), Qt.rgba(1, 1, 1, 0)]
-            gradientEnd: Qt.point(1, 0)
-            copies: 2
+            count: 2
+            share: 0.2
             rotation: root.boostRotation
         }
     }

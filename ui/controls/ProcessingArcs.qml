@@ -2,18 +2,20 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Orvane
 
-/// Three highlights on a ring, each bright at its head and fading toward its tail. Turn the item to make them circle.
+/// Highlights spread evenly on a ring, each bright at its head and fading toward its tail. Turn the
+/// item to make them circle.
 Item {
     id: root
 
     required property real lineWidth
-    readonly property real share: 0.15  ///< of the circle, each
+    required property int count
+    required property real share  ///< of the circle, each
     // The left and right edges of an arc that starts at three o'clock, its round ends included.
     readonly property real headLeft: width / 2 * (1 + Math.cos(2 * Math.PI * share)) - lineWidth / 2
     readonly property real tailRight: width + lineWidth / 2
 
     Repeater {
-        model: 3
+        model: root.count
 
         GradientArc {
             required property int index
@@ -26,7 +28,7 @@ Item {
             colors: [Qt.rgba(1, 1, 1, 0.9), Qt.rgba(1, 1, 1, 0)]
             gradientStart: Qt.point(root.headLeft / width, 0)
             gradientEnd: Qt.point(root.tailRight / width, 0)
-            rotation: 120 * index
+            rotation: 360 / root.count * index
         }
     }
 }
