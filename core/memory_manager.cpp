@@ -22,15 +22,14 @@ MemoryManager::MemoryManager(const MemoryManagerServices& services)
       processSortMode_(*this, storedSortMode(services.preferences)) {}
 
 void MemoryManager::startMonitoring() {
-  memoryCheckTimer_ = services_.timers.repeat(samplingInterval, [weak = weak_from_this()] {
-    if (const auto self = weak.lock()) self->monitoringTick();
-  });
+  memoryCheckTimer_ = services_.timers.repeat(samplingInterval,
+                                              [weak = weak_from_this()] { monitoringTick(weak); });
 }
 
-void MemoryManager::monitoringTick() {
-  updateMemoryStats();
-  checkMemoryPressure();
-  if (!selectedProcess()) updateTopProcesses();
+void MemoryManager::monitoringTick(const std::weak_ptr<MemoryManager>& weak) {
+  if (const auto self = weak.lock()) self->updateMemoryStats();
+  if (const auto self = weak.lock()) self->checkMemoryPressure();
+  if (const auto self = weak.lock(); self && !self->selectedProcess()) self->updateTopProcesses();
 }
 
 std::optional<MemoryStats> MemoryManager::fetchMemoryStats() {

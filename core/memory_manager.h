@@ -123,7 +123,7 @@ class MemoryManager : public Observable, public std::enable_shared_from_this<Mem
   static constexpr double alertThreshold = 85.0;
 
  private:
-  void monitoringTick();
+  static void monitoringTick(const std::weak_ptr<MemoryManager>& weak);
   void sendNotification(const std::string& title, const std::string& body);
   void performBoost(const MemoryStats& initial);
   void finishBoost(const MemoryStats& initial);

@@ -9,7 +9,7 @@ namespace orvane {
 /// A random (version 4) identifier.
 class Uuid {
  public:
-  /// A new identifier from the system's random numbers.
+  /// A new identifier, from a generator seeded with the system's random numbers.
   [[nodiscard]] static Uuid random();
 
   /// The usual text form, in upper case: "8-4-4-4-12" hexadecimal digits.

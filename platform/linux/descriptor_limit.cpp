@@ -19,10 +19,6 @@ DescriptorLimit::DescriptorLimit() {
 }
 
 DescriptorLimit::~DescriptorLimit() {
-  restoreInChild();
-}
-
-void DescriptorLimit::restoreInChild() const {
   if (original_.rlim_max != 0) ::setrlimit(RLIMIT_NOFILE, &original_);
 }
 

@@ -9,8 +9,8 @@ namespace orvane {
 /// Raises the number of descriptors this process may open as far as it is allowed to, and puts it
 /// back when destroyed.
 ///
-/// Programs started meanwhile inherit the raised limit; some expect the usual one. Call
-/// `restoreInChild` between fork and exec.
+/// Programs started meanwhile inherit the raised limit unless whoever starts them sets the usual
+/// one.
 class DescriptorLimit {
  public:
   DescriptorLimit();
@@ -20,9 +20,6 @@ class DescriptorLimit {
 
   /// How many may be open at once now.
   [[nodiscard]] std::size_t current() const { return current_; }
-
-  /// Sets the limit this process was started with. Safe in a forked child.
-  void restoreInChild() const;
 
  private:
   rlimit original_{};

@@ -1,5 +1,7 @@
 #include "platform/linux/linux_background_queue.h"
 
+#include <QtCore/QTimer>
+#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -7,6 +9,7 @@ namespace orvane {
 namespace {
 
 constexpr std::size_t mostWorkers = 2;
+constexpr std::chrono::seconds retryInterval{1};
 
 }  // namespace
 
@@ -21,26 +24,25 @@ LinuxBackgroundQueue::~LinuxBackgroundQueue() {
 }
 
 void LinuxBackgroundQueue::async(Block block) {
-  {
-    const std::scoped_lock lock(mutex_);
-    if (isEnding_) return;
-    blocks_.push_back(std::move(block));
-    joinFinished();
-    if (workers_.size() == mostWorkers || addWorker() || !workers_.empty()) return;
-    block = std::move(blocks_.back());
-    blocks_.pop_back();
-  }
-  block();
+  const std::scoped_lock lock(mutex_);
+  if (isEnding_) return;
+  blocks_.push_back(std::move(block));
+  addWorker();
 }
 
-bool LinuxBackgroundQueue::addWorker() {
+void LinuxBackgroundQueue::addWorker() {
+  joinFinished();
+  if (blocks_.empty() || workers_.size() == mostWorkers) return;
   Worker& worker = workers_.emplace_back();
   try {
     worker.thread = std::thread([this, &worker] { work(worker); });
-    return true;
   } catch (const std::system_error&) {
     workers_.pop_back();
-    return false;
+    if (!workers_.empty()) return;
+    QTimer::singleShot(retryInterval, &retries_, [this] {
+      const std::scoped_lock lock(mutex_);
+      addWorker();
+    });
   }
 }
 

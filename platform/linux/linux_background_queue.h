@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QObject>
 #include <condition_variable>
 #include <deque>
 #include <list>
@@ -11,8 +12,8 @@
 namespace orvane {
 
 /// At most two threads, made when there is work and gone when there is none. Blocks that haven't
-/// begun when the queue is destroyed are dropped. Where the system gives no thread at all a block
-/// runs inside `async`.
+/// begun when the queue is destroyed are dropped. While the system gives no thread at all, blocks
+/// wait: it is asked again every second.
 class LinuxBackgroundQueue : public BackgroundQueue {
  public:
   LinuxBackgroundQueue() = default;
@@ -28,8 +29,8 @@ class LinuxBackgroundQueue : public BackgroundQueue {
   };
 
   void work(Worker& worker);
-  /// False when the system has no thread left. Needs the lock.
-  bool addWorker();
+  /// Starts a worker when there is work for one. Needs the lock.
+  void addWorker();
   void joinFinished();
 
   std::mutex mutex_;
@@ -37,6 +38,7 @@ class LinuxBackgroundQueue : public BackgroundQueue {
   bool isEnding_ = false;
   std::deque<Block> blocks_;
   std::list<Worker> workers_;
+  QObject retries_;  ///< on whose thread the system is asked again
 };
 
 }  // namespace orvane

@@ -13,7 +13,6 @@
 #include <memory>
 #include <system_error>
 
-#include "platform/linux/detached_launch.h"
 #include "platform/linux/session_bus.h"
 
 namespace orvane {
@@ -22,11 +21,6 @@ namespace {
 
 /// A file manager has to start for its first answer.
 constexpr int answerMilliseconds = 10'000;
-
-rlim_t softOpenFilesLimit() {
-  rlimit limit{};
-  return getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : RLIM_INFINITY;
-}
 
 QDBusMessage showItemsCall(const std::string& path) {
   QDBusMessage call = QDBusMessage::createMethodCall(
@@ -44,7 +38,7 @@ QByteArray fileAddress(const std::string& path) {
 }
 
 LinuxDesktopOpener::LinuxDesktopOpener(SessionBus& bus)
-    : bus_(bus), openFilesLimit_(softOpenFilesLimit()) {}
+    : bus_(bus), inherited_(InheritedLimits::current()) {}
 
 void LinuxDesktopOpener::openUrl(const std::string& url) {
   const QUrl parsed(QString::fromStdString(url), QUrl::StrictMode);
@@ -76,11 +70,10 @@ void LinuxDesktopOpener::launchOpener(const QByteArray& address) const {
   const QString xdgOpen = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
   const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
   if (!xdgOpen.isEmpty()) {
-    launchDetached({QFile::encodeName(xdgOpen).toStdString(), address.toStdString()},
-                   openFilesLimit_);
+    launchDetached({QFile::encodeName(xdgOpen).toStdString(), address.toStdString()}, inherited_);
   } else if (!gio.isEmpty()) {
     launchDetached({QFile::encodeName(gio).toStdString(), "open", address.toStdString()},
-                   openFilesLimit_);
+                   inherited_);
   }
 }
 

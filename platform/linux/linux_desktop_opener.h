@@ -1,13 +1,12 @@
 #pragma once
 
-#include <sys/resource.h>
-
 #include <QtCore/QByteArray>
 #include <QtCore/QObject>
 
 #include <string>
 
 #include "platform/desktop_opener.h"
+#include "platform/linux/detached_launch.h"
 
 namespace orvane {
 
@@ -19,8 +18,8 @@ class SessionBus;
 /// Opens addresses with the desktop's own command for it (xdg-open, else gio open) and reveals
 /// files through the file manager's service on the session bus.
 ///
-/// The commands run on their own, without output, and with the limit of open files this process had
-/// when the opener was made: make it before anything raises that limit.
+/// The commands run on their own, without output, and with the limits this process had when the
+/// opener was made: make it before anything changes them.
 class LinuxDesktopOpener : public DesktopOpener {
  public:
   explicit LinuxDesktopOpener(SessionBus& bus);
@@ -33,7 +32,7 @@ class LinuxDesktopOpener : public DesktopOpener {
   void launchOpener(const QByteArray& address) const;
 
   SessionBus& bus_;
-  rlim_t openFilesLimit_;
+  InheritedLimits inherited_;
   QObject answers_;  // receives the bus's answers; none arrives after the opener's end
 };
 

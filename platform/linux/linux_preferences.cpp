@@ -3,6 +3,8 @@
 #include <QtCore/QFile>
 #include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
+#include <map>
+#include <utility>
 
 namespace orvane {
 namespace {
@@ -23,15 +25,19 @@ class LinuxPreferences::File {
 
   /// The text stored under `key`; none also for lists and other forms a hand may have written.
   [[nodiscard]] std::optional<QString> value(std::string_view key) const {
+    const auto unsaved = unsaved_.find(keyText(key));
+    if (unsaved != unsaved_.end()) return unsaved->second;
     const QVariant stored = settings_.value(keyText(key));
     if (stored.typeId() != QMetaType::QString) return std::nullopt;
     return stored.toString();
   }
 
   void setValue(std::string_view key, const QString& value) {
-    settings_.setValue(keyText(key), value);
+    unsaved_[keyText(key)] = value;
+    // What the library has been told it writes by itself, a moment later.
     if (!isValid_ && !keepCopy()) return;
     isValid_ = true;
+    for (const auto& [name, text] : std::exchange(unsaved_, {})) settings_.setValue(name, text);
     settings_.sync();
   }
 
@@ -49,6 +55,7 @@ class LinuxPreferences::File {
 
   QString path_;
   QSettings settings_;
+  std::map<QString, QString> unsaved_;  ///< changes that must not reach the file yet
   bool isValid_ = true;
 };
 

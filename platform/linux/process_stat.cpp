@@ -6,7 +6,6 @@ namespace orvane {
 namespace {
 
 constexpr std::uint64_t kernelThreadFlag = 0x00200000;
-constexpr std::int32_t kernelThreadParent = 2;
 
 /// Takes numbers off the front of a text. After the first failure every number is 0.
 class NumberReader {
@@ -47,8 +46,7 @@ class NumberReader {
 }  // namespace
 
 bool ProcessStat::isKernelThread() const {
-  return (flags & kernelThreadFlag) != 0 || pid == kernelThreadParent ||
-         parent == kernelThreadParent;
+  return (flags & kernelThreadFlag) != 0;
 }
 
 std::optional<ProcessStat> parseProcessStat(std::string_view text) {

@@ -23,6 +23,7 @@ struct ProcessStat {
 
   /// Exited, its parent just hasn't asked for the result yet.
   [[nodiscard]] bool isZombie() const { return state == 'Z' || state == 'X' || state == 'x'; }
+  /// By its flag (PF_KTHREAD): in a container the pid 2 can be any program's.
   [[nodiscard]] bool isKernelThread() const;
 };
 

@@ -25,11 +25,16 @@ void handleSignal(int /*signal*/) {
   errno = saved;
 }
 
+/// A signal that whoever started the program wants ignored (nohup does) stays ignored.
 void setHandler(void (*handler)(int)) {
   struct sigaction action {};
   action.sa_handler = handler;
   action.sa_flags = SA_RESTART;
-  for (const int signal : terminationSignals) ::sigaction(signal, &action, nullptr);
+  for (const int signal : terminationSignals) {
+    struct sigaction present {};
+    if (::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN) continue;
+    ::sigaction(signal, &action, nullptr);
+  }
 }
 
 }  // namespace

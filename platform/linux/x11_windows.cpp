@@ -10,6 +10,9 @@
 #include <cstring>
 #include <span>
 #include <string_view>
+#include <system_error>
+#include <thread>
+#include <utility>
 
 namespace orvane {
 namespace {
@@ -60,7 +63,8 @@ X11Windows::X11Windows(std::string display) : display_(std::move(display)), host
 X11Windows::~X11Windows() = default;
 
 bool X11Windows::update() {
-  if (!display_.empty()) connect();
+  if (!display_.empty()) startConnecting();
+  if (connecting_.valid()) finishConnecting();
   if (!connection_) return false;
   bool changed = false;
   const auto deadline = Clock::now() + patience;
@@ -85,35 +89,59 @@ std::vector<X11Window> X11Windows::windows() const {
   return windows;
 }
 
-void X11Windows::connect() {
+X11Windows::Server X11Windows::openServer(const std::string& display) {
+  Server server;
   int screen = 0;
-  connection_.reset(xcb_connect(display_.c_str(), &screen));
-  display_.clear();
-  if (xcb_connection_has_error(connection_.get()) != 0) return connection_.reset();
-  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection_.get()));
+  server.connection.reset(xcb_connect(display.c_str(), &screen));
+  if (xcb_connection_has_error(server.connection.get()) != 0) return {};
+  auto screens = xcb_setup_roots_iterator(xcb_get_setup(server.connection.get()));
   for (; screen > 0 && screens.rem > 1; --screen) xcb_screen_next(&screens);
-  if (screens.rem == 0) return connection_.reset();
-  root_ = screens.data->root;
+  if (screens.rem == 0) return {};
+  server.root = screens.data->root;
   const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-  xcb_change_window_attributes(connection_.get(), root_, XCB_CW_EVENT_MASK, &events);
-  internAtoms();
+  xcb_change_window_attributes(server.connection.get(), server.root, XCB_CW_EVENT_MASK, &events);
+  internAtoms(server);
+  return server;
 }
 
-void X11Windows::internAtoms() {
+void X11Windows::internAtoms(Server& server) {
   constexpr std::array<std::string_view, atomCount> names{
       "_NET_CLIENT_LIST",         "_NET_WM_PID",
       "_GTK_APPLICATION_ID",      "_NET_WM_WINDOW_TYPE",
       "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP"};
+  xcb_connection_t* const connection = server.connection.get();
   std::array<xcb_intern_atom_cookie_t, atomCount> cookies{};
   std::transform(names.begin(), names.end(), cookies.begin(), [&](std::string_view name) {
-    return xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()),
-                           name.data());
+    return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
   });
   for (std::size_t i = 0; i < cookies.size(); ++i) {
     const Owned<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(connection_.get(), cookies[i], nullptr));
-    atoms_[i] = reply ? reply->atom : 0;
+        xcb_intern_atom_reply(connection, cookies[i], nullptr));
+    server.atoms[i] = reply ? reply->atom : 0;
   }
+}
+
+/// A server that is there answers within the patience, in time for the first list.
+void X11Windows::startConnecting() {
+  std::packaged_task<Server()> task([display = display_] { return openServer(display); });
+  auto connecting = task.get_future();
+  try {
+    // Not joined: a server that never answers must not hold up the end of the program.
+    std::thread(std::move(task)).detach();
+  } catch (const std::system_error&) {
+    return;  // no thread to be had now: the next update tries again
+  }
+  display_.clear();
+  connecting.wait_for(patience);
+  connecting_ = std::move(connecting);
+}
+
+void X11Windows::finishConnecting() {
+  if (connecting_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
+  Server server = connecting_.get();
+  connection_ = std::move(server.connection);
+  root_ = server.root;
+  atoms_ = server.atoms;
 }
 
 bool X11Windows::disconnect() {
@@ -188,7 +216,9 @@ bool X11Windows::takeList(const Answer& list) {
   const auto ids = list.numbers();
   order_.assign(ids.begin(), ids.end());
   const auto gone = std::erase_if(listed_, [&](const auto& listed) {
-    return std::find(order_.begin(), order_.end(), listed.first) == order_.end();
+    const bool isGone = std::find(order_.begin(), order_.end(), listed.first) == order_.end();
+    if (isGone) discardAnswers(listed.second);
+    return isGone;
   });
   for (const std::uint32_t id : order_) {
     const auto [listed, isNew] = listed_.try_emplace(id);
@@ -210,6 +240,13 @@ void X11Windows::requestProperties(std::uint32_t id, ListedWindow& listed) {
   request(idProperty, atoms_[applicationId]);
   request(typeProperty, atoms_[windowType]);
   request(hostProperty, XCB_ATOM_WM_CLIENT_MACHINE);
+}
+
+/// The library keeps an answer until somebody takes it.
+void X11Windows::discardAnswers(const ListedWindow& listed) const {
+  for (auto i = static_cast<std::size_t>(listed.answered); i < listed.requests.size(); ++i) {
+    xcb_discard_reply(connection_.get(), listed.requests[i]);
+  }
 }
 
 /// True when all answers have come and tell something new.

@@ -3,6 +3,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <future>
 #include <map>
 #include <memory>
 #include <optional>
@@ -28,6 +29,8 @@ struct X11Window {
 /// The server is asked anew only when it announced a change; otherwise `update` costs no round
 /// trip. Programs may describe a window shortly after it was shown, so it is asked about
 /// three times. A server that answers late is not waited for: the answer is taken the next time.
+/// Connecting may take any time (a compositor starts its X server only then), so it happens on a
+/// thread of its own.
 /// Without a display, and after losing it, there are no windows. Threads: one at a time.
 class X11Windows {
  public:
@@ -56,6 +59,11 @@ class X11Windows {
   struct Disconnect {
     void operator()(xcb_connection_t* connection) const;
   };
+  struct Server {
+    std::unique_ptr<xcb_connection_t, Disconnect> connection;  ///< null when there is none
+    std::uint32_t root = 0;
+    std::array<std::uint32_t, atomCount> atoms{};
+  };
   struct Description {
     X11Window window;
     bool ordinary = true;
@@ -73,8 +81,10 @@ class X11Windows {
   };
   struct Answer;
 
-  void connect();
-  void internAtoms();
+  [[nodiscard]] static Server openServer(const std::string& display);
+  static void internAtoms(Server& server);
+  void startConnecting();
+  void finishConnecting();
   bool disconnect();
   void takeEvents();
   [[nodiscard]] bool takeAnswers();
@@ -85,11 +95,13 @@ class X11Windows {
   void requestList();
   [[nodiscard]] bool takeList(const Answer& list);
   void requestProperties(std::uint32_t id, ListedWindow& listed);
+  void discardAnswers(const ListedWindow& listed) const;
   [[nodiscard]] bool takeProperties(ListedWindow& listed) const;
   void takeProperty(Description& description, Property property, const Answer& answer) const;
 
   std::string display_;
   std::string hostName_;
+  std::future<Server> connecting_;
   std::unique_ptr<xcb_connection_t, Disconnect> connection_;
   std::uint32_t root_ = 0;
   std::array<std::uint32_t, atomCount> atoms_{};

@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "platform/linux/linux_desktop_opener.h"
+#include "platform/linux/linux_memory_claims.h"
 #include "platform/linux/session_bus.h"
 #include "tests/unit/event_wait.h"
 
@@ -37,9 +38,9 @@ class FileManager : public QObject, protected QDBusContext {
 class DesktopOpener : public ::testing::Test {
  protected:
   DesktopOpener() : path_(qgetenv("PATH")) {
-    std::ofstream(file("xdg-open")) << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" > " +
-                                           file("part") + "\nmv " + file("part") + " " +
-                                           file("opened") + "\necho noise\n";
+    std::ofstream(file("xdg-open"))
+        << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" \"$(cat /proc/self/oom_score_adj)\" > "
+        << file("part") << "\nmv " << file("part") << ' ' << file("opened") << "\necho noise\n";
     std::filesystem::permissions(file("xdg-open"), std::filesystem::perms::owner_all);
     qputenv("PATH", directory_.path().toUtf8() + ":" + path_);
   }
@@ -65,15 +66,19 @@ TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
   rlimit limit{};
   getrlimit(RLIMIT_NOFILE, &limit);
   const rlim_t before = limit.rlim_cur;
+  std::string adjustment;
+  std::getline(std::ifstream("/proc/self/oom_score_adj"), adjustment);
   SessionBus bus;
   LinuxDesktopOpener opener(bus);
   limit.rlim_cur = before - 10;
   setrlimit(RLIMIT_NOFILE, &limit);
+  LinuxMemoryClaims claims;
+  auto claim = claims.claim(1024);  // as during a boost
   opener.openUrl("--help");
   opener.openUrl("https://a b");
   opener.openUrl("mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)");
-  EXPECT_EQ(opened(),
-            "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)|" + std::to_string(before) + "|");
+  EXPECT_EQ(opened(), "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)|" +
+                          std::to_string(before) + "|" + adjustment + "|");
   limit.rlim_cur = before;
   setrlimit(RLIMIT_NOFILE, &limit);
 }

@@ -114,12 +114,18 @@ TEST_F(Manager, AnnouncesEachChangeBeforeItIsMade) {
 }
 
 TEST_F(Manager, EndsQuietlyWithBlocksPending) {
-  start();
-  manager_->boostMemory();
-  manager_.reset();
-  fakes_.time.advance(60s);
-  EXPECT_EQ(fakes_.counters.readCount, 1);
-  EXPECT_TRUE(fakes_.claims.claimedWords.empty());
+  for (const bool boosted : {false, true}) {  // the background step or the checks are pending
+    start();
+    manager_->boostMemory();
+    if (boosted) fakes_.time.runPending();
+    const std::weak_ptr<MemoryManager> weak = manager_;
+    manager_.reset();
+    EXPECT_TRUE(weak.expired());
+    const int reads = fakes_.counters.readCount;
+    fakes_.time.advance(60s);
+    EXPECT_EQ(fakes_.counters.readCount, reads);
+    EXPECT_EQ(fakes_.claims.claimedWords.size(), boosted ? 1U : 0U);
+  }
 }
 
 // The overridable operations, overridden: each of the others goes through the override.

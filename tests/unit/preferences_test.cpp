@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "platform/linux/linux_preferences.h"
+#include "tests/unit/test_bus.h"
 #include "tests/unit/test_files.h"
 
 namespace orvane {
@@ -49,6 +50,20 @@ TEST(Preferences, aCorruptFileIsKeptBesideTheNewOne) {
     EXPECT_EQ(readFile(path + ".corrupt"), content);
     EXPECT_EQ(LinuxPreferences(path).text("processSortMode"), "average");
   }
+}
+
+TEST(Preferences, aCorruptFileThatCannotBeKeptIsLeftAlone) {
+  const TestDirectory directory;
+  const std::string content = "[General]\nlaunchAtLogin=true\nnonsense without equals\n";
+  const std::string path = directory.write("o.conf", content);
+  directory.write("o.conf.corrupt/in-the-way", "x");
+  {
+    LinuxPreferences preferences(path);
+    preferences.setText("processSortMode", "average");
+    EXPECT_EQ(preferences.text("processSortMode"), "average") << "for this run";
+    runEventLoopFor(20);
+  }
+  EXPECT_EQ(readFile(path), content);
 }
 
 TEST(Preferences, aFileThatCannotBeWrittenDoesNoHarm) {

@@ -27,6 +27,7 @@ class ProcessTableTest : public testing::Test {
     std::string command = "prog";
     int resident = 10;
     int size = 2;
+    int flags = 4194304;
   };
 
   void write(int pid, const Figures& figures) const {
@@ -34,7 +35,7 @@ class ProcessTableTest : public testing::Test {
     fs::create_directories(folder);
     std::ofstream(folder / "stat")
         << pid << " (" << figures.command << ") " << figures.state << ' ' << figures.parent
-        << " 1 1 0 -1 4194304 0 0 0 0 0 0 0 0 20 0 " << figures.threads << " 0 "
+        << " 1 1 0 -1 " << figures.flags << " 0 0 0 0 0 0 0 0 20 0 " << figures.threads << " 0 "
         << figures.startTime << ' ' << figures.virtualSize << ' ' << figures.resident
         << " 0 4096 0 0\n";
     std::ofstream(folder / "statm") << figures.size << ' ' << figures.resident << " 4 1 0 1 0\n";
@@ -63,8 +64,7 @@ class ProcessTableTest : public testing::Test {
 using Pids = std::vector<int>;
 
 TEST_F(ProcessTableTest, KeepsTheUsersLivingProcessesOnly) {
-  write(2, {.parent = 0});
-  write(30, {.parent = 2});
+  write(30, {.parent = 2, .flags = 69238880});  // a kernel thread
   write(40, {});
   write(41, {.state = 'Z'});
   write(42, {.virtualSize = 0});

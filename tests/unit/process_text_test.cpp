@@ -44,9 +44,9 @@ TEST(ProcessStat, TellsExitedProcessesAndKernelThreads) {
     return parseProcessStat(head + " 0 0 0 -1 " + flags + " 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0")
         ->isKernelThread();
   };
-  EXPECT_TRUE(kernel("2 (kthreadd) S 0", "0"));
-  EXPECT_TRUE(kernel("40 (kworker/u8:0+ev) I 2", "0"));
-  EXPECT_TRUE(kernel("40 (adopted) I 1", "2129984"));
+  EXPECT_TRUE(kernel("2 (kthreadd) S 0", "2129984"));
+  EXPECT_TRUE(kernel("40 (kworker/u8:0+ev) I 2", "69238880"));
+  EXPECT_FALSE(kernel("2 (first in a container) S 1", "4194304"));
   EXPECT_FALSE(kernel("40 (program) S 1", "4194304"));
 }
 
