@@ -1,11 +1,11 @@
-// One sampling tick's list of applications beside the least that reading the same figures costs
-// without open descriptors: open, read and close statm and stat of every process.
+// One sampling tick of the model, sample and list, beside the least that reading the same figures
+// costs without open descriptors: open, read and close statm and stat of every process.
 //
+// 400 processes in as many applications as the row says: 40 are a full desktop, 400 the worst case.
 // The counter "ratio" is the tick's CPU time divided by that floor's, both medians of this run.
 #include <benchmark/benchmark.h>
 #include <dirent.h>
 #include <fcntl.h>
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,6 +19,9 @@
 
 #include "platform/linux/descriptor_limit.h"
 #include "platform/linux/linux_applications.h"
+#include "platform/linux/linux_clock.h"
+#include "platform/linux/linux_memory_counters.h"
+#include "tests/fakes/fake_services.h"
 
 namespace orvane {
 namespace {
@@ -26,17 +29,18 @@ namespace {
 constexpr int sleeperCount = 400;
 constexpr int settlingTicks = 20;
 
-/// Sleeping processes; as one tree below this program, or each a tree (an application) of its own.
+/// Sleeping processes: so many trees, each an application, of equally many.
 class Sleepers {
  public:
-  explicit Sleepers(bool separate) {
-    ::prctl(PR_SET_CHILD_SUBREAPER, separate ? 0 : 1);
+  explicit Sleepers(int applications) {
     std::array<int, 2> pids{};
     if (::pipe2(pids.data(), O_CLOEXEC) != 0) std::abort();
-    for (int i = 0; i < sleeperCount; ++i) {
+    for (int i = 0; i < applications; ++i) {
       const pid_t child = ::fork();
-      if (child == 0) startSleeper(separate, pids[1]);
-      if (separate) ::waitpid(child, nullptr, 0);
+      if (child == 0) startApplication(sleeperCount / applications, pids[1]);
+      ::waitpid(child, nullptr, 0);
+    }
+    for (int i = 0; i < sleeperCount; ++i) {
       pid_t sleeper = 0;
       if (::read(pids[0], &sleeper, sizeof sleeper) == sizeof sleeper) sleepers_.push_back(sleeper);
     }
@@ -46,14 +50,25 @@ class Sleepers {
 
   ~Sleepers() {
     for (const pid_t sleeper : sleepers_) ::kill(sleeper, SIGKILL);
-    for (const pid_t sleeper : sleepers_) ::waitpid(sleeper, nullptr, 0);
+    // Nobody's children: until the system has buried them they would be in the next row's floor.
+    for (const pid_t sleeper : sleepers_) {
+      for (int i = 0; i < 1000 && ::kill(sleeper, 0) == 0; ++i) ::usleep(10'000);
+    }
   }
   Sleepers(const Sleepers&) = delete;
   Sleepers& operator=(const Sleepers&) = delete;
 
  private:
-  [[noreturn]] static void startSleeper(bool separate, int pids) {
-    if (separate && ::fork() != 0) ::_exit(0);
+  /// An orphan, so that nothing joins it to this program, and its children.
+  [[noreturn]] static void startApplication(int processes, int pids) {
+    if (::fork() != 0) ::_exit(0);
+    for (int i = 1; i < processes; ++i) {
+      if (::fork() == 0) sleep(pids);
+    }
+    sleep(pids);
+  }
+
+  [[noreturn]] static void sleep(int pids) {
     const pid_t self = ::getpid();
     if (::write(pids, &self, sizeof self) != sizeof self) ::_exit(1);
     ::execlp("sleep", "sleep", "600", nullptr);
@@ -88,14 +103,35 @@ void readEveryProcess() {
   ::closedir(processes);
 }
 
-std::size_t tick(LinuxApplications& applications) {
-  const auto list = applications.runningApplications();
-  for (const auto& application : list) {
-    benchmark::DoNotOptimize(applications.taskFigures(application.processIdentifier));
-    benchmark::DoNotOptimize(applications.executablePath(application.processIdentifier));
+/// The model on the real memory and the real processes.
+struct Model {
+  DescriptorLimit limit;
+  LinuxMemoryCounters counters;
+  LinuxApplications applications{LinuxApplications::desktopOptions(limit.current())};
+  LinuxClock clock;
+  fakes::FakeServices others;
+  std::shared_ptr<MemoryManager> manager = MemoryManager::create(services());
+
+  MemoryManagerServices services() {
+    const MemoryManagerServices fake = others.services();
+    return {.counters = counters,
+            .claims = fake.claims,
+            .applications = applications,
+            .tasks = applications,
+            .signals = fake.signals,
+            .notifications = fake.notifications,
+            .notificationCentre = fake.notificationCentre,
+            .preferences = fake.preferences,
+            .mainQueue = fake.mainQueue,
+            .backgroundQueue = fake.backgroundQueue,
+            .timers = fake.timers,
+            .clock = clock,
+            .random = fake.random,
+            .output = fake.output};
   }
-  return list.size();
-}
+
+  void tick() { others.time.advance(samplingInterval); }
+};
 
 double median(std::vector<double> times) {
   if (times.empty()) return 0;
@@ -105,32 +141,31 @@ double median(std::vector<double> times) {
 }
 
 void BM_SamplingTick(benchmark::State& state) {
-  const Sleepers sleepers(state.range(0) != 0);
-  const DescriptorLimit limit;
-  LinuxApplications applications(LinuxApplications::desktopOptions(limit.current()));
-  for (int i = 0; i < settlingTicks; ++i) tick(applications);
+  const Sleepers sleepers(static_cast<int>(state.range(0)));
+  Model model;
+  for (int i = 0; i < settlingTicks; ++i) model.tick();
   std::vector<double> ticks;
   std::vector<double> floors;
-  std::size_t count = 0;
   for ([[maybe_unused]] auto _ : state) {
     const double start = cpuSeconds();
     readEveryProcess();
     const double middle = cpuSeconds();
-    count = tick(applications);
+    model.tick();
     const double end = cpuSeconds();
     floors.push_back(middle - start);
     ticks.push_back(end - middle);
     state.SetIterationTime(end - middle);
   }
-  state.counters["applications"] = static_cast<double>(count);
   state.counters["floor_ms"] = median(floors) * 1e3;
   state.counters["tick_ms"] = median(ticks) * 1e3;
   state.counters["ratio"] = median(ticks) / median(floors);
+  state.counters["bound"] = 0.4;
 }
 BENCHMARK(BM_SamplingTick)
-    ->ArgName("separate")
-    ->Arg(0)
+    ->ArgName("applications")
     ->Arg(1)
+    ->Arg(40)
+    ->Arg(400)
     ->Iterations(200)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
