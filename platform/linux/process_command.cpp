@@ -51,6 +51,8 @@ std::string_view interpretedProgram(const std::vector<std::string>& arguments, b
       return last ? std::string_view{} : firstWord(arguments[i + 1]);
     }
     if (argument == "-m" && !shell) return last ? ""sv : std::string_view(arguments[i + 1]);
+    // A script without a file of its own has no name either.
+    if (argument.starts_with("/dev/fd/") || argument.starts_with("/proc/")) return {};
     if (!argument.starts_with('-') && !argument.starts_with('+')) return argument;
   }
   return {};

@@ -197,6 +197,7 @@ TEST(ProcessCommand, TellsWhatRuns) {
        "xfce4-session",
        "/usr/bin/xfce4-session",
        ProcessRole::sessionRoot},
+      {"/usr/bin/bash", {"bash", "/dev/fd/3"}, "bash", "", ProcessRole::shell},
       {"/usr/bin/dash",
        {"sh", "/usr/bin/startx"},
        "startx",

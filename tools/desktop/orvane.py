@@ -30,11 +30,12 @@ class Orvane:
     """One run of the program, with files of its own."""
 
     def __init__(self, desktop, program, session=None, first_launch=False, meminfo_file=None,
-                 read_only=None, accessible=True, environment=None, errors=None):
+                 read_only=None, accessible=True, environment=None, errors=None, home=None):
         """For the program alone `meminfo_file` takes the place of /proc/meminfo, and the folder
-        `read_only`, a path below its home, can't be written. Standard error goes to `errors`."""
+        `read_only`, a path below its home, can't be written. Standard error goes to `errors`.
+        `home` is that of an earlier run, whose files this one finds."""
         self.session = session
-        self.home = desktop.folder / f"orvane-{len(list(desktop.folder.glob('orvane-*')))}"
+        self.home = home or desktop.folder / f"orvane-{len(list(desktop.folder.glob('orvane-*')))}"
         self.configuration = self.home / ".config"
         self._output = self.home / "output"
         self._prepare(first_launch)

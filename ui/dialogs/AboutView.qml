@@ -64,6 +64,8 @@ FocusScope {
                 textFormat: Text.PlainText
                 font: modelData.font
                 color: modelData.strong ? Theme.label : Theme.secondaryLabel
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
 

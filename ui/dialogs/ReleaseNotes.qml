@@ -8,6 +8,8 @@ FocusScope {
     property string text
 
     activeFocusOnTab: visible
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
 
     SmoothRectangle {
         anchors.fill: parent

@@ -12,7 +12,7 @@ FocusScope {
     focus: true
     Accessible.role: Accessible.Dialog
     Accessible.name: qsTr("Software Update")
-    Accessible.description: update.headline
+    Accessible.description: update.headline + "\n" + update.message
     Keys.onEscapePressed: root.update.pressSecondary()
     Keys.onReturnPressed: root.update.pressPrimary()
     Keys.onEnterPressed: root.update.pressPrimary()
@@ -56,6 +56,8 @@ FocusScope {
             font: Theme.headline
             color: Theme.label
             wrapMode: Text.Wrap
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
         }
 
         ProgressStripe {
@@ -72,6 +74,8 @@ FocusScope {
             font: Theme.subheadline
             color: Theme.label
             wrapMode: Text.Wrap
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         ReleaseNotes {

@@ -19,6 +19,9 @@ PopupWindow {
     content: MenuList {
         entries: root.entries
         title: root.title
+        // Opened by key: the next key is meant for the first entry.
+        Component.onCompleted: if (root.anchorItem.activeFocus)
+            move(-1, 1)
         onMovedSideways: direction => root.movedSideways(direction)
         onChosen: entry => {
             root.close();

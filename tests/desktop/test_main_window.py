@@ -1,0 +1,98 @@
+"""The main window of the running program: from the popover, closed and shown again, its menu bar."""
+
+import unittest
+import urllib.parse
+
+from window_case import WindowCase
+
+
+class MainWindow(WindowCase):
+    def show_from_popover(self):
+        self.open_popover()
+        self.click("Settings")
+        self.click("Show Window")
+        self.wait_for_control(self.TAB)
+        self.wait_for("window in the taskbar", 3, lambda: self.taskbar_shows("Orvane"))
+
+    def test_hides_and_comes_back_as_it_was(self):
+        self.assertIn("mainWindowVisible=true", self.orvane.preferences())
+        self.assertTrue(self.taskbar_shows("Orvane"))
+        self.click("Show Details")
+        self.wait_for_control("Hide Details")
+        self.picture("details")
+        self.click("Processes")
+        self.wait_for_control("Refresh")
+        self.picture("processes")
+
+        self.pointer.key("Control_L", "w")
+        self.wait_until_gone(self.TAB)
+        self.assertNotIn("Orvane", self.client_windows())
+        self.assertIn("mainWindowVisible=false", self.orvane.preferences())
+
+        self.show_from_popover()
+        self.assertIn("mainWindowVisible=true", self.orvane.preferences())
+        self.wait_for_control("Refresh")
+        self.press(self.TAB)
+        self.wait_for_control("Hide Details")
+
+    def test_tabs_and_details_by_keyboard(self):
+        self.tab_to("View")
+        self.pointer.key("Right")
+        self.wait_for_control("Refresh")
+        self.pointer.key("Left")
+        self.tab_to("Show Details")
+        self.pointer.key("space")
+        self.wait_for_control("Hide Details")
+
+    def test_menu_bar_by_keyboard(self):
+        self.pointer.key("F10")
+        self.pointer.key("Return")
+        self.wait_for_control("About Orvane")
+        self.picture("menu")
+        self.pointer.key("Right")
+        self.wait_for_control("Close Window")
+        self.pointer.key("Escape")
+        self.wait_until_gone("Close Window")
+        self.pointer.key("Escape")
+
+        self.pointer.key("Alt_L")
+        self.pointer.key("Down")
+        self.wait_for("keyboard on the first entry", 3, lambda: self.has_keyboard("About Orvane"))
+        self.pointer.key("Return")
+        self.wait_for_control("Version 0.1.0")
+        self.picture("about")
+        self.pointer.key("Escape")
+        self.wait_until_gone("Version 0.1.0")
+
+        self.wait_for("focus", 3, self.has_focus)
+        self.pointer.key("Control_L", "m")
+        self.wait_for("minimised window", 3,
+                      lambda: "HIDDEN" in self.client_windows().get("Orvane", ""))
+
+    def test_updates_come_from_the_package_manager_and_quit(self):
+        self.pointer.key("Control_L", "u")
+        self.wait_for_control("Updates come with your system")
+        self.picture("updates")
+        self.press("OK")
+        self.wait_until_gone("Updates come with your system")
+        self.wait_for("focus", 3, self.has_focus)
+        self.pointer.key("Control_L", "q")
+        self.wait_for("end of the program", 5, lambda: not self.orvane.is_running())
+        self.assertEqual(self.orvane.process.returncode, 0)
+        self.assertIn("mainWindowVisible=true", self.orvane.preferences())
+        self.assertEqual(self.orvane.lines(), [])
+
+    def test_support_request_reaches_the_mail_program(self):
+        record = self.record_addresses("mailto")
+        self.choose("Help", "Contact Support")
+        self.wait_for("mail", 10, record.exists)
+        address, _, fields = record.read_text().partition("?")
+        self.assertEqual(address, "mailto:support@orvane.example")
+        self.assertEqual(urllib.parse.parse_qs(fields, strict_parsing=True), {
+            "subject": ["Orvane Support Request"],
+            "body": ["Hello Orvane Team,\n\nI need assistance with the following:\n\n"]})
+        self.assertEqual(self.orvane.lines(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,105 @@
+"""The list of applications of the running program, with real ones in it."""
+
+import unittest
+
+from window_case import WindowCase
+
+# With enough lines to scroll back to that it uses more than the list's 10 MB.
+TERMINAL = ["xterm", "-sl", "20000", "-e", "sh", "-c", "seq 20000; exec sleep 600"]
+
+
+class Processes(WindowCase):
+    def setUp(self):
+        self.terminals = [self.desktop.start_program(TERMINAL) for _ in range(2)]
+        for terminal in self.terminals:
+            self.addCleanup(terminal.wait)
+            self.addCleanup(terminal.kill)
+        super().setUp()
+        self.press("Processes")
+        self.wait_for("terminals in the list", 15, lambda: len(self.rows("XTerm")) == 2)
+        self.click("Top Memory Consumers")  # their windows may have taken the focus
+        self.wait_for("focus", 5, self.has_focus)
+
+    def rows(self, name=""):
+        """The list's rows of an application, from the top."""
+        return [node for node in self.seen.everything(self.orvane.pid)
+                if node.get_role_name() == "list item" and node.get_name().startswith(name)]
+
+    def selected(self):
+        return [index for index, row in enumerate(self.rows())
+                if self.seen.has_state(row, "selected")]
+
+    def select_terminal(self):
+        """By key, from the top; the applications above depend on the desktop's own."""
+        self.pointer.key("Down")
+        self.wait_for("selection", 3, lambda: self.selected() == [0])
+        target = next(index for index, row in enumerate(self.rows())
+                      if row.get_name().startswith("XTerm"))
+        for index in range(1, target + 1):
+            self.pointer.key("Down")
+            self.wait_for("next selection", 3, lambda: self.selected() == [index])
+        self.wait_for_control("Kill Process")
+
+    def test_kill_by_key_and_cancel(self):
+        self.select_terminal()
+        self.picture("selected")
+        self.pointer.key("Return")
+        self.wait_for_control("Kill")
+        self.picture("question")
+        self.pointer.key("Return")  # on Cancel, for safety
+        self.wait_until_gone("Kill")
+        self.assertEqual([terminal.poll() for terminal in self.terminals], [None, None])
+
+        self.pointer.key("Return")
+        self.wait_for_control("Kill")
+        self.pointer.key("Tab")
+        self.wait_for("keyboard on Kill", 3, lambda: self.has_keyboard("Kill"))
+        self.pointer.key("Return")
+        self.wait_for("end of one terminal", 3, lambda: any(
+            terminal.poll() == -9 for terminal in self.terminals))
+        self.wait_until_gone("Kill Process")
+        self.wait_for("shorter list", 8, lambda: len(self.rows("XTerm")) == 1)
+        self.assertEqual(sum(terminal.poll() is None for terminal in self.terminals), 1)
+
+    def test_context_menu_asks_and_escape_lets_live(self):
+        x, y, width, height = self.seen.rectangle(self.rows("XTerm")[0])
+        self.pointer.click(x + width // 3, y + height // 2, button=3)
+        self.click("Kill Process")
+        self.wait_for_control("Kill")
+        self.pointer.key("Escape")
+        self.wait_until_gone("Kill")
+        self.assertEqual([terminal.poll() for terminal in self.terminals], [None, None])
+        self.assertEqual(self.selected(), [])
+
+    def test_sort_mode_survives_a_restart(self):
+        self.click("Sort by")
+        self.click("Peak Memory")
+        self.wait_until_gone("Peak Memory")
+        self.assertIn("processSortMode=peak", self.orvane.preferences())
+        self.orvane.stop()
+        self.orvane = self.start_orvane(home=self.orvane.home)
+        self.press("Processes")
+        self.click("Sort by")
+        self.wait_for_control("Peak Memory")
+        self.picture("sort-menu")
+        checked = [name for name in ("Current Memory", "Average Memory", "Peak Memory")
+                   if self.seen.has_state(self.control(name), "checked")]
+        self.assertEqual(checked, ["Peak Memory"])
+
+    def test_file_manager_shows_the_program(self):
+        manager = self.desktop.start_program(["thunar", "--daemon"])
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.kill)
+        self.wait_for("file manager", 10,
+                      lambda: self.session.has_owner("org.freedesktop.FileManager1"))
+        self.press("Show details of XTerm")
+        self.wait_for_control("Reveal")
+        self.picture("details")
+        self.click("Reveal")
+        self.wait_for("the program's folder", 10, lambda: any(
+            title.startswith("bin") for title in self.client_windows()))
+        self.picture("file-manager")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,69 @@
+"""The update check of a build whose feed is on this machine."""
+
+import http.server
+import os
+import pathlib
+import threading
+import unittest
+
+import desktop_case
+from window_case import WindowCase
+
+desktop_case.PROGRAM = pathlib.Path(os.environ["ORVANE_FEED_PROGRAM"])
+PORT = int(os.environ["ORVANE_FEED_PORT"])
+FEED = """<?xml version="1.0"?><rss version="2.0"><channel><item>
+<link>https://orvane.example/download/{version}</link>
+<description>What changed in {version}.</description>
+<enclosure url="https://orvane.example/orvane.tar.xz" length="4194304" version="{version}"/>
+</item></channel></rss>"""
+
+
+class Feed(http.server.BaseHTTPRequestHandler):
+    answer = ""
+
+    def do_GET(self):
+        self.send_response(200)
+        self.end_headers()
+        self.wfile.write(Feed.answer.encode())
+
+    def log_message(self, *_):
+        pass
+
+
+class Updates(WindowCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        server = http.server.ThreadingHTTPServer(("127.0.0.1", PORT), Feed)
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+        cls.addClassCleanup(server.server_close)
+        cls.addClassCleanup(server.shutdown)
+
+    def test_error_then_newer_version(self):
+        Feed.answer = "<html>no feed</html>"
+        self.choose("Orvane", "Check for Updates...")
+        self.wait_for_control("The check didn't succeed")
+        self.picture("error")
+        Feed.answer = FEED.format(version="0.10.0")
+        self.press("Try Again")
+        self.wait_for_control("A new version is available")
+        self.wait_for_control("Orvane 0.10.0 can be downloaded (4.0 MB). You have version 0.1.0.")
+        self.wait_for_control("What changed in 0.10.0.")
+        self.picture("newer")
+        record = self.record_addresses("https")
+        self.pointer.key("Return")
+        self.wait_for("download page", 10, record.exists)
+        self.assertEqual(record.read_text(), "https://orvane.example/download/0.10.0")
+        self.wait_until_gone("A new version is available")
+
+    def test_same_version_is_the_newest(self):
+        Feed.answer = FEED.format(version="0.1.0")
+        self.pointer.key("Control_L", "u")
+        self.wait_for_control("Orvane is up to date")
+        self.pointer.key("Escape")
+        self.wait_until_gone("Orvane is up to date")
+        self.assertEqual(self.orvane.lines(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

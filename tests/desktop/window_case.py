@@ -1,0 +1,82 @@
+"""The main window, its menus and dialogs, and other programs' windows, for the tests that use them."""
+
+import re
+import stat
+import subprocess
+
+from popover_case import PopoverCase
+
+MIME_APPS = "[Default Applications]\nx-scheme-handler/{scheme}=recorder.desktop\n"
+RECORDER = """[Desktop Entry]
+Type=Application
+Name=Recorder
+Exec={script} %u
+MimeType=x-scheme-handler/{scheme};
+"""
+
+
+class WindowCase(PopoverCase):
+    TAB = "Overview"
+
+    def start_orvane(self, **options):
+        # So that xdg-open goes by the files of `record_addresses`, not by a desktop's own helpers.
+        return super().start_orvane(first_launch=True, environment={"XDG_CURRENT_DESKTOP": ""},
+                                    **options)
+
+    def setUp(self):
+        super().setUp()
+        self.wait_for_control(self.TAB)
+        self.wait_for("focus", 5, self.has_focus)
+
+    def client_windows(self):
+        """{title: state} of the windows that the window manager knows."""
+        windows = {}
+        for window in re.findall(r"0x[0-9a-f]+", self.seen_by_x("-root", "_NET_CLIENT_LIST")):
+            told = self.seen_by_x("-id", window, "_NET_WM_NAME", "_NET_WM_STATE")
+            title = re.search(r'_NET_WM_NAME.* = "(.*)"', told)
+            windows[title[1] if title else ""] = told
+        return windows
+
+    def seen_by_x(self, *question):
+        return subprocess.run(["xprop", *question], env=self.desktop.environment,
+                              capture_output=True, text=True, check=False).stdout
+
+    def taskbar_shows(self, title):
+        return "SKIP_TASKBAR" not in self.client_windows().get(title, "SKIP_TASKBAR")
+
+    def has_keyboard(self, name):
+        node = self.control(name)
+        return node and self.seen.has_state(node, "focused")
+
+    def tab_to(self, name):
+        """Moves the keyboard to a control, as a user without a mouse would."""
+        self.wait_for_control(name)
+        for _ in range(12):
+            if self.has_keyboard(name):
+                return
+            self.pointer.key("Tab")
+            try:
+                self.wait_for(f"keyboard on {name}", 0.3, lambda: self.has_keyboard(name))
+            except TimeoutError:
+                pass
+        self.picture("unreachable")
+        self.fail(f"the keyboard never reached {name}")
+
+    def choose(self, menu, entry):
+        """An entry of the menu bar, by mouse."""
+        x, y, width, height = self.seen.rectangle(self.seen.find(
+            self.orvane.pid, menu, role="push button") or self.fail(f"no menu {menu}"))
+        self.pointer.click(x + width // 2, y + height // 2)
+        self.click(entry)
+
+    def record_addresses(self, scheme):
+        """From now on the desktop's program for such addresses writes them to a file; gives that."""
+        home = self.orvane.home
+        applications = home / ".local/share/applications"
+        applications.mkdir(parents=True, exist_ok=True)
+        script, record = home / "recorder", home / "recorded"
+        script.write_text(f'#!/bin/sh\nprintf "%s" "$1" > "{record}.part"\nmv "{record}.part" "{record}"\n')
+        script.chmod(script.stat().st_mode | stat.S_IXUSR)
+        (applications / "recorder.desktop").write_text(RECORDER.format(script=script, scheme=scheme))
+        (self.orvane.configuration / "mimeapps.list").write_text(MIME_APPS.format(scheme=scheme))
+        return record
