@@ -26,9 +26,8 @@ QuickMainWindow::QuickMainWindow(Views& views, MainWindowClosures closures,
   view_->setMinimumSize(contentSize);
   view_->setMaximumSize(contentSize);
   view_->resize(contentSize);
-  place_ = view_->screen()->availableGeometry().center() -
-           QPoint(contentSize.width() / 2, contentSize.height() / 2);
-  view_->setPosition(place_);
+  view_->setPosition(view_->screen()->availableGeometry().center() -
+                     QPoint(contentSize.width() / 2, contentSize.height() / 2));
   view_->installEventFilter(this);
   connect(view_.get(), &QWindow::activeChanged, this, [this] {
     if (view_->isActive() && delegate_.didBecomeKey) delegate_.didBecomeKey(*this);
@@ -38,7 +37,7 @@ QuickMainWindow::QuickMainWindow(Views& views, MainWindowClosures closures,
 void QuickMainWindow::makeKeyAndOrderFront() {
   // For its menus and popovers; a compositor may have come or gone since.
   views_.setTranslucentWindows(blendsTranslucentWindows());
-  if (!view_->isVisible()) view_->setFramePosition(place_);
+  if (!view_->isVisible() && framePlace_) view_->setFramePosition(*framePlace_);
   view_->showNormal();
   view_->raise();
   view_->requestActivate();
@@ -46,7 +45,7 @@ void QuickMainWindow::makeKeyAndOrderFront() {
 
 void QuickMainWindow::orderOut() {
   if (!view_->isVisible()) return;
-  place_ = view_->framePosition();
+  framePlace_ = view_->framePosition();
   view_->hide();
 }
 

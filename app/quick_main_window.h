@@ -3,6 +3,7 @@
 #include <QtCore/QObject>
 #include <QtQuick/QQuickView>
 #include <memory>
+#include <optional>
 
 #include "app/windows.h"
 #include "ui/views.h"
@@ -29,7 +30,7 @@ class QuickMainWindow : public QObject, public MainWindow {
   Views& views_;
   MainWindowDelegate delegate_;
   std::unique_ptr<QQuickView> view_;
-  QPoint place_;
+  std::optional<QPoint> framePlace_;  ///< where it was hidden
 };
 
 }  // namespace orvane

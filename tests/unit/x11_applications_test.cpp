@@ -120,9 +120,12 @@ TEST_F(X11ApplicationsTest, ListsOrdinaryWindowsUntilTheServerIsGone) {
     return std::any_of(all.begin(), all.end(),
                        [&](const X11Window& window) { return window.instance == instance; });
   };
-  const ChildProcess first({"xterm", "-name", "ordinary", "-T", "ordinary"},
-                           desktop_.environment());
-  const ChildProcess second({"xterm", "-name", "panel", "-T", "panel"}, desktop_.environment());
+  // A shell could give its window another title.
+  const auto terminal = [](const std::string& name) {
+    return std::vector<std::string>{"xterm", "-name", name, "-T", name, "-e", "sleep", "600"};
+  };
+  const ChildProcess first(terminal("ordinary"), desktop_.environment());
+  const ChildProcess second(terminal("panel"), desktop_.environment());
   ASSERT_TRUE(eventually([&] { return has(windows, "ordinary") && has(windows, "panel"); }));
   EXPECT_EQ(windows.windows().front().className, "XTerm");
   EXPECT_FALSE(windows.update()) << "nothing changed";

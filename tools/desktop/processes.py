@@ -16,9 +16,9 @@ def adopt_orphans():
     _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
 
 
-def start(command, **options):
+def start(command, own_input=subprocess.DEVNULL, **options):
     """A child in a session of its own that the kernel ends when we die."""
-    return subprocess.Popen(command, stdin=subprocess.DEVNULL, start_new_session=True,
+    return subprocess.Popen(command, stdin=own_input, start_new_session=True,
                             preexec_fn=lambda: _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGTERM, 0, 0, 0),
                             **options)
 
