@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/windows_module.h"
+#include "platform/linux/session_bus.h"
 
 namespace orvane {
 
@@ -41,6 +42,7 @@ LazyWindows::LazyWindows(std::vector<std::string> folders, Appearance& appearanc
 LazyWindows::~LazyWindows() = default;
 
 WindowFactory* LazyWindows::loaded() {
+  if (!loaded_) keepToolkitOffSilentBus();
   QString problem;
   for (auto folder = folders_.begin(); !loaded_ && folder != folders_.end(); ++folder) {
     QLibrary module(QString::fromStdString(*folder + '/' + windowsModuleFile));

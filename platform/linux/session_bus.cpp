@@ -3,8 +3,10 @@
 #include <sys/eventfd.h>
 
 #include <QtCore/QTimer>
+#include <algorithm>
 #include <system_error>
 #include <thread>
+#include <vector>
 
 #include "platform/linux/bus_address.h"
 #include "platform/linux/file_descriptor.h"
@@ -29,7 +31,31 @@ QDBusConnection connectToSession(const QString& name, int cancelDescriptor,
   return QDBusConnection(QString());
 }
 
+constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+constexpr std::chrono::milliseconds toolkitPatience{300};
+
+bool anyBusAnswers(std::chrono::milliseconds timeout) {
+  const std::vector<BusAddress> addresses = sessionBusAddresses();
+  return std::any_of(addresses.begin(), addresses.end(), [timeout](const BusAddress& address) {
+    return busAnswers(address, -1, timeout);
+  });
+}
+
 }  // namespace
+
+void keepToolkitOffSilentBus() {
+  if (anyBusAnswers(toolkitPatience)) return;
+  // It connects once and keeps what came of it.
+  const bool isSet = qEnvironmentVariableIsSet(addressVariable);
+  const QByteArray address = qgetenv(addressVariable);
+  qputenv(addressVariable, "unix:path=/nonexistent");
+  QDBusConnection::sessionBus();
+  if (isSet) {
+    qputenv(addressVariable, address);
+  } else {
+    qunsetenv(addressVariable);
+  }
+}
 
 class SessionBus::Private : public QObject {
   Q_OBJECT

@@ -14,6 +14,11 @@ struct SessionBusTiming {
   std::chrono::milliseconds answerTimeout{5000};  ///< for a bus to answer an attempt
 };
 
+/// Makes the toolkit do without the session bus when that accepts and says nothing. Call it before
+/// the first window: the toolkit's bridge to assistive technology connects by itself then, and
+/// would wait for ever. Takes as long as a bus that lives needs for an answer, at most 0.3 s.
+void keepToolkitOffSilentBus();
+
 /// The user's session bus, connected without ever blocking the main thread.
 ///
 /// The connection is made on a thread of its own. Without a bus, and after losing it, the

@@ -1,5 +1,6 @@
 """A desktop that lacks something: the program starts, says so in its lines only, and recovers."""
 
+import socket
 import unittest
 
 from desktop_case import PROGRAM, DesktopCase, Orvane, VirtualDesktop, wait_for
@@ -55,6 +56,19 @@ class NoBus(unittest.TestCase):
             desktop.start_panel()
             self.assertIsNotNone(orvane.wait_for_item(20).percentage())
             self.assertEqual(orvane.lines(), lines)
+
+
+class SilentBus(unittest.TestCase):
+    """One that accepts and never answers, as when its daemon is stopped."""
+
+    def test_window_opens_and_the_program_ends(self):
+        with VirtualDesktop(bus=False) as desktop, socket.socket(socket.AF_UNIX) as silent:
+            silent.bind(str(desktop.folder / "silent"))
+            silent.listen(16)
+            address = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={desktop.folder / 'silent'}"}
+            orvane = Orvane(desktop, PROGRAM, first_launch=True, environment=address)
+            wait_for("main window", 10, lambda: desktop.screen.colours(500, 200, 280, 280) > 20)
+            self.assertEqual(orvane.stop(), 0)
 
 
 if __name__ == "__main__":
