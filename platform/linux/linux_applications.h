@@ -20,9 +20,10 @@ namespace orvane {
 /// The user's running applications, each a group of processes, and what they use.
 ///
 /// Everything is read at the first list and only what changed after that; in between each process
-/// costs two reads. An application's resident size is its leader's plus what each other process
-/// doesn't share (/proc/PID/statm: resident - shared); threads (/proc/PID/stat: num_threads) are
-/// summed; the virtual size (/proc/PID/stat: vsize) is the leader's.
+/// costs little more than one read. An application's resident size is its leader's
+/// (/proc/PID/stat: rss) plus what each other process doesn't share (/proc/PID/statm: resident -
+/// shared); threads (/proc/PID/stat: num_threads) are summed; the virtual size (/proc/PID/stat:
+/// vsize) is the leader's.
 class LinuxApplications : public RunningApplications, public TaskInspector {
  public:
   struct Options {
