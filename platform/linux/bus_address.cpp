@@ -16,18 +16,12 @@
 #include <optional>
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/text_pieces.h"
 
 namespace orvane {
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;
-
-std::optional<int> hexDigit(char digit) {
-  if (digit >= '0' && digit <= '9') return digit - '0';
-  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-  if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-  return std::nullopt;
-}
 
 std::optional<std::string> unescape(std::string_view value) {
   std::string result;
@@ -37,10 +31,9 @@ std::optional<std::string> unescape(std::string_view value) {
       continue;
     }
     if (i + 2 >= value.size()) return std::nullopt;
-    const auto high = hexDigit(value[i + 1]);
-    const auto low = hexDigit(value[i + 2]);
-    if (!high || !low) return std::nullopt;
-    result += static_cast<char>(*high * 16 + *low);
+    const auto byte = hexByte(value[i + 1], value[i + 2]);
+    if (!byte) return std::nullopt;
+    result += *byte;
     i += 2;
   }
   return result;
@@ -69,16 +62,6 @@ std::string escape(std::string_view value) {
 }
 
 /// The parts of `text` between separators, without empty ones.
-std::vector<std::string_view> split(std::string_view text, char separator) {
-  std::vector<std::string_view> parts;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find(separator), text.size());
-    if (end > 0) parts.push_back(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return parts;
-}
-
 std::string runtimeSocketPath() {
   const char* directory = std::getenv("XDG_RUNTIME_DIR");
   if (directory == nullptr || *directory != '/') return {};

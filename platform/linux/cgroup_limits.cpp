@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "platform/linux/held_file.h"
+#include "platform/linux/text_pieces.h"
 
 namespace orvane {
 namespace {
@@ -28,12 +29,8 @@ void addWithParents(std::vector<std::string>& directories, const std::string& mo
 }
 
 bool lists(std::string_view controllers, std::string_view name) {
-  while (!controllers.empty()) {
-    const std::size_t comma = std::min(controllers.find(','), controllers.size());
-    if (controllers.substr(0, comma) == name) return true;
-    controllers.remove_prefix(std::min(comma + 1, controllers.size()));
-  }
-  return false;
+  const auto names = split(controllers, ',');
+  return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 void addLine(std::vector<std::string>& directories, const std::string& root,

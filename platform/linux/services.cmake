@@ -34,4 +34,6 @@ target_sources(orvane_platform PRIVATE
   meminfo.cpp
   meminfo.h
   session_bus.cpp
-  session_bus.h)
+  session_bus.h
+  text_pieces.cpp
+  text_pieces.h)

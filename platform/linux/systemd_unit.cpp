@@ -3,37 +3,21 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/linux/text_pieces.h"
+
 namespace orvane {
 namespace {
 
 constexpr std::size_t uuidLength = 36;
 
-std::vector<std::string_view> split(std::string_view text, char separator) {
-  std::vector<std::string_view> parts;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find(separator), text.size());
-    parts.push_back(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return parts;
-}
-
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
-
 /// Undoes the escapes of unit names: "\x2d" is a dash.
 std::string unescape(std::string_view text) {
   std::string plain;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escape = text[i] == '\\' && i + 3 < text.size() && text[i + 1] == 'x' &&
-                        hexDigit(text[i + 2]) >= 0 && hexDigit(text[i + 3]) >= 0;
-    plain +=
-        escape ? static_cast<char>(hexDigit(text[i + 2]) * 16 + hexDigit(text[i + 3])) : text[i];
-    if (escape) i += 3;
+    const bool escape = text.substr(i).starts_with("\\x") && i + 3 < text.size();
+    const auto byte = escape ? hexByte(text[i + 2], text[i + 3]) : std::nullopt;
+    plain += byte.value_or(text[i]);
+    if (byte) i += 3;
   }
   return plain;
 }
