@@ -41,6 +41,15 @@ FocusScope {
         }
     }
 
+    /// With a menu open, the title under the pointer opens its own.
+    function switchTo(from: MenuBarTitle, place: point) {
+        const title = titles.childAt(titles.mapFromGlobal(place).x, titles.mapFromGlobal(place).y) as MenuBarTitle;
+        if (!title || title === from)
+            return;
+        from.closeMenu();
+        title.openMenu();
+    }
+
     height: 20
     Accessible.role: Accessible.MenuBar
     Accessible.name: qsTr("Menu bar")
@@ -83,6 +92,7 @@ FocusScope {
             name: qsTr("Orvane")
             isBold: true
             onMovedSideways: direction => root.move(program, direction)
+            onPointerMovedOutside: place => root.switchTo(program, place)
             onChosen: root.leave()
 
             MenuEntry {
@@ -107,6 +117,7 @@ FocusScope {
 
             name: qsTr("File")
             onMovedSideways: direction => root.move(file, direction)
+            onPointerMovedOutside: place => root.switchTo(file, place)
             onChosen: root.leave()
 
             MenuEntry {
@@ -120,6 +131,7 @@ FocusScope {
 
             name: qsTr("Window")
             onMovedSideways: direction => root.move(window, direction)
+            onPointerMovedOutside: place => root.switchTo(window, place)
             onChosen: root.leave()
 
             MenuEntry {
@@ -133,6 +145,7 @@ FocusScope {
 
             name: qsTr("Help")
             onMovedSideways: direction => root.move(help, direction)
+            onPointerMovedOutside: place => root.switchTo(help, place)
             onChosen: root.leave()
 
             MenuEntry {

@@ -11,6 +11,7 @@ PlainButton {
 
     signal movedSideways(int direction)
     signal chosen  ///< an entry, by whatever means
+    signal pointerMovedOutside(point place)  ///< on the screen, while the menu is open
 
     function moveSideways(direction: int, open: bool) {
         wasOpen = open;
@@ -19,6 +20,10 @@ PlainButton {
 
     function openMenu() {
         menu.open();
+    }
+
+    function closeMenu() {
+        menu.close();
     }
 
     width: title.implicitWidth + 14
@@ -55,6 +60,7 @@ PlainButton {
         gap: 2
         title: root.name
         onChosen: root.chosen()
+        onPointerMovedOutside: place => root.pointerMovedOutside(place)
         onMovedSideways: direction => {
             menu.close();
             root.moveSideways(direction, true);

@@ -17,6 +17,7 @@ Window {
     property point anchorPlace  ///< on the screen, when the window was placed
 
     signal dismissed
+    signal pointerMovedOutside(point place)
 
     function present() {
         fit();
@@ -50,6 +51,7 @@ Window {
         window: root
         anchor: root.anchorItem
         onDismissed: root.dismissed()
+        onPointerMovedOutside: place => root.pointerMovedOutside(place)
     }
 
     // A list that is rebuilt or scrolled moves its rows.

@@ -20,6 +20,9 @@ Item {
     readonly property bool isOpen: loader.active
     readonly property Item contentItem: loader.item ? (loader.item as PopupFrame).contentItem : null
 
+    /// The pointer is at this place of the screen, outside of the open window.
+    signal pointerMovedOutside(point place)
+
     function open() {
         if (loader.active)
             return;
@@ -48,6 +51,7 @@ Item {
             arrow: root.arrow
             ownsArrowKeys: root.ownsArrowKeys
             onDismissed: root.close()
+            onPointerMovedOutside: place => root.pointerMovedOutside(place)
         }
     }
 }

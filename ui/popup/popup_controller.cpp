@@ -27,7 +27,8 @@ QRect globalRect(const QQuickItem& item) {
 void PopupController::setWindow(QQuickWindow* window) {
   if (window_ == window) return;
   window_ = window;
-  if (window_) window_->installEventFilter(this);
+  // Ahead of whoever else takes keys in the whole program.
+  if (window_) QCoreApplication::instance()->installEventFilter(this);
   watchOwner();
   Q_EMIT windowChanged();
 }
@@ -43,7 +44,6 @@ void PopupController::watchOwner() {
   if (!window_ || !anchor_ || anchor_->window() == nullptr) return;
   owner_ = anchor_->window();
   window_->setTransientParent(owner_);
-  owner_->installEventFilter(this);
 }
 
 void PopupController::place(double width, double height, Edge edge, double gap) {
@@ -72,14 +72,37 @@ int PopupController::next(const QList<bool>& choosable, int current, int directi
   return nextChoice(choosable, current, direction);
 }
 
-bool PopupController::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == owner_) {
-    const bool left =
-        event->type() == QEvent::Hide || event->type() == QEvent::Close ||
-        (event->type() == QEvent::FocusOut && window_ && QGuiApplication::focusWindow() != window_);
-    if (left && window_ && window_->isVisible()) Q_EMIT dismissed();
-    return false;
+bool PopupController::ownerEvent(QEvent& event) {
+  if (!window_ || !window_->isVisible()) return false;
+  switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+      return takesInput_ && passOn(event);
+    case QEvent::FocusOut:
+      if (QGuiApplication::focusWindow() != window_) Q_EMIT dismissed();
+      return false;
+    case QEvent::Hide:
+    case QEvent::Close:
+      Q_EMIT dismissed();
+      return false;
+    default:
+      return false;
   }
+}
+
+// Some compositors leave the keyboard with the window below.
+bool PopupController::passOn(QEvent& event) {
+  if (window_->activeFocusItem() == nullptr) {
+    QFocusEvent focus(QEvent::FocusIn, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(window_, &focus);
+  }
+  QCoreApplication::sendEvent(window_, &event);
+  return true;
+}
+
+bool PopupController::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == owner_) return ownerEvent(*event);
   if (watched != window_) return false;
   switch (event->type()) {
     case QEvent::Expose:
@@ -92,15 +115,22 @@ bool PopupController::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Hide:
       retry_.stop();
       return false;
-    case QEvent::MouseButtonPress: {
-      const auto* press = static_cast<QMouseEvent*>(event);
-      if (QRectF(QPointF(), QSizeF(window_->size())).contains(press->position())) return false;
+    case QEvent::MouseButtonPress:
+      if (isInside(*static_cast<QMouseEvent*>(event))) return false;
       Q_EMIT dismissed();
       return true;
+    case QEvent::MouseMove: {
+      const auto& move = *static_cast<QMouseEvent*>(event);
+      if (!isInside(move)) Q_EMIT pointerMovedOutside(move.globalPosition());
+      return false;
     }
     default:
       return false;
   }
+}
+
+bool PopupController::isInside(const QMouseEvent& event) const {
+  return QRectF(QPointF(), QSizeF(window_->size())).contains(event.position());
 }
 
 void PopupController::timerEvent(QTimerEvent* event) {

@@ -12,7 +12,8 @@ namespace orvane {
 /// and when the window it belongs to is left or hidden.
 ///
 /// Where the window system doesn't do so itself (X11) the popup holds the mouse and the keyboard
-/// while it is open; whoever held them before takes them again afterwards.
+/// while it is open; whoever held them before takes them again afterwards. Keys that arrive at the
+/// window below all the same are the popup's.
 class PopupController : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -45,14 +46,20 @@ class PopupController : public QObject {
   void windowChanged();
   void anchorChanged();
   void dismissed();
+  /// The pointer is elsewhere on the screen, while the window holds the mouse.
+  void pointerMovedOutside(QPointF place);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
 
  private:
+  [[nodiscard]] bool isInside(const QMouseEvent& event) const;
   void hold();
   void watchOwner();
+  /// What happens to the window below while the popup is open; true for what is the popup's own.
+  bool ownerEvent(QEvent& event);
+  bool passOn(QEvent& event);
 
   QPointer<QQuickWindow> window_;
   QPointer<QQuickItem> anchor_;
