@@ -2,8 +2,9 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QScreen>
-#include <QtQuick/QQuickItem>
 #include <utility>
+
+#include "app/content_size.h"
 
 namespace orvane {
 
@@ -19,22 +20,10 @@ void DialogWindow::show(std::unique_ptr<QQuickView> view, const QString& title) 
                   Qt::WindowCloseButtonHint);
   view_->setPosition(view_->screen()->availableGeometry().center() -
                      QRect(QPoint(), view_->size()).center());
-  fixSize();
-  if (QQuickItem* root = view_->rootObject()) {
-    connect(root, &QQuickItem::heightChanged, this, &DialogWindow::fixSize);
-  }
+  keepContentSize(*view_);
   view_->installEventFilter(this);
   view_->show();
   raise();
-}
-
-void DialogWindow::fixSize() {
-  const QQuickItem* root = view_ ? view_->rootObject() : nullptr;
-  if (root == nullptr) return;
-  const QSize size = root->size().toSize();
-  view_->setMinimumSize(size);
-  view_->setMaximumSize(size);
-  view_->resize(size);
 }
 
 void DialogWindow::raise() {

@@ -31,8 +31,6 @@ class DialogWindow : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void fixSize();
-
   std::function<void()> closed_;
   std::unique_ptr<QQuickView> view_;
 };

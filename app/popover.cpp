@@ -6,6 +6,7 @@
 #include <QtQuick/QQuickItem>
 #include <utility>
 
+#include "app/content_size.h"
 #include "platform/linux/x11_window_hints.h"
 
 namespace orvane {
@@ -70,6 +71,8 @@ void StatusPopover::show(ScreenPoint item, PopoverClosures closures) {
   view_->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                   Qt::NoDropShadowWindowHint);
   if (QScreen* screen = QGuiApplication::screenAt(item_)) view_->setScreen(screen);
+  // A tiling compositor would put a window that can have another size among its tiles.
+  if (!isX11()) keepContentSize(*view_);
   place();
   skipTaskbar(*view_);
   connectView();
@@ -133,13 +136,13 @@ void StatusPopover::focusChanged() {
 }
 
 void StatusPopover::holdMouse() {
-  if (!view_ || !view_->isExposed() || menuIsOpen()) return;
+  if (!isX11() || !view_ || !view_->isExposed() || menuIsOpen()) return;
   if (!view_->setMouseGrabEnabled(true)) grabRetry_.start();
 }
 
 bool StatusPopover::eventFilter(QObject* watched, QEvent* event) {
   if (watched != view_.get()) return false;
-  if (event->type() == QEvent::Expose && isX11()) holdMouse();
+  if (event->type() == QEvent::Expose) holdMouse();
   if (event->type() == QEvent::Close) close();
   return event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease
              ? closesOutside(*static_cast<QMouseEvent*>(event))
