@@ -265,7 +265,9 @@ TEST_F(StatusMenuViewTest, MenuRunsItsEntriesByKeyboardAndPointer) {
   EXPECT_FALSE(view_->rootObject()->property("menuOpen").toBool());
   pressKeys(open(), {Qt::Key_Down, Qt::Key_Down, Qt::Key_Space});
   pressKeys(open(), {Qt::Key_End, Qt::Key_Up, Qt::Key_Return});
-  pressKeys(open(), {Qt::Key_Up, Qt::Key_Return});
+  ASSERT_NE(open(), nullptr);
+  view_->requestActivate();  // as with a compositor that leaves the keyboard there
+  pressKeys(view_.get(), {Qt::Key_Up, Qt::Key_Return});
   pressKeys(open(), {Qt::Key_Home, Qt::Key_Enter});
   pressKeys(open(), {Qt::Key_Down, Qt::Key_Escape});
   EXPECT_EQ(menuWindow(), nullptr);

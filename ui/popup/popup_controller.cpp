@@ -18,6 +18,11 @@ bool needsGrab() {
   return QGuiApplication::platformName() == QStringLiteral("xcb");
 }
 
+/// A popup that is open keeps its place on Wayland, wherever one would like to move it.
+bool staysPut(const QWindow& popup) {
+  return popup.isVisible() && QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
 QRect globalRect(const QQuickItem& item) {
   return QRectF(item.mapToGlobal({0, 0}), item.size()).toAlignedRect();
 }
@@ -54,9 +59,10 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
       globalRect(*anchor_).adjusted(edge == Trailing ? -space : 0, edge == Below ? -space : 0,
                                     edge == Trailing ? space : 0, edge == Below ? space : 0);
   const QSize size(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)));
+  const QRect placed = placePopup(anchor, size, screen->availableGeometry(),
+                                  edge == Below ? PopupEdge::below : PopupEdge::trailing);
   window_->setScreen(anchor_->window()->screen());
-  window_->setGeometry(placePopup(anchor, size, screen->availableGeometry(),
-                                  edge == Below ? PopupEdge::below : PopupEdge::trailing));
+  window_->setGeometry({staysPut(*window_) ? window_->position() : placed.topLeft(), size});
 }
 
 bool PopupController::isAnchorInSight() const {
@@ -78,7 +84,10 @@ bool PopupController::ownerEvent(QEvent& event) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
-      return takesInput_ && passOn(event);
+      // Some compositors leave the keyboard here.
+      if (!takesInput_) return false;
+      QCoreApplication::sendEvent(window_, &event);
+      return true;
     case QEvent::FocusOut:
       if (QGuiApplication::focusWindow() != window_) Q_EMIT dismissed();
       return false;
@@ -91,14 +100,16 @@ bool PopupController::ownerEvent(QEvent& event) {
   }
 }
 
-// Some compositors leave the keyboard with the window below.
-bool PopupController::passOn(QEvent& event) {
-  if (window_->activeFocusItem() == nullptr) {
-    QFocusEvent focus(QEvent::FocusIn, Qt::PopupFocusReason);
-    QCoreApplication::sendEvent(window_, &focus);
+// The toolkit hands keys on to what is in a window only if the window has the keyboard.
+bool PopupController::deliverKey(QEvent& event) {
+  QQuickItem* item = window_->contentItem();
+  while (QQuickItem* inner = item->scopedFocusItem()) item = inner;
+  for (; item != nullptr; item = item->parentItem()) {
+    event.accept();
+    QCoreApplication::sendEvent(item, &event);
+    if (event.isAccepted()) return true;
   }
-  QCoreApplication::sendEvent(window_, &event);
-  return true;
+  return false;
 }
 
 bool PopupController::eventFilter(QObject* watched, QEvent* event) {
@@ -112,6 +123,9 @@ bool PopupController::eventFilter(QObject* watched, QEvent* event) {
       // Keys belong to the popup alone: no shortcut of the window below may take one.
       event->accept();
       return true;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return window_->activeFocusItem() == nullptr && deliverKey(*event);
     case QEvent::Hide:
       retry_.stop();
       return false;

@@ -59,7 +59,7 @@ class PopupController : public QObject {
   void watchOwner();
   /// What happens to the window below while the popup is open; true for what is the popup's own.
   bool ownerEvent(QEvent& event);
-  bool passOn(QEvent& event);
+  bool deliverKey(QEvent& event);
 
   QPointer<QQuickWindow> window_;
   QPointer<QQuickItem> anchor_;
