@@ -88,6 +88,9 @@ bool PopupController::ownerEvent(QEvent& event) {
       if (!takesInput_) return false;
       QCoreApplication::sendEvent(window_, &event);
       return true;
+    case QEvent::MouseMove:
+      Q_EMIT pointerMovedOutside(static_cast<QMouseEvent&>(event).globalPosition());
+      return false;
     case QEvent::FocusOut:
       if (QGuiApplication::focusWindow() != window_) Q_EMIT dismissed();
       return false;

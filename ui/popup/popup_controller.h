@@ -46,7 +46,7 @@ class PopupController : public QObject {
   void windowChanged();
   void anchorChanged();
   void dismissed();
-  /// The pointer is elsewhere on the screen, while the window holds the mouse.
+  /// The pointer is elsewhere on the screen; on Wayland told for the window below alone.
   void pointerMovedOutside(QPointF place);
 
  protected:
