@@ -38,6 +38,7 @@ list(APPEND ORVANE_UI_QML
   popup/ToolTipWindow.qml
   style/Divider.qml
   style/HoverEffect.qml
+  style/OnScreen.qml
   style/ProcessingMotion.qml
   style/Spring.qml)
 

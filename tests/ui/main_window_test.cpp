@@ -275,6 +275,11 @@ TEST_F(MainWindowTest, UsageArcSpringsToANewFigure) {
   sample();
   EXPECT_TRUE(QTest::qWaitFor([&] { return steps > 0 && arc->to() == 0.875; }, 5000))
       << steps << " steps, now " << arc->to();
+
+  window_->hide();
+  setMemory(4096, 6144, 3072, 3072, 0);
+  sample();
+  EXPECT_DOUBLE_EQ(arc->to(), 0.5625) << "moves though nobody sees it";
 }
 
 }  // namespace

@@ -12,6 +12,12 @@ Item {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("Checking")
 
+    OnScreen {
+        id: onScreen
+
+        item: root
+    }
+
     SmoothRectangle {
         anchors.fill: parent
         radius: 3
@@ -27,7 +33,7 @@ Item {
         gradientColors: [Theme.blue, Theme.purple]
 
         SequentialAnimation on x {
-            running: root.running && root.Window.visibility !== Window.Hidden
+            running: root.running && onScreen.holds
             loops: Animation.Infinite
 
             NumberAnimation {

@@ -25,11 +25,17 @@ Item {
         dark: Theme.dark
     }
 
+    OnScreen {
+        id: onScreen
+
+        item: root
+    }
+
     ProcessingMotion {
         id: motion
 
         active: root.processing
-        visible: root.visible && root.Window.visibility !== Window.Hidden && root.Window.visibility !== Window.Minimized
+        visible: onScreen.holds
         turnDuration: 1500
         pulseDuration: 1000
     }
@@ -64,6 +70,8 @@ Item {
         startRotation: -90
 
         Behavior on to {
+            enabled: onScreen.holds
+
             Spring {
                 response: 0.6
                 dampingFraction: 0.7

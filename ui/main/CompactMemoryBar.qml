@@ -20,6 +20,12 @@ Item {
     Accessible.role: Accessible.StaticText
     Accessible.name: label + " " + sizeText + (showsPercentage ? " " + shareText : "")
 
+    OnScreen {
+        id: onScreen
+
+        item: root
+    }
+
     Rectangle {
         x: 8
         anchors.verticalCenter: title.verticalCenter
@@ -75,7 +81,7 @@ Item {
         fillColor: root.barColor
 
         Behavior on share {
-            enabled: root.animated
+            enabled: root.animated && onScreen.holds
 
             Spring {
                 response: 0.5

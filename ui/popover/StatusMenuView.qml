@@ -22,11 +22,17 @@ FocusScope {
     Accessible.name: qsTr("Orvane")
     Keys.onEscapePressed: closeRequested()
 
+    OnScreen {
+        id: onScreen
+
+        item: root
+    }
+
     ProcessingMotion {
         id: boost
 
         active: root.model.isProcessing
-        visible: root.Window.visibility !== Window.Hidden
+        visible: onScreen.holds
         turnDuration: 1000
         pulseDuration: 500
     }
