@@ -1,6 +1,7 @@
 #include "platform/linux/linux_preferences.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
 #include <map>
@@ -13,14 +14,23 @@ QString keyText(std::string_view key) {
   return QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
 }
 
+/// Reading a pipe or a device may never end.
+bool isFileOrMissing(const QString& path) {
+  const QFileInfo info(path);
+  return info.isFile() || !info.exists();
+}
+
 }  // namespace
 
 class LinuxPreferences::File {
  public:
-  explicit File(const QString& path) : path_(path), settings_(path, QSettings::IniFormat) {
+  explicit File(const QString& path)
+      : path_(path),
+        isReadable_(isFileOrMissing(path)),
+        settings_(isReadable_ ? path : QStringLiteral("/dev/null"), QSettings::IniFormat) {
     settings_.setAtomicSyncRequired(true);
     settings_.allKeys();  // nothing is parsed, and no error found, before it is asked for
-    isValid_ = settings_.status() == QSettings::NoError && !hasNulBytes();
+    isValid_ = isReadable_ && settings_.status() == QSettings::NoError && !hasNulBytes();
   }
 
   /// The text stored under `key`; none also for lists and other forms a hand may have written.
@@ -48,12 +58,14 @@ class LinuxPreferences::File {
   }
 
   [[nodiscard]] bool keepCopy() const {
+    if (!isReadable_) return false;
     const QString copy = path_ + QStringLiteral(".corrupt");
     QFile::remove(copy);
     return QFile::copy(path_, copy);
   }
 
   QString path_;
+  bool isReadable_;  ///< else `settings_` stays empty
   QSettings settings_;
   std::map<QString, QString> unsaved_;  ///< changes that must not reach the file yet
   bool isValid_ = true;
