@@ -53,6 +53,18 @@ def find(process, name, role=None, showing=True):
     return None
 
 
+def of_role(process, role):
+    """(object, name) of all objects of a role; what goes away meanwhile is left out."""
+    found = []
+    for node in everything(process):
+        try:
+            if node.get_role_name() == role:
+                found.append((node, node.get_name()))
+        except GLib.Error:
+            continue
+    return found
+
+
 def names(process):
     """What is on screen, as (role, name) pairs; for messages."""
     return [(node.get_role_name(), node.get_name()) for node in everything(process)]
