@@ -12,7 +12,8 @@ PlainButton {
     // Whole points, so that its edges are sharp.
     implicitWidth: Math.ceil(label.implicitWidth) + 28
     implicitHeight: label.implicitHeight + 16
-    focusRadius: 8
+    focusRadius: 11
+    focusInset: -3  // outside, where the ring differs from any fill
 
     SmoothRectangle {
         anchors.fill: parent
