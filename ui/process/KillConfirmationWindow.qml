@@ -44,6 +44,12 @@ Window {
             if (!root.owner.visible)
                 root.dismissed();
         }
+
+        // It can do nothing with the keys that it gets when it is clicked or another window goes.
+        function onActiveChanged() {
+            if (root.owner.active)
+                root.requestActivate();
+        }
     }
 
     SmoothRectangle {
