@@ -25,6 +25,10 @@ class Processes(WindowCase):
         return [node for node in self.seen.everything(self.orvane.pid)
                 if node.get_role_name() == "list item" and node.get_name().startswith(name)]
 
+    def has_state(self, window, state):
+        node = self.seen.find(self.orvane.pid, window, role="frame")
+        return node and self.seen.has_state(node, state)
+
     def selected(self):
         return [index for index, row in enumerate(self.rows())
                 if self.seen.has_state(row, "selected")]
@@ -46,6 +50,8 @@ class Processes(WindowCase):
         self.pointer.key("Return")
         self.wait_for_control("Kill")
         self.picture("question")
+        self.click("Overview")  # the window below gives the keyboard back
+        self.wait_for("keyboard in the question", 3, lambda: self.has_state("Kill Process?", "active"))
         self.pointer.key("Return")  # on Cancel, for safety
         self.wait_until_gone("Kill")
         self.assertEqual([terminal.poll() for terminal in self.terminals], [None, None])
