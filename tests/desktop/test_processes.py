@@ -4,8 +4,9 @@ import unittest
 
 from window_case import WindowCase
 
-# With enough lines to scroll back to that it uses more than the list's 10 MB.
-TERMINAL = ["xterm", "-sl", "20000", "-e", "sh", "-c", "seq 20000; exec sleep 600"]
+# With enough lines to scroll back to that it is high up in the list.
+TERMINAL = ["xterm", "-geometry", "40x10+0+600", "-sl", "60000", "-e", "sh", "-c",
+            "seq 60000; exec sleep 600"]
 
 
 class Processes(WindowCase):
@@ -16,14 +17,13 @@ class Processes(WindowCase):
             self.addCleanup(terminal.kill)
         super().setUp()
         self.press("Processes")
-        self.wait_for("terminals in the list", 15, lambda: len(self.rows("XTerm")) == 2)
-        self.click("Top Memory Consumers")  # their windows may have taken the focus
-        self.wait_for("focus", 5, self.has_focus)
+        self.wait_for("terminals in the list", 30, lambda: len(self.rows("XTerm")) == 2)
+        self.focus_window()  # theirs may have come later
 
     def rows(self, name=""):
         """The list's rows of an application, from the top."""
-        return [node for node in self.seen.everything(self.orvane.pid)
-                if node.get_role_name() == "list item" and node.get_name().startswith(name)]
+        return [row for row, called in self.seen.of_role(self.orvane.pid, "list item")
+                if called.startswith(name)]
 
     def has_state(self, window, state):
         node = self.seen.find(self.orvane.pid, window, role="frame")
