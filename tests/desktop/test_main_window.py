@@ -26,7 +26,7 @@ class MainWindow(WindowCase):
 
         self.pointer.key("Control_L", "w")
         self.wait_until_gone(self.TAB)
-        self.assertNotIn("Orvane", self.client_windows())
+        self.wait_for("end of the taskbar entry", 3, lambda: "Orvane" not in self.client_windows())
         self.assertIn("mainWindowVisible=false", self.orvane.preferences())
 
         self.show_from_popover()

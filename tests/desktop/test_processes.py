@@ -102,8 +102,10 @@ class Processes(WindowCase):
         self.wait_for_control("Reveal")
         self.picture("details")
         self.click("Reveal")
-        self.wait_for("the program's folder", 10, lambda: any(
-            title.startswith("bin") for title in self.client_windows()))
+        # Its folder alone would be what comes when the file manager doesn't answer.
+        self.wait_for("selected program", 10, lambda: any(
+            text.startswith('"xterm"') for _, text in self.seen.of_role(manager.pid, "status bar")))
+        self.wait_until_gone("Reveal")
         self.picture("file-manager")
 
 

@@ -303,6 +303,10 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return details->height() > height; }));
   click(item("reveal", details));
   EXPECT_EQ(revealed_, "/usr/bin/a1");
+  EXPECT_TRUE(QTest::qWaitFor([] { return openWindow() == nullptr; })) << "the file manager's turn";
+  click(find(row(1), QStringLiteral("info")));
+  details = openWindow();
+  ASSERT_NE(details, nullptr);
   fakes_.applications.paths.clear();
   fakes_.applications.setResident(1, 900 * megabyte, 0);
   fakes_.time.advance(samplingInterval);

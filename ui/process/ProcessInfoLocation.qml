@@ -8,6 +8,8 @@ ProcessInfoSection {
     required property var record  ///< a ProcessRecord
     required property MainWindowActions actions
 
+    signal revealed
+
     contentSpacing: 8
 
     Item {
@@ -33,7 +35,10 @@ ProcessInfoSection {
             name: qsTr("Reveal")
             toolTip: qsTr("Show in Finder")
             focusInset: -3
-            onClicked: root.actions.revealExecutable(root.record)
+            onClicked: {
+                root.actions.revealExecutable(root.record);
+                root.revealed();
+            }
 
             Row {
                 id: label

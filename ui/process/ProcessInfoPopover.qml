@@ -16,6 +16,8 @@ FocusScope {
     property real minimum: 0
     property real average: 0
 
+    signal revealed  ///< the executable, in the file manager
+
     function readHistory() {
         history = model.processHistory(record.pid);
         peak = model.processPeak(record.pid);
@@ -130,6 +132,7 @@ FocusScope {
             visible: root.record.path !== ""
             record: root.record
             actions: root.actions
+            onRevealed: root.revealed()
         }
     }
 }

@@ -136,6 +136,8 @@ Item {
             model: root.memoryModel
             actions: root.actions
             record: root.record
+            // It would lie above the file manager and keep the keyboard from it.
+            onRevealed: Qt.callLater(details.close)
         }
     }
 }
