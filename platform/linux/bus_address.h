@@ -26,7 +26,8 @@ struct BusAddress {
 
 /// True when the bus at `address` answers a client's greeting within `timeout`; also
 /// for transports other than unix sockets, which aren't tried. False as soon as `cancelDescriptor`
-/// becomes readable. Blocks; background threads only.
+/// becomes readable (-1: nothing cancels). Blocks, on the main thread for a fraction of a second at
+/// most.
 [[nodiscard]] bool busAnswers(const BusAddress& address, int cancelDescriptor,
                               std::chrono::milliseconds timeout);
 
