@@ -10,12 +10,12 @@ namespace orvane {
 namespace {
 
 struct InProcessSubject {
-  explicit InProcessSubject(MainQueue& queue) : centre(queue) {}
-  InProcessNotificationCentre centre;
+  fakes::VirtualTime time;
+  InProcessNotificationCentre centre{time};
 };
 
 struct FakeSubject {
-  explicit FakeSubject(MainQueue& /*queue*/) {}
+  fakes::VirtualTime time;
   fakes::FakeNotificationCentre centre;
 };
 
@@ -23,11 +23,10 @@ template <typename Subject>
 class NotificationCentreContract : public testing::Test {
  protected:
   NotificationCentre& centre() { return subject_.centre; }
-  void runPending() { time_.runPending(); }
+  void runPending() { subject_.time.runPending(); }
 
  private:
-  fakes::VirtualTime time_;
-  Subject subject_{time_};
+  Subject subject_;
 };
 
 using Subjects = testing::Types<InProcessSubject, FakeSubject>;

@@ -7,9 +7,7 @@
 #include "tests/fakes/fake_notification_centre.h"
 #include "tests/fakes/fake_preferences.h"
 #include "tests/fakes/fake_random_source.h"
-#include "tests/fakes/recording_notification_service.h"
-#include "tests/fakes/recording_output.h"
-#include "tests/fakes/recording_process_signals.h"
+#include "tests/fakes/recording_services.h"
 #include "tests/fakes/virtual_time.h"
 
 namespace orvane::fakes {

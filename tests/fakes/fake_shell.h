@@ -37,9 +37,8 @@ class FakeWindows : public WindowFactory {
     return std::make_unique<FakePopover>(*this);
   }
   std::unique_ptr<MainWindow> makeMainWindow(const std::shared_ptr<MemoryManager>& /*manager*/,
-                                             MainWindowClosures newClosures,
+                                             MainWindowClosures /*closures*/,
                                              MainWindowDelegate delegate) override {
-    mainWindowClosures = std::move(newClosures);
     journal_.emplace_back("make window");
     mainWindowDelegate = std::move(delegate);
     auto window = std::make_unique<FakeMainWindow>(journal_);
@@ -53,7 +52,6 @@ class FakeWindows : public WindowFactory {
     return std::make_unique<FakeUpdateWindow>(journal_);
   }
 
-  MainWindowClosures mainWindowClosures;
   UpdateClosures updateClosures;
   bool popoverShown = false;
   std::optional<PopoverClosures> closures;

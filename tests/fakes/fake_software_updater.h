@@ -11,13 +11,9 @@ namespace orvane::fakes {
 class FakeSoftwareUpdater : public SoftwareUpdater {
  public:
   void checkForUpdates(std::function<void(const UpdateResult&)> handler) override {
-    ++checkCount;
     handler_ = std::move(handler);
   }
-  void cancel() override {
-    ++cancelCount;
-    handler_ = nullptr;
-  }
+  void cancel() override { handler_ = nullptr; }
 
   /// Ends the running check; false when there is none.
   bool answer(const UpdateResult& result) {
@@ -25,9 +21,6 @@ class FakeSoftwareUpdater : public SoftwareUpdater {
     std::exchange(handler_, nullptr)(result);
     return true;
   }
-
-  int checkCount = 0;
-  int cancelCount = 0;
 
  private:
   std::function<void(const UpdateResult&)> handler_;

@@ -16,7 +16,6 @@ class FakeStatusBar : public StatusBar {
   struct State {
     std::string title;
     std::vector<IconPixmap> icon;
-    std::string toolTipTitle;
     std::string toolTipText;
     std::function<void(ScreenPoint)> action;
     std::vector<StatusMenuEntry> menu;
@@ -42,8 +41,7 @@ class FakeStatusBar : public StatusBar {
       state_->icon = std::move(icon);
       ++state_->iconCount;
     }
-    void setToolTip(const std::string& title, const std::string& text) override {
-      state_->toolTipTitle = title;
+    void setToolTip(const std::string& /*title*/, const std::string& text) override {
       state_->toolTipText = text;
     }
     void setAction(std::function<void(ScreenPoint)> action) override {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <map>
 #include <memory>
 #include <utility>
@@ -21,12 +20,10 @@ class VirtualTime : public Clock, public MainQueue, public TimerService, public 
   void async(Block block) override { schedule(now_, std::move(block)); }
 
   void after(Duration delay, Block block) override {
-    delays_.push_back(delay);
     schedule(now_ + asTicks(delay), std::move(block));
   }
 
   [[nodiscard]] std::unique_ptr<RepeatingTimer> repeat(Duration interval, Block block) override {
-    timerIntervals_.push_back(interval);
     auto timer = std::make_unique<Timer>();
     arm(timer->alive, interval, std::make_shared<Block>(std::move(block)));
     return timer;
@@ -54,10 +51,7 @@ class VirtualTime : public Clock, public MainQueue, public TimerService, public 
     now_ = std::max(now_, end);
   }
 
-  [[nodiscard]] std::size_t pendingCount() const { return due_.size(); }
-  [[nodiscard]] const std::vector<Duration>& delays() const { return delays_; }
   [[nodiscard]] const std::vector<Duration>& sleeps() const { return sleeps_; }
-  [[nodiscard]] const std::vector<Duration>& timerIntervals() const { return timerIntervals_; }
 
  private:
   struct Timer : RepeatingTimer {
@@ -81,9 +75,7 @@ class VirtualTime : public Clock, public MainQueue, public TimerService, public 
 
   Date now_ = Date{std::chrono::seconds{1'700'000'000}};
   std::multimap<Date, Block> due_;
-  std::vector<Duration> delays_;
   std::vector<Duration> sleeps_;
-  std::vector<Duration> timerIntervals_;
 };
 
 }  // namespace orvane::fakes

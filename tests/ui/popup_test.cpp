@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QPainterPath>
-
-#include "ui/painted/smooth_path.h"
 #include "ui/popup/popup_placement.h"
 
 namespace orvane {
@@ -45,33 +42,6 @@ TEST(MenuChoice, SkipsWhatCantBeChosenAndGoesRound) {
   EXPECT_EQ(nextChoice(menu, 0, -1), 4);
   EXPECT_EQ(nextChoice({false, false}, -1, 1), -1);
   EXPECT_EQ(nextChoice({}, -1, 1), -1);
-}
-
-TEST(SmoothRectangle, CornersAreRoundAndSidesReachTheEdge) {
-  const QRectF rect(10, 20, 100, 60);
-  for (const double radius : {3.0, 12.0, 30.0, 500.0}) {
-    const QPainterPath path = smoothRectanglePath(rect, radius);
-    SCOPED_TRACE(radius);
-    EXPECT_NEAR(path.boundingRect().left(), rect.left(), 1e-6);
-    EXPECT_NEAR(path.boundingRect().right(), rect.right(), 1e-6);
-    EXPECT_NEAR(path.boundingRect().bottom(), rect.bottom(), 1e-6);
-    for (const QPointF corner :
-         {rect.topLeft(), rect.topRight(), rect.bottomLeft(), rect.bottomRight()}) {
-      const QPointF inward = (rect.center() - corner) / 50;
-      EXPECT_FALSE(path.contains(corner + 0.05 * inward));
-    }
-    EXPECT_TRUE(path.contains(rect.center()));
-  }
-  // A circle's corner of radius 20 leaves out 86 square points in all, a smooth one a little more.
-  double area = 0;
-  const QPolygonF outline = smoothRectanglePath(rect, 20).toFillPolygon();
-  for (int i = 0; i + 1 < outline.size(); ++i) {
-    area += (outline[i].x() * outline[i + 1].y() - outline[i + 1].x() * outline[i].y()) / 2;
-  }
-  const double left = 6000 - std::abs(area);
-  EXPECT_GT(left, 335);
-  EXPECT_LT(left, 480);
-  EXPECT_EQ(smoothRectanglePath(rect, 0).boundingRect(), rect);
 }
 
 }  // namespace

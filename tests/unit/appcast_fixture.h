@@ -1,15 +1,14 @@
 #pragma once
 
 #include <QtCore/QByteArray>
-#include <QtCore/QFile>
-#include <QtCore/QString>
+
+#include "tests/unit/test_files.h"
 
 namespace orvane {
 
 /// The bytes of a file in tests/data/appcasts; empty when there is none of that name.
-inline QByteArray appcastFixture(const QString& name) {
-  QFile file(QStringLiteral(ORVANE_TEST_DATA "/appcasts/") + name);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+inline QByteArray appcastFixture(const std::string& name) {
+  return QByteArray::fromStdString(testData("appcasts/" + name));
 }
 
 }  // namespace orvane

@@ -1,12 +1,12 @@
 #include "platform/linux/desktop_entries.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+
+#include "tests/unit/test_files.h"
 
 namespace orvane {
 namespace {
@@ -15,9 +15,6 @@ namespace fs = std::filesystem;
 
 class DesktopEntriesTest : public testing::Test {
  protected:
-  DesktopEntriesTest() { fs::create_directories(own_); }
-  ~DesktopEntriesTest() override { fs::remove_all(own_); }
-
   void SetUp() override { EXPECT_TRUE(entries_.refresh()); }
 
   static std::string idOf(const DesktopEntries::Entry& entry) { return entry ? entry->id : ""; }
@@ -28,8 +25,8 @@ class DesktopEntriesTest : public testing::Test {
     return idOf(entries_.byCommand(command, arguments));
   }
 
-  fs::path own_ = fs::temp_directory_path() / ("orvane-entries-" + std::to_string(::getpid()));
-  DesktopEntries entries_{{own_.string(), ORVANE_TEST_DATA "/applications/entries", "/nowhere"}};
+  TestDirectory own_;
+  DesktopEntries entries_{{own_.path(), ORVANE_TEST_DATA "/applications/entries", "/nowhere"}};
 };
 
 TEST_F(DesktopEntriesTest, FindsByIdAndFile) {
@@ -81,9 +78,9 @@ TEST_F(DesktopEntriesTest, NamesAreInTheUsersLanguage) {
 TEST_F(DesktopEntriesTest, ReadsAgainWhenAFolderChanged) {
   EXPECT_FALSE(entries_.refresh());
   const auto before = entries_.byId("cat");
-  std::ofstream(own_ / "cat.desktop") << "[Desktop Entry]\nType=Application\nHidden=true\n"
-                                         "Name=Cat\nExec=cat\n";
-  std::ofstream(own_ / "new.desktop") << "[Desktop Entry]\nType=Application\nName=New\nExec=ls\n";
+  const std::string application = "[Desktop Entry]\nType=Application\n";
+  own_.write("cat.desktop", application + "Hidden=true\nName=Cat\nExec=cat\n");
+  own_.write("new.desktop", application + "Name=New\nExec=ls\n");
   EXPECT_TRUE(entries_.refresh());
   EXPECT_FALSE(entries_.refresh());
   EXPECT_TRUE(entries_.byId("new"));

@@ -1,10 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusContext>
 #include <filesystem>
 #include <fstream>
@@ -12,7 +8,7 @@
 #include "platform/linux/linux_desktop_opener.h"
 #include "platform/linux/linux_memory_claims.h"
 #include "platform/linux/session_bus.h"
-#include "tests/unit/event_wait.h"
+#include "tests/unit/test_bus.h"
 
 namespace orvane {
 namespace {
@@ -37,29 +33,26 @@ class FileManager : public QObject, protected QDBusContext {
 /// An empty desktop whose xdg-open writes down what it is called with.
 class DesktopOpener : public ::testing::Test {
  protected:
-  DesktopOpener() : path_(qgetenv("PATH")) {
+  DesktopOpener() {
     std::ofstream(file("xdg-open"))
         << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" \"$(cat /proc/self/oom_score_adj)\" > "
         << file("part") << "\nmv " << file("part") << ' ' << file("opened") << "\necho noise\n";
     std::filesystem::permissions(file("xdg-open"), std::filesystem::perms::owner_all);
-    qputenv("PATH", directory_.path().toUtf8() + ":" + path_);
   }
-  ~DesktopOpener() override { qputenv("PATH", path_); }
 
-  [[nodiscard]] std::string file(const std::string& name) const {
-    return directory_.path().toStdString() + "/" + name;
-  }
+  [[nodiscard]] std::string file(const std::string& name) const { return directory_.path(name); }
 
   std::string opened() {
-    waitUntil([&] { return std::filesystem::exists(file("opened")); });
+    EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(file("opened")); }));
     std::string line;
     std::getline(std::ifstream(file("opened")), line);
     std::filesystem::remove(file("opened"));
     return line;
   }
 
-  QTemporaryDir directory_;
-  QByteArray path_;
+  TestDirectory directory_;
+  ScopedEnvironment path_{"PATH",
+                          directory_.path() + ":" + qEnvironmentVariable("PATH").toStdString()};
 };
 
 TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
@@ -85,49 +78,31 @@ TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
 
 TEST_F(DesktopOpener, RevealsThroughTheFileManagerElseOpensTheFolder) {
   EXPECT_EQ(fileAddress("/a b/#1?%/\xff\xc3\xa9~"), "file:///a%20b/%231%3F%25/%FF%C3%A9~");
-
-  QProcess daemon;
-  daemon.start(
-      QStringLiteral("dbus-daemon"),
-      {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-  ASSERT_TRUE(daemon.waitForReadyRead()) << "needs dbus-daemon";
-  const QByteArray address = daemon.readLine().trimmed();
-  const QByteArray sessionAddress = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-  qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+  const TestBus daemon;
+  const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", daemon.address());
   FileManager manager;
-  QDBusConnection provider =
-      QDBusConnection::connectToBus(QString::fromUtf8(address), QStringLiteral("manager"));
-  provider.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &manager,
-                          QDBusConnection::ExportAllSlots);
-  provider.registerService(QStringLiteral("org.freedesktop.FileManager1"));
-
+  const BusService provider(daemon, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                            manager);
   SessionBus bus;
   LinuxDesktopOpener opener(bus);
   const std::string program = file("a program");
-  const std::string folder = "file://" + directory_.path().toStdString();
+  const std::string folder = "file://" + directory_.path();
   std::ofstream(program) << "x";
   opener.revealFile(program);
-  EXPECT_TRUE(opened().starts_with(folder + "|")) << "no bus yet";
+  EXPECT_TRUE(opened().starts_with(folder)) << "no bus yet";
 
   bus.start();
   ASSERT_TRUE(waitUntil([&] { return bus.isConnected(); }));
   opener.revealFile(program);
   ASSERT_TRUE(waitUntil([&] { return !manager.shown.isEmpty(); }));
   EXPECT_EQ(manager.shown.join(u'|').toStdString(), folder + "/a%20program|");
-
   manager.fails = true;
   opener.revealFile(program);
-  EXPECT_TRUE(opened().starts_with(folder + "|")) << "the file manager fails";
-
+  EXPECT_TRUE(opened().starts_with(folder)) << "the file manager fails";
   opener.revealFile(file("missing/program"));
   opener.revealFile("relative");
   opener.revealFile(file("missing"));
-  EXPECT_TRUE(opened().starts_with(folder + "|")) << "only the folder that exists";
-
-  QDBusConnection::disconnectFromBus(QStringLiteral("manager"));
-  qputenv("DBUS_SESSION_BUS_ADDRESS", sessionAddress);
-  daemon.kill();
-  daemon.waitForFinished();
+  EXPECT_TRUE(opened().starts_with(folder)) << "only the folder that exists";
 }
 
 }  // namespace

@@ -6,13 +6,11 @@
 #include <filesystem>
 #include <future>
 #include <iterator>
-#include <set>
 #include <thread>
 #include <vector>
 
 #include "platform/linux/linux_background_queue.h"
 #include "platform/linux/linux_dispatch.h"
-#include "platform/linux/linux_random_source.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {
@@ -22,22 +20,17 @@ TEST(MainQueue, takesBlocksOfManyThreadsAndRunsThemOnItsOwn) {
   LinuxMainQueue queue;
   const auto mainThread = std::this_thread::get_id();
   int ran = 0;
-  bool onMainThread = true;
   std::vector<std::thread> threads;
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([&] {
-      const auto count = [&] {
-        ++ran;
-        onMainThread = onMainThread && std::this_thread::get_id() == mainThread;
-      };
+      const auto count = [&] { ran += std::this_thread::get_id() == mainThread ? 1 : 1000; };
       for (int j = 0; j < 100; ++j) queue.async(count);
       queue.after(Duration{0.001}, count);
     });
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(ran, 0);
-  EXPECT_TRUE(waitUntil([&] { return ran == 404; }));
-  EXPECT_TRUE(onMainThread);
+  EXPECT_TRUE(waitUntil([&] { return ran == 404; })) << ran;
 }
 
 TEST(MainQueue, itsEndDropsWhatIsPending) {
@@ -98,29 +91,6 @@ TEST(BackgroundQueue, itsEndWakesSleepersWaitsForThemAndDropsTheRest) {
   EXPECT_EQ(finished, 2);
   EXPECT_EQ(dropped, 0);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(1));
-}
-
-TEST(BackgroundQueue, sleepsAsLongAsAsked) {
-  LinuxBackgroundQueue queue;
-  const auto start = std::chrono::steady_clock::now();
-  queue.sleep(Duration{0.02});
-  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(20));
-}
-
-TEST(RandomSource, drawsDistinctNumbersWithEveryBitInUse) {
-  LinuxRandomSource source;
-  std::set<std::uint64_t> numbers;
-  std::uint64_t everySet = 0;
-  std::uint64_t everyClear = 0;
-  for (int i = 0; i < 2000; ++i) {
-    const std::uint64_t number = source.next();
-    numbers.insert(number);
-    everySet |= number;
-    everyClear |= ~number;
-  }
-  EXPECT_EQ(numbers.size(), 2000U);
-  EXPECT_EQ(everySet, ~std::uint64_t{0});
-  EXPECT_EQ(everyClear, ~std::uint64_t{0});
 }
 
 }  // namespace

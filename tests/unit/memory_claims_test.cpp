@@ -37,20 +37,17 @@ class MemoryClaimsTest : public testing::Test {
                              .oomScoreAdjustment = directory_.path("oom_score_adj")}};
 };
 
-TEST_F(MemoryClaimsTest, neverMoreThanIsAvailable) {
+TEST_F(MemoryClaimsTest, neverMoreThanIsAvailableAndItsControlGroupAllows) {
   EXPECT_TRUE(claims_.claim(8 * wordsPerMebibyte));
   EXPECT_FALSE(claims_.claim(8 * wordsPerMebibyte + 1));
   EXPECT_FALSE(claims_.claim(0));
   EXPECT_FALSE(claims_.claim(~std::size_t{0}));
-  directory_.write("meminfo", "garbage");
-  EXPECT_FALSE(claims_.claim(1));
-}
-
-TEST_F(MemoryClaimsTest, neverMoreThanItsControlGroupAllows) {
   directory_.write("cgroups/memory.max", "5242880\n");
   directory_.write("cgroups/memory.current", "1048576\n");
   EXPECT_TRUE(claims_.claim(4 * wordsPerMebibyte));
   EXPECT_FALSE(claims_.claim(4 * wordsPerMebibyte + 1));
+  directory_.write("meminfo", "garbage");
+  EXPECT_FALSE(claims_.claim(1));
 }
 
 TEST_F(MemoryClaimsTest, nullWithoutAddressSpace) {

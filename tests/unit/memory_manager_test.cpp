@@ -18,18 +18,11 @@ class Manager : public testing::Test {
   std::shared_ptr<MemoryManager> manager_;
 };
 
-TEST_F(Manager, HoldsASampleAndOnePointRightAfterConstruction) {
+TEST_F(Manager, SamplesAtOnceAndEveryFiveSeconds) {
   start();
-  ASSERT_TRUE(manager_->currentStats());
   EXPECT_FALSE(manager_->previousStats());
   EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 1U);
-  EXPECT_TRUE(manager_->topProcesses().empty());
   EXPECT_EQ(fakes_.applications.collectionCount, 0);
-  EXPECT_EQ(fakes_.time.timerIntervals(), (std::vector<Duration>{5s}));
-}
-
-TEST_F(Manager, SamplesEveryFiveSeconds) {
-  start();
   const MemoryStats first = *manager_->currentStats();
   fakes_.time.advance(4999ms);
   EXPECT_EQ(fakes_.counters.readCount, 1);
@@ -56,28 +49,20 @@ TEST_F(Manager, LosesAndRegainsTheSampleWithTheCounters) {
   EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 2U);
 }
 
-TEST_F(Manager, LoadsTheStoredSortModeWithoutWriting) {
+TEST_F(Manager, LoadsTheStoredSortModeAndStoresEachAssignment) {
   const std::pair<const char*, ProcessSortMode> cases[] = {{"peak", ProcessSortMode::peak},
                                                            {"average", ProcessSortMode::average},
-                                                           {"nonsense", ProcessSortMode::current}};
+                                                           {"Peak", ProcessSortMode::current}};
   for (const auto& [text, mode] : cases) {
     fakes_.preferences.texts["processSortMode"] = text;
     start();
     EXPECT_EQ(manager_->processSortMode(), mode) << text;
   }
-  fakes_.preferences.texts.clear();
-  start();
-  EXPECT_EQ(manager_->processSortMode(), ProcessSortMode::current);
-  EXPECT_TRUE(fakes_.preferences.writes.empty());
-}
-
-TEST_F(Manager, StoresTheSortModeAndRebuildsTheListAtEveryAssignment) {
-  start();
-  manager_->setProcessSortMode(ProcessSortMode::average);
-  manager_->setProcessSortMode(ProcessSortMode::average);
+  EXPECT_TRUE(fakes_.preferences.writes.empty()) << "loading writes nothing";
+  for (int i = 0; i < 2; ++i) manager_->setProcessSortMode(ProcessSortMode::average);
   EXPECT_EQ(fakes_.preferences.writes,
             (std::vector<std::string>{"processSortMode=average", "processSortMode=average"}));
-  EXPECT_EQ(fakes_.applications.collectionCount, 2);
+  EXPECT_EQ(fakes_.applications.collectionCount, 2) << "each rebuilds the list";
 }
 
 TEST_F(Manager, FreezesTheListWhileAProcessIsSelected) {
@@ -126,34 +111,6 @@ TEST_F(Manager, EndsQuietlyWithBlocksPending) {
     EXPECT_EQ(fakes_.counters.readCount, reads);
     EXPECT_EQ(fakes_.claims.claimedWords.size(), boosted ? 1U : 0U);
   }
-}
-
-// The overridable operations, overridden: each of the others goes through the override.
-class CountingManager : public MemoryManager {
- public:
-  using MemoryManager::MemoryManager;
-  void updateMemoryStats() override {
-    ++updates;
-    MemoryManager::updateMemoryStats();
-  }
-  void checkMemoryPressure() override { ++checks; }
-  void updateTopProcesses() override { ++collections; }
-  void scheduleBoostCheck(const MemoryStats&, int, int) override { ++boostChecks; }
-  int updates = 0;
-  int checks = 0;
-  int collections = 0;
-  int boostChecks = 0;
-};
-
-TEST_F(Manager, GoesThroughOverriddenOperations) {
-  const auto manager = MemoryManager::create<CountingManager>(fakes_.services());
-  EXPECT_EQ(manager->updates, 1);
-  manager->boostMemory();
-  fakes_.time.runPending();
-  tick();
-  EXPECT_EQ(manager->checks, 1);
-  EXPECT_EQ(manager->collections, 1);
-  EXPECT_EQ(manager->boostChecks, 1);
 }
 
 }  // namespace

@@ -8,42 +8,29 @@ namespace {
 const QRect whole(0, 0, 1280, 800);
 constexpr QSize popoverSize(300, 220);
 
-struct Placement {
-  const char* name;
-  QPoint item;
-  QRect available;
-  QPoint corner;
-};
-
-class PopoverPlacementTest : public testing::TestWithParam<Placement> {};
-
-TEST_P(PopoverPlacementTest, LiesBesideThePanelAndInsideTheScreen) {
-  const auto& [name, item, available, corner] = GetParam();
-  const QRect rectangle = popoverRectangle(item, popoverSize, {whole, available});
-  EXPECT_EQ(rectangle.topLeft().x(), corner.x());
-  EXPECT_EQ(rectangle.topLeft().y(), corner.y());
-  EXPECT_EQ(rectangle.size(), popoverSize);
-  EXPECT_TRUE(available.contains(rectangle));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Panels, PopoverPlacementTest,
-    testing::Values(Placement{"top", {640, 12}, {0, 28, 1280, 772}, {490, 34}},
-                    Placement{"topRightCorner", {1270, 12}, {0, 28, 1280, 772}, {974, 34}},
-                    Placement{"bottom", {640, 790}, {0, 0, 1280, 770}, {490, 544}},
-                    Placement{"bottomLeftCorner", {4, 790}, {0, 0, 1280, 770}, {6, 544}},
-                    Placement{"left", {10, 400}, {40, 0, 1240, 800}, {46, 290}},
-                    Placement{"right", {1275, 700}, {0, 0, 1240, 800}, {934, 574}},
-                    // A panel at the left whose item is nearer to the bottom than to its own edge.
-                    Placement{"leftPanelNearTheBottom", {30, 790}, {40, 0, 1240, 800}, {46, 574}},
-                    // Panels that hide themselves leave no room free.
-                    Placement{"hidingPanelAtTheTop", {640, 10}, whole, {490, 26}},
-                    Placement{"hidingPanelAtTheBottom", {640, 795}, whole, {490, 559}}),
-    [](const auto& placement) { return placement.param.name; });
-
-TEST(PopoverGeometry, ATooLargePopoverBeginsAtTheTop) {
+TEST(PopoverGeometry, LiesBesideThePanelAndInsideTheScreen) {
+  const struct {
+    const char* panel;
+    QPoint item;
+    QRect available;
+    QPoint corner;
+  } cases[] = {{"top", {640, 12}, {0, 28, 1280, 772}, {490, 34}},
+               {"top right corner", {1270, 12}, {0, 28, 1280, 772}, {974, 34}},
+               {"bottom left corner", {4, 790}, {0, 0, 1280, 770}, {6, 544}},
+               {"left", {10, 400}, {40, 0, 1240, 800}, {46, 290}},
+               {"right", {1275, 700}, {0, 0, 1240, 800}, {934, 574}},
+               // Its item is nearer to the bottom than to the panel's own edge.
+               {"left, near the bottom", {30, 790}, {40, 0, 1240, 800}, {46, 574}},
+               // Panels that hide themselves leave no room free.
+               {"hiding, at the top", {640, 10}, whole, {490, 26}},
+               {"hiding, at the bottom", {640, 795}, whole, {490, 559}}};
+  for (const auto& [panel, item, available, corner] : cases) {
+    const QRect rectangle = popoverRectangle(item, popoverSize, {whole, available});
+    EXPECT_EQ(rectangle, QRect(corner, popoverSize)) << panel;
+    EXPECT_TRUE(available.contains(rectangle)) << panel;
+  }
   const ScreenArea small{{0, 0, 320, 200}, {0, 20, 320, 180}};
-  EXPECT_EQ(popoverRectangle({300, 10}, {340, 400}, small).topLeft(), QPoint(6, 26));
+  EXPECT_EQ(popoverRectangle({300, 10}, {340, 400}, small).topLeft(), QPoint(6, 26)) << "too large";
 }
 
 TEST(PopoverGeometry, StaysOnTheScreenOfTheItem) {
@@ -55,39 +42,28 @@ TEST(PopoverGeometry, StaysOnTheScreenOfTheItem) {
   EXPECT_EQ(&screenAt({5000, 5000}, screens), &screens.first());
 }
 
-struct Report {
-  const char* name;
-  std::optional<QPoint> pointer;
-  ScreenPoint reported;
-  QPoint item;
-};
-
-class ItemLocationTest : public testing::TestWithParam<Report> {};
-
-TEST_P(ItemLocationTest, TakesTheMostCredibleSource) {
+TEST(ItemLocation, TakesTheMostCredibleSource) {
   const QList<ScreenArea> screens = {{whole, {0, 28, 1280, 772}}};
-  const auto& [name, pointer, reported, item] = GetParam();
-  EXPECT_EQ(statusItemLocation(pointer, reported, screens), item);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Sources, ItemLocationTest,
-    testing::Values(Report{"thePointerOnThePanel", QPoint(1000, 12), {0, 25}, {1000, 12}},
-                    Report{"aPointerFarAway", QPoint(600, 400), {1100, 14}, {1100, 14}},
-                    Report{"noPointer", std::nullopt, {1100, 14}, {1100, 14}},
-                    Report{"aReportRelativeToTheItem", std::nullopt, {9, 11}, {1279, 0}},
-                    Report{"aReportOffTheScreen", std::nullopt, {4000, 14}, {1279, 0}},
-                    Report{"aReportInTheMiddle", QPoint(600, 400), {640, 400}, {1279, 0}}),
-    [](const auto& placement) { return placement.param.name; });
-
-TEST(ItemLocation, ReportsAreInDevicePixels) {
-  const QList<ScreenArea> screens = {{whole, {0, 28, 1280, 772}, 2.0}};
-  EXPECT_EQ(statusItemLocation(std::nullopt, {2200, 24}, screens), QPoint(1100, 12));
-}
-
-TEST(ItemLocation, TheLastResortIsTheCornerAtThePanel) {
-  const QList<ScreenArea> screens = {{whole, {0, 0, 1280, 770}}};
-  EXPECT_EQ(statusItemLocation(std::nullopt, {}, screens), QPoint(1279, 799));
+  const struct {
+    const char* what;
+    std::optional<QPoint> pointer;
+    ScreenPoint reported;
+    QPoint item;
+  } cases[] = {{"the pointer on the panel", QPoint(1000, 12), {0, 25}, {1000, 12}},
+               {"a pointer far away", QPoint(600, 400), {1100, 14}, {1100, 14}},
+               {"no pointer", std::nullopt, {1100, 14}, {1100, 14}},
+               {"a report relative to the item", std::nullopt, {9, 11}, {1279, 0}},
+               {"a report off the screen", std::nullopt, {4000, 14}, {1279, 0}},
+               {"a report in the middle", QPoint(600, 400), {640, 400}, {1279, 0}}};
+  for (const auto& [what, pointer, reported, item] : cases) {
+    EXPECT_EQ(statusItemLocation(pointer, reported, screens), item) << what;
+  }
+  const QList<ScreenArea> dense = {{whole, {0, 28, 1280, 772}, 2.0}};
+  EXPECT_EQ(statusItemLocation(std::nullopt, {2200, 24}, dense), QPoint(1100, 12))
+      << "reports are in device pixels";
+  const QList<ScreenArea> panelBelow = {{whole, {0, 0, 1280, 770}}};
+  EXPECT_EQ(statusItemLocation(std::nullopt, {}, panelBelow), QPoint(1279, 799))
+      << "the last resort is the corner at the panel";
 }
 
 }  // namespace

@@ -74,23 +74,5 @@ TEST_F(SortModes, RankByTheirOwnFigure) {
   EXPECT_EQ(sortMetric(list[2], ProcessSortMode::average, histories_), 460.0);
 }
 
-TEST_F(SortModes, KeepTheOrderOfEqualFigures) {
-  std::vector<ProcessInfo> list;
-  for (const int pid : {9, 2, 7, 4}) list.push_back(process(pid, 100));
-  for (const auto mode :
-       {ProcessSortMode::current, ProcessSortMode::average, ProcessSortMode::peak}) {
-    EXPECT_EQ(order(list, mode), (std::vector<std::int32_t>{9, 2, 7, 4}));
-  }
-}
-
-TEST_F(SortModes, ReadTheirStoredTexts) {
-  for (const auto mode :
-       {ProcessSortMode::current, ProcessSortMode::average, ProcessSortMode::peak}) {
-    EXPECT_EQ(processSortModeFrom(rawValue(mode)), mode);
-  }
-  EXPECT_EQ(processSortModeFrom("Peak"), std::nullopt);
-  EXPECT_EQ(processSortModeFrom(""), std::nullopt);
-}
-
 }  // namespace
 }  // namespace orvane

@@ -39,15 +39,6 @@ TEST_F(Termination, HitsTheRecordsOwnProcessAndRefreshesLater) {
   EXPECT_TRUE(manager_->topProcesses().empty());
 }
 
-TEST_F(Termination, ShowsASurvivorAgainAndSchedulesEachRefresh) {
-  fakes_.signals.onKill = nullptr;
-  manager_->killProcess(victim_);
-  manager_->killProcess(victim_);
-  fakes_.time.advance(500ms);
-  EXPECT_EQ(manager_->topProcesses().size(), 1U);
-  EXPECT_EQ(fakes_.applications.collectionCount, 3);
-}
-
 TEST_F(Termination, KeepsTheManagerUntilTheRefresh) {
   manager_->killProcess(victim_);
   const std::weak_ptr<MemoryManager> weak = manager_;

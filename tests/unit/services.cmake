@@ -1,5 +1,4 @@
 orvane_add_tests(services_tests unit SOURCES
-  appearance_test.cpp
   bus_address_test.cpp
   cgroup_limits_test.cpp
   dispatch_test.cpp

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/linux/linux_status_bar.h"
+#include "platform/linux/panel_host.h"
 #include "platform/linux/status_notifier_types.h"
 #include "tests/unit/test_bus.h"
 
@@ -95,10 +96,12 @@ class StatusItemTest : public testing::Test {
     item_->setTitle(" 57%");
     item_->setIcon({{.width = 1, .height = 2, .pixels = {0x80112233, 0xff445566}}});
     item_->setToolTip("Orvane", "Memory usage: 57%");
-    item_->setMenu({{.kind = StatusMenuEntry::Kind::toggle,
-                     .label = "Show Window",
-                     .isChecked = [this] { return checked_; },
-                     .activate = [this] { checked_ = !checked_; }}});
+    item_->setMenu(
+        {{.kind = StatusMenuEntry::Kind::toggle,
+          .label = "Show_Window",
+          .isChecked = [this] { return checked_; },
+          .activate = [this] { checked_ = !checked_; }},
+         {.kind = StatusMenuEntry::Kind::divider, .label = {}, .isChecked = {}, .activate = {}}});
   }
 
   std::unique_ptr<FakePanel> startPanel() {
@@ -122,23 +125,25 @@ class StatusItemTest : public testing::Test {
   std::unique_ptr<StatusBarItem> item_;
 };
 
-TEST_F(StatusItemTest, ShowsItsStateToThePanel) {
+TEST_F(StatusItemTest, ShowsItsStateToThePanelAndTellsItOfClicks) {
   const auto panel = startPanel();
   ASSERT_TRUE(hasItems(*panel, 1));
   EXPECT_EQ(panel->property("Id").toString(), QStringLiteral("orvane"));
-  EXPECT_EQ(panel->property("Status").toString(), QStringLiteral("Active"));
   EXPECT_EQ(panel->property("Title").toString(), QStringLiteral("Orvane 57%"));
   EXPECT_EQ(panel->property("XAyatanaLabel").toString(), QStringLiteral(" 57%"));
   EXPECT_FALSE(panel->property("ItemIsMenu").toBool());
-  EXPECT_EQ(panel->property("Menu").value<QDBusObjectPath>().path(), QStringLiteral("/MenuBar"));
   const auto toolTip = qdbus_cast<StatusNotifierToolTip>(panel->property("ToolTip"));
   EXPECT_EQ(toolTip.text, QStringLiteral("Memory usage: 57%"));
   const auto icon = qdbus_cast<StatusNotifierPixmaps>(panel->property("IconPixmap"));
   ASSERT_EQ(icon.size(), 1);
   EXPECT_EQ(icon[0].height, 2);
   EXPECT_EQ(icon[0].bytes.toHex(), QByteArray("80112233ff445566"));
-  EXPECT_FALSE(item_->hostDrawsLabel()) << "this test is no known panel";
   EXPECT_EQ(statusBar_.makeItem(), nullptr) << "there is one item at a time";
+  ScreenPoint clicked;
+  item_->setAction([&clicked](ScreenPoint point) { clicked = point; });
+  panel->call("/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate", {1200, 14});
+  EXPECT_EQ(clicked.x, 1200);
+  EXPECT_EQ(clicked.y, 14);
 }
 
 TEST_F(StatusItemTest, RegistersWithLateRestartedAndHesitantPanels) {
@@ -182,16 +187,6 @@ TEST_F(StatusItemTest, SaysOnlyWhatChanged) {
   EXPECT_FALSE(panel->signalsSeen.contains(QStringLiteral("NewIcon")));
 }
 
-TEST_F(StatusItemTest, AClickRunsTheAction) {
-  const auto panel = startPanel();
-  ASSERT_TRUE(hasItems(*panel, 1));
-  ScreenPoint clicked;
-  item_->setAction([&clicked](ScreenPoint point) { clicked = point; });
-  panel->call("/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate", {1200, 14});
-  EXPECT_EQ(clicked.x, 1200);
-  EXPECT_EQ(clicked.y, 14);
-}
-
 TEST_F(StatusItemTest, TheMenuFollowsItsToggles) {
   const auto panel = startPanel();
   ASSERT_TRUE(hasItems(*panel, 1));
@@ -216,28 +211,37 @@ TEST_F(StatusItemTest, TheMenuFollowsItsToggles) {
 TEST_F(StatusItemTest, TheMenuAnswersGroupsAndRefusesTheUnknown) {
   const auto panel = startPanel();
   ASSERT_TRUE(hasItems(*panel, 1));
-  const auto ids = QVariant::fromValue(QList<int>{0, 1, 7});
+  const auto ids = QVariant::fromValue(QList<int>{0, 1, 2, 7});
   const auto group = panel->menu("GetGroupProperties", {ids, QStringList()});
   const auto properties = qdbus_cast<QList<MenuItemProperties>>(group.arguments().value(0));
-  ASSERT_EQ(properties.size(), 2);
-  EXPECT_EQ(properties[1].properties.value(QStringLiteral("label")),
-            QVariant(QStringLiteral("Show Window")));
-
+  ASSERT_EQ(properties.size(), 3);
+  EXPECT_EQ(properties[1].properties,
+            (QVariantMap{{QStringLiteral("label"), QStringLiteral("Show__Window")},
+                         {QStringLiteral("toggle-type"), QStringLiteral("checkmark")},
+                         {QStringLiteral("toggle-state"), 0}}));
+  EXPECT_EQ(properties[2].properties,
+            (QVariantMap{{QStringLiteral("type"), QStringLiteral("separator")}}));
   const auto shown = panel->menu("AboutToShowGroup", {ids});
   EXPECT_EQ(qdbus_cast<QList<int>>(shown.arguments().value(1)), QList<int>{7});
-  const MenuEvent known{
-      .id = 1, .type = QStringLiteral("clicked"), .data = QDBusVariant(0), .timestamp = 0};
-  const MenuEvent unknown{
-      .id = 9, .type = QStringLiteral("clicked"), .data = QDBusVariant(0), .timestamp = 0};
-  const auto events =
-      panel->menu("EventGroup", {QVariant::fromValue(QList<MenuEvent>{known, unknown})});
-  EXPECT_EQ(qdbus_cast<QList<int>>(events.arguments().value(0)), QList<int>{9});
+  QList<MenuEvent> events;
+  for (const int id : {1, 9}) {
+    events.append(
+        {.id = id, .type = QStringLiteral("clicked"), .data = QDBusVariant(0), .timestamp = 0});
+  }
+  const auto told = panel->menu("EventGroup", {QVariant::fromValue(events)});
+  EXPECT_EQ(qdbus_cast<QList<int>>(told.arguments().value(0)), QList<int>{9});
   EXPECT_TRUE(checked_);
+  for (const auto& refused : {panel->menu("GetLayout", {42, -1, QStringList()}),
+                              panel->menu("GetProperty", {1, QStringLiteral("no-such-thing")})}) {
+    EXPECT_EQ(refused.type(), QDBusMessage::ErrorMessage);
+  }
+}
 
-  const auto refused = panel->menu("GetLayout", {42, -1, QStringList()});
-  EXPECT_EQ(refused.type(), QDBusMessage::ErrorMessage);
-  EXPECT_EQ(panel->menu("GetProperty", {1, QStringLiteral("no-such-thing")}).type(),
-            QDBusMessage::ErrorMessage);
+TEST(PanelHost, KnowsWhoDrawsLabels) {
+  for (const char* name : {"mate-panel", "gnome-shell", "ayatana-indicat"})
+    EXPECT_TRUE(panelDrawsLabels(name)) << name;
+  for (const char* name : {"xfce4-panel", "wrapper-2.0", "lxqt-panel", "waybar", "plasmashell", ""})
+    EXPECT_FALSE(panelDrawsLabels(name)) << name;
 }
 
 }  // namespace

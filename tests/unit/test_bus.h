@@ -3,6 +3,7 @@
 #include <signal.h>
 
 #include <QtCore/QProcess>
+#include <QtDBus/QDBusConnection>
 #include <functional>
 #include <string>
 
@@ -35,6 +36,28 @@ class TestBus {
  private:
   TestDirectory directory_;
   QProcess daemon_;
+};
+
+/// A service on a bus connection of its own, both of which end with this. One at a time a name.
+class BusService {
+ public:
+  BusService(const TestBus& bus, const char* name, const char* path, QObject& object)
+      : name_(QString::fromLatin1(name)), connection_(connect(bus, name_)) {
+    connection_.registerObject(QString::fromLatin1(path), &object,
+                               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
+    connection_.registerService(name_);
+  }
+  ~BusService() { QDBusConnection::disconnectFromBus(name_); }
+  BusService(const BusService&) = delete;
+  BusService& operator=(const BusService&) = delete;
+
+ private:
+  static QDBusConnection connect(const TestBus& bus, const QString& name) {
+    return QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name);
+  }
+
+  QString name_;
+  QDBusConnection connection_;
 };
 
 /// Runs the event loop until `condition` holds; false when it doesn't within ten seconds.

@@ -15,7 +15,8 @@ namespace orvane {
 class TestDirectory {
  public:
   [[nodiscard]] std::string path(std::string_view name = {}) const {
-    return directory_.path().toStdString() + "/" + std::string(name);
+    const std::string folder = directory_.path().toStdString();
+    return name.empty() ? folder : folder + "/" + std::string(name);
   }
 
   /// Makes the file, and the directories above it, with `content`; returns its path.

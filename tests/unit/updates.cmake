@@ -5,5 +5,6 @@ orvane_add_tests(updates_test unit
     desktop_opener_test.cpp
     software_updater_test.cpp
     support_request_test.cpp
-    updates_main.cpp
+    test_bus.cpp
+    services_test_main.cpp
   LIBRARIES orvane_platform Qt6::Core Qt6::DBus Qt6::Network)

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/desktop_opener.h"
+#include "platform/notification_service.h"
+#include "platform/process_signals.h"
+#include "platform/standard_output.h"
+
+namespace orvane::fakes {
+
+/// Keeps the printed lines.
+class RecordingOutput : public StandardOutput {
+ public:
+  void printLine(std::string_view line) override { lines.emplace_back(line); }
+
+  std::vector<std::string> lines;
+};
+
+/// Records what was opened.
+class RecordingDesktopOpener : public DesktopOpener {
+ public:
+  void openUrl(const std::string& url) override { urls.push_back(url); }
+  void revealFile(const std::string& /*path*/) override {}
+
+  std::vector<std::string> urls;
+};
+
+/// Records every kill; `onKill` may change the fake world.
+class RecordingProcessSignals : public ProcessSignals {
+ public:
+  void killProcess(std::int32_t pid, const ProcessHandle* handle) override {
+    killed.push_back(pid);
+    handles.push_back(handle);
+    if (onKill) onKill(pid);
+  }
+
+  std::vector<std::int32_t> killed;
+  std::vector<const ProcessHandle*> handles;
+  std::function<void(std::int32_t)> onKill;
+};
+
+/// Records every request and answers it at once with `error`.
+class RecordingNotificationService : public NotificationService {
+ public:
+  void setDelegate(NotificationDelegate* newDelegate) override { delegate = newDelegate; }
+
+  void requestAuthorization(const AuthorizationOptions& options,
+                            std::function<void(bool, const Error&)> handler) override {
+    authorizations.push_back(options);
+    handler(!error && granted, error);
+  }
+  void add(const NotificationRequest& request, std::function<void(const Error&)> handler) override {
+    requests.push_back(request);
+    handler(error);
+  }
+
+  NotificationDelegate* delegate = nullptr;
+  Error error;
+  bool granted = true;
+  std::vector<AuthorizationOptions> authorizations;
+  std::vector<NotificationRequest> requests;
+};
+
+}  // namespace orvane::fakes

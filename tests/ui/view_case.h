@@ -1,0 +1,104 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QTest>
+#include <memory>
+#include <string>
+
+#include "tests/fakes/fake_services.h"
+#include "ui/views.h"
+
+namespace orvane {
+
+constexpr std::uint64_t megabyte = 1U << 20U;
+
+/// A view of the real UI on fake services, and the ways to find, press and click what is in it.
+class ViewCase : public testing::Test {
+ protected:
+  ViewCase() {
+    services_.claims.refuses = true;  // a boost takes no real memory here
+    services_.counters.bytesPerPage = megabyte;
+    setMemory(4096, 6144, 3072, 3072, 1024);
+  }
+
+  /// In MB.
+  void setMemory(std::uint32_t free, std::uint32_t active, std::uint32_t inactive,
+                 std::uint32_t wired, std::uint32_t compressed) {
+    services_.counters.counts = {free, active, inactive, wired, compressed};
+  }
+  void createViews() {
+    manager_ = MemoryManager::create(services_.services());
+    views_ = std::make_unique<Views>(manager_);
+    views_->setColorScheme(ColorScheme::light);
+  }
+  static void settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+  }
+  /// Lets the sampling tick pass.
+  void sample() {
+    services_.time.advance(samplingInterval);
+    settle();
+  }
+  /// However slow the machine is.
+  template <typename Condition>
+  static bool eventually(Condition condition) {
+    return QTest::qWaitFor(condition, 20000);
+  }
+
+  static QQuickItem* findIn(QQuickItem* in, const QString& name) {
+    for (QQuickItem* child : in->childItems()) {
+      if (child->objectName() == name) return child;
+      if (auto* found = findIn(child, name)) return found;
+    }
+    return nullptr;
+  }
+  [[nodiscard]] QQuickItem* find(const char* name, const QQuickWindow* window = nullptr) const {
+    return findIn((window == nullptr ? view_.get() : window)->contentItem(), QLatin1String(name));
+  }
+  [[nodiscard]] QQuickItem& item(const char* name, const QQuickWindow* window = nullptr) const {
+    QQuickItem* found = find(name, window);
+    if (found == nullptr) qFatal("no item %s", name);
+    return *found;
+  }
+  [[nodiscard]] static QString text(const QQuickItem& of) { return of.property("text").toString(); }
+  [[nodiscard]] static QString accessibleName(QQuickItem& of) {
+    return QAccessible::queryAccessibleInterface(&of)->text(QAccessible::Name);
+  }
+  /// In the window.
+  [[nodiscard]] static QRectF place(const QQuickItem& of) {
+    return of.mapRectToScene(QRectF(QPointF(), of.size()));
+  }
+
+  /// Through assistive technology.
+  static void press(QQuickItem& item) {
+    auto* actions = QAccessible::queryAccessibleInterface(&item)->actionInterface();
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    settle();
+  }
+  static void click(QQuickItem& target) {
+    QTest::mouseClick(target.window(), Qt::LeftButton, {}, place(target).center().toPoint());
+    settle();
+  }
+  /// The menu, dialog or popover that is open; null when none is.
+  static QQuickWindow* openWindow() {
+    for (QWindow* window : QGuiApplication::topLevelWindows()) {
+      if (window->isVisible() && window->transientParent() != nullptr) {
+        return qobject_cast<QQuickWindow*>(window);
+      }
+    }
+    return nullptr;
+  }
+
+  fakes::FakeServices services_;
+  std::shared_ptr<MemoryManager> manager_;
+  std::unique_ptr<Views> views_;
+  std::unique_ptr<QQuickView> view_;
+};
+
+}  // namespace orvane
