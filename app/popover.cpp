@@ -121,6 +121,8 @@ bool StatusPopover::menuIsOpen() const {
 
 void StatusPopover::menuChanged() {
   if (!view_ || menuIsOpen()) return;
+  // A menu that was closed by its user has the focus still; without it another program took it.
+  if (isX11() && QGuiApplication::focusWindow() == nullptr) return dismiss();
   view_->requestActivate();
   grabRetry_.start();
 }

@@ -3,7 +3,7 @@
 import unittest
 
 from desktop_case import PROGRAM
-from gear_menu_case import GearMenuCase
+from gear_menu_case import LOGIN, GearMenuCase
 
 
 class GearMenu(GearMenuCase):
@@ -26,6 +26,15 @@ class GearMenu(GearMenuCase):
         self.assertEqual(self.orvane.lines(),
                          ["Failed to disable launch at login: No such file or directory"])
         self.assertFalse(self.login_is_checked())
+
+    def test_gives_way_to_another_program(self):
+        self.open_menu()
+        editor = self.desktop.start_program(["mousepad"])
+        self.addCleanup(editor.wait)
+        self.addCleanup(editor.kill)
+        self.wait_until_gone(LOGIN)
+        self.wait_until_gone("Settings")
+        self.picture("editor")
 
     def test_keyboard_and_quit(self):
         self.open_menu()

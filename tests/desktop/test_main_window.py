@@ -3,6 +3,7 @@
 import unittest
 import urllib.parse
 
+from desktop_case import VERSION
 from window_case import WindowCase
 
 
@@ -59,10 +60,10 @@ class MainWindow(WindowCase):
         self.pointer.key("Down")
         self.wait_for("keyboard on the first entry", 3, lambda: self.has_keyboard("About Orvane"))
         self.pointer.key("Return")
-        self.wait_for_control("Version 0.1.0")
+        self.wait_for_control(f"Version {VERSION}")
         self.picture("about")
         self.pointer.key("Escape")
-        self.wait_until_gone("Version 0.1.0")
+        self.wait_until_gone(f"Version {VERSION}")
 
         self.wait_for("focus", 3, self.has_focus)
         self.pointer.key("Control_L", "m")
@@ -75,6 +76,19 @@ class MainWindow(WindowCase):
         self.pointer.move(*self.middle("Help"))
         self.wait_for_control("Contact Support")
         self.wait_until_gone("Close Window")
+
+    def test_an_open_menu_gives_way_to_another_program(self):
+        self.click("File")
+        self.wait_for_control("Close Window")
+        editor = self.desktop.start_program(["mousepad"])
+        self.addCleanup(editor.wait)
+        self.addCleanup(editor.kill)
+        self.wait_for("the editor's window", 15,
+                      lambda: any("Mousepad" in title for title in self.client_windows()))
+        self.wait_until_gone("Close Window")
+        self.pointer.key("x")  # the keyboard is the editor's
+        self.wait_for("typed letter", 5,
+                      lambda: any(title.startswith("*") for title in self.client_windows()))
 
     def test_updates_come_from_the_package_manager_and_quit(self):
         self.pointer.key("Control_L", "u")

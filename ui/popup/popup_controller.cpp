@@ -92,7 +92,7 @@ bool PopupController::ownerEvent(QEvent& event) {
       Q_EMIT pointerMovedOutside(static_cast<QMouseEvent&>(event).globalPosition());
       return false;
     case QEvent::FocusOut:
-      if (QGuiApplication::focusWindow() != window_) Q_EMIT dismissed();
+      if (isLeft()) Q_EMIT dismissed();
       return false;
     case QEvent::Hide:
     case QEvent::Close:
@@ -129,6 +129,10 @@ bool PopupController::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
       return window_->activeFocusItem() == nullptr && deliverKey(*event);
+    case QEvent::FocusOut:
+      // While it holds the keyboard the window below has none to lose.
+      if (window_->isVisible() && isLeft()) Q_EMIT dismissed();
+      return false;
     case QEvent::Hide:
       retry_.stop();
       return false;
@@ -144,6 +148,11 @@ bool PopupController::eventFilter(QObject* watched, QEvent* event) {
     default:
       return false;
   }
+}
+
+bool PopupController::isLeft() const {
+  const QWindow* focused = QGuiApplication::focusWindow();
+  return focused != window_ && focused != owner_;
 }
 
 bool PopupController::isInside(const QMouseEvent& event) const {

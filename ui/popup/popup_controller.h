@@ -55,6 +55,8 @@ class PopupController : public QObject {
 
  private:
   [[nodiscard]] bool isInside(const QMouseEvent& event) const;
+  /// Whether the focus is with neither the popup nor the window below.
+  [[nodiscard]] bool isLeft() const;
   void hold();
   void watchOwner();
   /// What happens to the window below while the popup is open; true for what is the popup's own.
