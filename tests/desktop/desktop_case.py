@@ -14,6 +14,7 @@ from tools.desktop.session import Session  # noqa: E402
 from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
 
 PROGRAM = pathlib.Path(os.environ.get("ORVANE_PROGRAM", ROOT / "build/release/orvane"))
+VERSION = os.environ.get("ORVANE_VERSION", "")
 PICTURES = pathlib.Path(os.environ.get("ORVANE_PICTURES", ROOT / "build/test-screenshots"))
 
 

@@ -7,9 +7,11 @@ import threading
 import unittest
 
 import desktop_case
+from desktop_case import VERSION
 from window_case import WindowCase
 
 desktop_case.PROGRAM = pathlib.Path(os.environ["ORVANE_FEED_PROGRAM"])
+NEWER = VERSION + ".1"
 PORT = int(os.environ["ORVANE_FEED_PORT"])
 FEED = """<?xml version="1.0"?><rss version="2.0"><channel><item>
 <link>https://orvane.example/download/{version}</link>
@@ -44,20 +46,20 @@ class Updates(WindowCase):
         self.choose("Orvane", "Check for Updates...")
         self.wait_for_control("The check didn't succeed")
         self.picture("error")
-        Feed.answer = FEED.format(version="0.10.0")
+        Feed.answer = FEED.format(version=NEWER)
         self.press("Try Again")
         self.wait_for_control("A new version is available")
-        self.wait_for_control("Orvane 0.10.0 can be downloaded (4.0 MB). You have version 0.1.0.")
-        self.wait_for_control("What changed in 0.10.0.")
+        self.wait_for_control(f"Orvane {NEWER} can be downloaded (4.0 MB). You have version {VERSION}.")
+        self.wait_for_control(f"What changed in {NEWER}.")
         self.picture("newer")
         record = self.record_addresses("https")
         self.pointer.key("Return")
         self.wait_for("download page", 10, record.exists)
-        self.assertEqual(record.read_text(), "https://orvane.example/download/0.10.0")
+        self.assertEqual(record.read_text(), f"https://orvane.example/download/{NEWER}")
         self.wait_until_gone("A new version is available")
 
     def test_same_version_is_the_newest(self):
-        Feed.answer = FEED.format(version="0.1.0")
+        Feed.answer = FEED.format(version=VERSION)
         self.pointer.key("Control_L", "u")
         self.wait_for_control("Orvane is up to date")
         self.pointer.key("Escape")
