@@ -21,14 +21,6 @@ bool isX11() {
   return QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
-QList<ScreenArea> screenAreas() {
-  QList<ScreenArea> areas;
-  const QList<QScreen*> screens = QGuiApplication::screens();
-  for (const QScreen* screen : screens)
-    areas.append({screen->geometry(), screen->availableGeometry(), screen->devicePixelRatio()});
-  return areas;
-}
-
 }  // namespace
 
 StatusPopover::StatusPopover(Views& views) : views_(views) {
@@ -84,6 +76,9 @@ void StatusPopover::connectView() {
   view_->installEventFilter(this);
   connect(view_.get(), &QWindow::heightChanged, this, &StatusPopover::place);
   connect(view_.get(), &QWindow::activeChanged, this, [this] { focusCheck_.start(0); });
+  // The item may be elsewhere now, and the popover off the screen.
+  connect(view_->screen(), &QScreen::geometryChanged, view_.get(), [this] { performClose(); });
+  connect(qGuiApp, &QGuiApplication::screenRemoved, view_.get(), [this] { performClose(); });
   if (QQuickItem* root = view_->rootObject()) {
     connect(root, SIGNAL(closeRequested()), this, SLOT(close()));
     connect(root, SIGNAL(menuOpenChanged()), this, SLOT(menuChanged()));

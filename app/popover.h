@@ -7,7 +7,7 @@
 #include <QtQuick/QQuickView>
 #include <memory>
 
-#include "app/popover_geometry.h"
+#include "app/window_geometry.h"
 #include "app/windows.h"
 #include "ui/views.h"
 

@@ -4,6 +4,7 @@
 #include <QtGui/QScreen>
 #include <utility>
 
+#include "app/window_geometry.h"
 #include "platform/linux/x11_window_hints.h"
 
 namespace orvane {
@@ -37,7 +38,9 @@ QuickMainWindow::QuickMainWindow(Views& views, MainWindowClosures closures,
 void QuickMainWindow::makeKeyAndOrderFront() {
   // For its menus and popovers; a compositor may have come or gone since.
   views_.setTranslucentWindows(blendsTranslucentWindows());
-  if (!view_->isVisible() && framePlace_) view_->setFramePosition(*framePlace_);
+  const QList<ScreenArea> screens = screenAreas();
+  if (!view_->isVisible() && framePlace_ && !screens.isEmpty())
+    view_->setFramePosition(windowPosition(*framePlace_, contentSize, screens));
   view_->showNormal();
   view_->raise();
   view_->requestActivate();

@@ -1,5 +1,7 @@
-#include "app/popover_geometry.h"
+#include "app/window_geometry.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <algorithm>
 #include <array>
 
@@ -7,6 +9,7 @@ namespace orvane {
 namespace {
 
 constexpr int gap = 6;              // between the panel and the popover
+constexpr int titleBarMiddle = 12;  // below the upper edge of a window's frame
 constexpr int panelThickness = 64;  // how far from an edge a panel's items can be
 constexpr int itemReach = 16;       // from the pointer to an item's border, where no panel is known
 
@@ -117,6 +120,22 @@ QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen) {
   corner.setX(fit(corner.x(), room.left(), room.right() + 1 - size.width()));
   corner.setY(fit(corner.y(), room.top(), room.bottom() + 1 - size.height()));
   return {corner, size};
+}
+
+QList<ScreenArea> screenAreas() {
+  QList<ScreenArea> areas;
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  for (const QScreen* screen : screens)
+    areas.append({screen->geometry(), screen->availableGeometry(), screen->devicePixelRatio()});
+  return areas;
+}
+
+QPoint windowPosition(QPoint last, QSize size, const QList<ScreenArea>& screens) {
+  const QPoint title = last + QPoint(size.width() / 2, titleBarMiddle);
+  for (const ScreenArea& screen : screens) {
+    if (screen.available.contains(title)) return last;
+  }
+  return screens.first().available.center() - QPoint(size.width() / 2, size.height() / 2);
 }
 
 }  // namespace orvane

@@ -16,6 +16,9 @@ struct ScreenArea {
   double pixelRatio = 1;  ///< device pixels in one
 };
 
+/// The desktop's screens now, the first one first.
+[[nodiscard]] QList<ScreenArea> screenAreas();
+
 /// Which edge of its screen the panel with the status item lies at.
 enum class PanelEdge { top, bottom, left, right };
 
@@ -36,5 +39,10 @@ enum class PanelEdge { top, bottom, left, right };
 /// Where a popover of `size` goes: beside the panel, toward the middle of the screen, centred on
 /// the item, and always inside of what panels leave.
 [[nodiscard]] QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen);
+
+/// Where the frame of a window of `size` goes that was at `last` when it was hidden: there again,
+/// or to the middle of the first screen when its title bar would be on no screen any more.
+/// `screens` must not be empty.
+[[nodiscard]] QPoint windowPosition(QPoint last, QSize size, const QList<ScreenArea>& screens);
 
 }  // namespace orvane

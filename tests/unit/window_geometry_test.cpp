@@ -1,4 +1,4 @@
-#include "app/popover_geometry.h"
+#include "app/window_geometry.h"
 
 #include <gtest/gtest.h>
 
@@ -40,6 +40,15 @@ TEST(PopoverGeometry, StaysOnTheScreenOfTheItem) {
   EXPECT_EQ(popoverRectangle(item, popoverSize, screenAt(item, screens)),
             QRect(1850, 814, 300, 220));
   EXPECT_EQ(&screenAt({5000, 5000}, screens), &screens.first());
+}
+
+TEST(WindowPosition, IsTheLastOneWhileItsTitleBarIsOnAScreen) {
+  const QList<ScreenArea> screens = {{whole, {0, 28, 1280, 772}}};
+  const QSize size(440, 510);
+  for (const QPoint last : {QPoint(700, 100), QPoint(-200, 30), QPoint(1000, 700)})
+    EXPECT_EQ(windowPosition(last, size, screens), last);
+  for (const QPoint gone : {QPoint(1400, 100), QPoint(-300, 30), QPoint(100, -600)})
+    EXPECT_EQ(windowPosition(gone, size, screens), QPoint(419, 158));
 }
 
 TEST(ItemLocation, TakesTheMostCredibleSource) {
