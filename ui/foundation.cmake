@@ -9,6 +9,7 @@ list(APPEND ORVANE_UI_SOURCES
   painted/bubble.cpp painted/bubble.h
   painted/gradient_arc.cpp painted/gradient_arc.h
   painted/gradient_text.cpp painted/gradient_text.h
+  painted/blur.cpp painted/blur.h
   painted/painted_item.cpp painted/painted_item.h
   painted/smooth_path.cpp painted/smooth_path.h
   painted/smooth_rectangle.cpp painted/smooth_rectangle.h

@@ -1,8 +1,5 @@
 # Views of the main window: append to ORVANE_UI_QML and ORVANE_UI_SOURCES.
 list(APPEND ORVANE_UI_SOURCES
-  painted/blur.cpp painted/blur.h
-  painted/blurred_arc.cpp painted/blurred_arc.h
-  painted/blurred_text.cpp painted/blurred_text.h
   painted/history_chart.cpp painted/history_chart.h
   painted/rectangle_shadow.cpp painted/rectangle_shadow.h
   painted/share_bar.cpp painted/share_bar.h)

@@ -49,7 +49,7 @@ Item {
     Loader {
         anchors.fill: parent
         active: root.processing
-        sourceComponent: BlurredArc {
+        sourceComponent: GradientArc {
             objectName: "glow"
             smooth: true
             lineWidth: 22

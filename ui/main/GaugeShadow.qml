@@ -8,7 +8,7 @@ Item {
     required property AnimatedCircularGauge gauge
     readonly property real blurRadius: 16
 
-    BlurredArc {
+    GradientArc {
         anchors.fill: parent
         lineWidth: root.gauge.lineWidth
         colors: [Theme.withOpacity(Theme.gaugeShadow, Theme.gaugeTrack.a)]
@@ -16,7 +16,7 @@ Item {
         detail: 1 / 2
     }
 
-    BlurredArc {
+    GradientArc {
         objectName: "arcShadow"
         anchors.fill: parent
         to: root.gauge.usage / 100
@@ -28,7 +28,7 @@ Item {
         detail: 1 / 2
     }
 
-    BlurredText {
+    GradientText {
         anchors.horizontalCenter: parent.horizontalCenter
         y: root.gauge.percentageY
         text: root.gauge.percentage.text

@@ -5,6 +5,8 @@
 #include <QSGImageNode>
 #include <cmath>
 
+#include "ui/painted/blur.h"
+
 namespace orvane {
 
 PaintedItem::PaintedItem(QQuickItem* parent) : QQuickItem(parent) {
@@ -28,6 +30,11 @@ QRectF PaintedItem::paintedArea() const {
   return {-margin, -margin, width() + 2 * margin, height() + 2 * margin};
 }
 
+QRectF PaintedItem::pictureArea() const {
+  const double reach = blurReach(blurRadius_);
+  return paintedArea().adjusted(-reach, -reach, reach, reach);
+}
+
 QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) const {
   const auto pixels = [scale](double length, double start) {
     return std::max(1, static_cast<int>(std::ceil(start + length * scale - 1e-6)));
@@ -45,7 +52,12 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
     painter.scale(scale, scale);
   }
   painter.translate(-area.topLeft());
-  paint(painter);
+  if (blurRadius_ > 0) {
+    paintBlurred(painter, paintedArea(), blurRadius_, 1,
+                 [this](QPainter& target) { paint(target); });
+  } else {
+    paint(painter);
+  }
   return image;
 }
 
@@ -64,7 +76,7 @@ QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
   }
   if (dirty_) {
     // Starts at a whole device pixel, wherever the item lies; what is stretched has no such place.
-    const QRectF area = paintedArea();
+    const QRectF area = pictureArea();
     const QPointF corner = (mapToScene({0, 0}) + area.topLeft()) * scale;
     const QPointF offset = isStretched()
                                ? QPointF()

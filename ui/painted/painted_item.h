@@ -22,6 +22,9 @@ class PaintedItem : public QQuickItem {
   /// Pixels of the picture for each device pixel, at most 1. What is soft anyway, a shadow or a
   /// wide gradient, looks the same with fewer and takes a fraction of the memory.
   Q_PROPERTY(double detail READ detail WRITE setDetail NOTIFY detailChanged)
+  /// Points by which the drawing is out of focus: for a glow or a shadow; see paintBlurred. 0 at
+  /// first: sharp.
+  Q_PROPERTY(double blurRadius READ blurRadius WRITE setBlurRadius NOTIFY blurRadiusChanged)
 
  public:
   explicit PaintedItem(QQuickItem* parent = nullptr);
@@ -31,11 +34,17 @@ class PaintedItem : public QQuickItem {
     if (value > 0 && value <= 1 && assign(detail_, value)) Q_EMIT detailChanged();
   }
 
+  [[nodiscard]] double blurRadius() const { return blurRadius_; }
+  void setBlurRadius(double value) {
+    if (assign(blurRadius_, value)) Q_EMIT blurRadiusChanged();
+  }
+
   /// How often the item has painted itself.
   [[nodiscard]] int paintCount() const { return paintCount_; }
 
  Q_SIGNALS:
   void detailChanged();
+  void blurRadiusChanged();
 
  protected:
   /// Paints the item, its origin at (0, 0), in points.
@@ -65,12 +74,15 @@ class PaintedItem : public QQuickItem {
   void itemChange(ItemChange change, const ItemChangeData& data) override;
 
  private:
+  /// Where the picture lies: what is painted, and how far its blur reaches.
+  [[nodiscard]] QRectF pictureArea() const;
   [[nodiscard]] QImage render(const QRectF& area, QPointF offset, double scale) const;
 
   /// The picture is drawn larger or turned, so that its pixels aren't the screen's.
   [[nodiscard]] bool isStretched() const { return smooth() || detail_ < 1; }
 
   double detail_ = 1;
+  double blurRadius_ = 0;
   bool dirty_ = true;
   int paintCount_ = 0;
 };
