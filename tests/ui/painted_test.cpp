@@ -48,8 +48,7 @@ TEST(Blur, SpreadsEvenlyWithinItsReachAndLosesNothing) {
   image.fill(Qt::transparent);
   QPainter painter(&image);
   const QRectF square(60, 60, 40, 40);
-  paintBlurred(painter, square, 16, 1,
-               [&](QPainter& target) { target.fillRect(square, Qt::black); });
+  paintBlurred(painter, square, 16, [&](QPainter& target) { target.fillRect(square, Qt::black); });
   painter.end();
 
   double sum = 0;

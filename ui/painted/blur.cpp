@@ -77,7 +77,7 @@ void store(const Plane& plane, QImage& image) {
 
 }  // namespace
 
-void paintBlurred(QPainter& painter, const QRectF& bounds, double radius, double opacity,
+void paintBlurred(QPainter& painter, const QRectF& bounds, double radius,
                   const std::function<void(QPainter&)>& drawing) {
   if (radius <= 0 || bounds.isEmpty()) return;
   const double reach = blurReach(radius);
@@ -98,7 +98,6 @@ void paintBlurred(QPainter& painter, const QRectF& bounds, double radius, double
   store(blurredAcross(across, image.height(), image.width()), image);
   painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.setOpacity(painter.opacity() * opacity);
   painter.drawImage(QRectF(area.topLeft(), QSizeF(image.size()) / scale), image);
   painter.restore();
 }

@@ -13,8 +13,8 @@ namespace orvane {
 }
 
 /// Paints `drawing`, which keeps within `bounds`, with a Gaussian blur whose standard deviation is
-/// half of `radius` points, at `opacity` of itself.
-void paintBlurred(QPainter& painter, const QRectF& bounds, double radius, double opacity,
+/// half of `radius` points.
+void paintBlurred(QPainter& painter, const QRectF& bounds, double radius,
                   const std::function<void(QPainter&)>& drawing);
 
 }  // namespace orvane

@@ -52,12 +52,14 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
     painter.scale(scale, scale);
   }
   painter.translate(-area.topLeft());
+  painter.save();
   if (blurRadius_ > 0) {
-    paintBlurred(painter, paintedArea(), blurRadius_, 1,
-                 [this](QPainter& target) { paint(target); });
+    paintBlurred(painter, paintedArea(), blurRadius_, [this](QPainter& target) { paint(target); });
   } else {
     paint(painter);
   }
+  painter.restore();
+  paintSharp(painter);
   return image;
 }
 

@@ -50,6 +50,9 @@ class PaintedItem : public QQuickItem {
   /// Paints the item, its origin at (0, 0), in points.
   virtual void paint(QPainter& painter) const = 0;
 
+  /// Paints over the drawing what its blur must not soften.
+  virtual void paintSharp(QPainter& /*painter*/) const {}
+
   /// Points by which the drawing may exceed the item on every side.
   [[nodiscard]] virtual double overhang() const { return 0; }
 

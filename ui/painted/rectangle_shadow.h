@@ -3,31 +3,27 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 
-#include "ui/painted/blur.h"
 #include "ui/painted/painted_item.h"
 
 namespace orvane {
 
-/// The soft shadow that a rounded rectangle of the item's size casts: only what of it lies outside
-/// the rectangle, which may be translucent.
+/// The shadow that a rounded rectangle of the item's size casts, as soft as `blurRadius` says: only
+/// what of it lies outside the rectangle, which may be translucent.
 class RectangleShadow : public orvane::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
 
   Q_PROPERTY(double radius READ radius WRITE setRadius NOTIFY changed)  ///< of the corners
-  Q_PROPERTY(double blurRadius READ blurRadius WRITE setBlurRadius NOTIFY changed)
   /// Points by which the shadow lies lower than the rectangle.
   Q_PROPERTY(double drop READ drop WRITE setDrop NOTIFY changed)
   Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)
 
  public:
   [[nodiscard]] double radius() const { return radius_; }
-  [[nodiscard]] double blurRadius() const { return blurRadius_; }
   [[nodiscard]] double drop() const { return drop_; }
   [[nodiscard]] QColor color() const { return color_; }
 
   void setRadius(double value) { announce(assign(radius_, value)); }
-  void setBlurRadius(double value) { announce(assign(blurRadius_, value)); }
   void setDrop(double value) { announce(assign(drop_, value)); }
   void setColor(const QColor& value) { announce(assign(color_, value)); }
 
@@ -36,7 +32,8 @@ class RectangleShadow : public orvane::PaintedItem {
 
  protected:
   void paint(QPainter& painter) const override;
-  [[nodiscard]] double overhang() const override { return blurReach(blurRadius_) + drop_; }
+  void paintSharp(QPainter& painter) const override;
+  [[nodiscard]] double overhang() const override { return drop_; }
 
  private:
   void announce(bool isNew) {
@@ -44,7 +41,6 @@ class RectangleShadow : public orvane::PaintedItem {
   }
 
   double radius_ = 0;
-  double blurRadius_ = 8;
   double drop_ = 0;
   QColor color_ = Qt::black;
 };
