@@ -12,6 +12,9 @@
 
 namespace orvane {
 
+namespace {
+
+/// What a feed means for the running version.
 UpdateResult judgeFeed(const QByteArray& document, const std::string& runningVersion) {
   const std::optional<Appcast> feed = parseAppcast(document);
   if (!feed) return UpdateError{"The update feed could not be understood."};
@@ -22,6 +25,8 @@ UpdateResult judgeFeed(const QByteArray& document, const std::string& runningVer
   }
   return UpdateOffer{newest.version, newest.lengthBytes, newest.notes, newest.page};
 }
+
+}  // namespace
 
 LinuxSoftwareUpdater::LinuxSoftwareUpdater(UpdateSettings settings, const DownloadLimits& limits)
     : settings_(std::move(settings)), limits_(limits) {}

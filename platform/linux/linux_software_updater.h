@@ -18,12 +18,9 @@ struct UpdateSettings {
   std::string runningVersion;  ///< as in the feed, for example 1.4.2
 };
 
-/// What a feed means for the running version. `UpdateNotNeeded` names the running version, also
-/// when it is newer than everything in the feed.
-[[nodiscard]] UpdateResult judgeFeed(const QByteArray& document, const std::string& runningVersion);
-
 /// Looks into the update feed (see appcast.h), at the user's request only. Between checks it holds
-/// no network machinery.
+/// no network machinery. `UpdateNotNeeded` names the running version, also when it is newer than
+/// everything in the feed.
 class LinuxSoftwareUpdater : public SoftwareUpdater {
  public:
   explicit LinuxSoftwareUpdater(UpdateSettings settings, const DownloadLimits& limits = {});

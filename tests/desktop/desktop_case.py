@@ -2,6 +2,8 @@
 
 import os
 import pathlib
+import re
+import subprocess
 import sys
 import unittest
 
@@ -57,6 +59,19 @@ class DesktopCase(unittest.TestCase):
         """Keeps a picture of the desktop with the test run."""
         test = self.id().rpartition(".")[2].removeprefix("test_")
         self.desktop.screen.save(PICTURES / f"{type(self).__name__}-{test}-{name}.png")
+
+    def client_windows(self):
+        """{title: state} of the windows that the window manager knows."""
+        windows = {}
+        for window in re.findall(r"0x[0-9a-f]+", self.seen_by_x("-root", "_NET_CLIENT_LIST")):
+            told = self.seen_by_x("-id", window, "_NET_WM_NAME", "_NET_WM_STATE")
+            title = re.search(r'_NET_WM_NAME.* = "(.*)"', told)
+            windows[title[1] if title else ""] = told
+        return windows
+
+    def seen_by_x(self, *question):
+        return subprocess.run(["xprop", *question], env=self.desktop.environment,
+                              capture_output=True, text=True, check=False).stdout
 
     def wait_for(self, what, seconds, check):
         """Polls until `check()` gives something true, and gives that."""

@@ -34,7 +34,9 @@ class GearMenu(GearMenuCase):
         self.addCleanup(editor.kill)
         self.wait_until_gone(LOGIN)
         self.wait_until_gone("Settings")
-        self.picture("editor")
+        self.pointer.key("x")  # the keyboard is the editor's
+        self.wait_for("typed letter", 5, lambda: any(
+            title.startswith("*Untitled") for title in self.client_windows()))
 
     def test_keyboard_and_quit(self):
         self.open_menu()

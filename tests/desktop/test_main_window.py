@@ -77,19 +77,6 @@ class MainWindow(WindowCase):
         self.wait_for_control("Contact Support")
         self.wait_until_gone("Close Window")
 
-    def test_an_open_menu_gives_way_to_another_program(self):
-        self.click("File")
-        self.wait_for_control("Close Window")
-        editor = self.desktop.start_program(["mousepad"])
-        self.addCleanup(editor.wait)
-        self.addCleanup(editor.kill)
-        self.wait_for("the editor's window", 15,
-                      lambda: any("Mousepad" in title for title in self.client_windows()))
-        self.wait_until_gone("Close Window")
-        self.pointer.key("x")  # the keyboard is the editor's
-        self.wait_for("typed letter", 5,
-                      lambda: any(title.startswith("*") for title in self.client_windows()))
-
     def test_updates_come_from_the_package_manager_and_quit(self):
         self.pointer.key("Control_L", "u")
         self.wait_for_control("Updates come with your system")

@@ -1,8 +1,6 @@
 """The main window, its menus and dialogs, and other programs' windows, for the tests that use them."""
 
-import re
 import stat
-import subprocess
 
 from popover_case import PopoverCase
 
@@ -32,19 +30,6 @@ class WindowCase(PopoverCase):
         x, y, _, height = self.seen.rectangle(self.wait_for_control("View"))
         self.pointer.click(x - 10, y + height // 2)
         self.wait_for("focus", 5, self.has_focus)
-
-    def client_windows(self):
-        """{title: state} of the windows that the window manager knows."""
-        windows = {}
-        for window in re.findall(r"0x[0-9a-f]+", self.seen_by_x("-root", "_NET_CLIENT_LIST")):
-            told = self.seen_by_x("-id", window, "_NET_WM_NAME", "_NET_WM_STATE")
-            title = re.search(r'_NET_WM_NAME.* = "(.*)"', told)
-            windows[title[1] if title else ""] = told
-        return windows
-
-    def seen_by_x(self, *question):
-        return subprocess.run(["xprop", *question], env=self.desktop.environment,
-                              capture_output=True, text=True, check=False).stdout
 
     def taskbar_shows(self, title):
         return "SKIP_TASKBAR" not in self.client_windows().get(title, "SKIP_TASKBAR")

@@ -60,39 +60,31 @@ class FakeWindows : public WindowFactory {
   MainWindowDelegate mainWindowDelegate;
 
  private:
-  class FakeUpdateWindow : public UpdateWindow {
-   public:
-    explicit FakeUpdateWindow(Journal& journal) : journal_(journal) {}
-    void showChecking() override { journal_.emplace_back("checking"); }
-    void showResult(const UpdateResult& /*result*/) override { journal_.emplace_back("result"); }
-    void close() override { journal_.emplace_back("close update"); }
-
-   private:
-    Journal& journal_;
+  struct FakeUpdateWindow : UpdateWindow {
+    explicit FakeUpdateWindow(Journal& to) : journal(to) {}
+    void showChecking() override { journal.emplace_back("checking"); }
+    void showResult(const UpdateResult& /*result*/) override { journal.emplace_back("result"); }
+    void close() override { journal.emplace_back("close update"); }
+    Journal& journal;
   };
-  class FakePopover : public Popover {
-   public:
-    explicit FakePopover(FakeWindows& windows) : windows_(windows) {}
-    [[nodiscard]] bool isShown() const override { return windows_.popoverShown; }
-    void performClose() override { windows_.popoverShown = false; }
+
+  struct FakePopover : Popover {
+    explicit FakePopover(FakeWindows& of) : windows(of) {}
+    [[nodiscard]] bool isShown() const override { return windows.popoverShown; }
+    void performClose() override { windows.popoverShown = false; }
     void show(ScreenPoint /*item*/, PopoverClosures given) override {
-      windows_.popoverShown = true;
-      windows_.closures = std::move(given);
-      if (windows_.whileShowing) windows_.whileShowing();
+      windows.popoverShown = true;
+      windows.closures = std::move(given);
+      if (windows.whileShowing) windows.whileShowing();
     }
-
-   private:
-    FakeWindows& windows_;
+    FakeWindows& windows;
   };
 
-  class FakeMainWindow : public MainWindow {
-   public:
-    explicit FakeMainWindow(Journal& journal) : journal_(journal) {}
-    void makeKeyAndOrderFront() override { journal_.emplace_back("front"); }
-    void orderOut() override { journal_.emplace_back("out"); }
-
-   private:
-    Journal& journal_;
+  struct FakeMainWindow : MainWindow {
+    explicit FakeMainWindow(Journal& to) : journal(to) {}
+    void makeKeyAndOrderFront() override { journal.emplace_back("front"); }
+    void orderOut() override { journal.emplace_back("out"); }
+    Journal& journal;
   };
 
   Journal& journal_;
@@ -101,15 +93,11 @@ class FakeWindows : public WindowFactory {
 /// Icons that can be told apart by their width: 1 normal, 2 bolt, 1000 + n the number n.
 class FakeIcons : public StatusIcons {
  public:
-  [[nodiscard]] std::vector<IconPixmap> normal() const override {
-    return hasResource ? of(1) : std::vector<IconPixmap>{};
-  }
+  [[nodiscard]] std::vector<IconPixmap> normal() const override { return of(1); }
   [[nodiscard]] std::vector<IconPixmap> boosting() const override { return of(2); }
   [[nodiscard]] std::vector<IconPixmap> percentage(int percent) const override {
     return of(1000 + percent);
   }
-
-  bool hasResource = true;
 
  private:
   static std::vector<IconPixmap> of(int width) {

@@ -224,11 +224,15 @@ TEST_F(AppDelegateTest, LaunchAtLoginKeepsTheUsersChoiceAndPrintsFailures) {
 }
 
 TEST_F(AppDelegateTest, ASupportAddressThatIsNoneIsPrinted) {
-  supportAddress_ = "nobody";
-  launch();
-  delegate_->openSupportEmail();
-  EXPECT_TRUE(opener_.urls.empty());
-  EXPECT_THAT(fakes_.output.lines, ElementsAre("Failed to create mailto URL"));
+  for (const char* address :
+       {"", "@", "support", "support@", "@orvane.example", "a b@orvane.example", "a@b@c",
+        "a?cc=x@b", "a&b@c", "a@b.example,c@d", "a%0A@b", "é@b"}) {
+    supportAddress_ = address;
+    launch();
+    delegate_->openSupportEmail();
+    EXPECT_TRUE(opener_.urls.empty()) << address;
+    EXPECT_EQ(fakes_.output.lines.back(), "Failed to create mailto URL");
+  }
 }
 
 TEST_F(AppDelegateTest, NothingHappensOnceTheDelegateIsGone) {

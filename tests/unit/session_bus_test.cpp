@@ -15,9 +15,7 @@ struct Signals {
     QObject::connect(&bus, &SessionBus::disconnected, [this] { ++disconnected; });
     QObject::connect(&bus, &SessionBus::unavailable, [this] { ++unavailable; });
   }
-  int connected = 0;
-  int disconnected = 0;
-  int unavailable = 0;
+  int connected = 0, disconnected = 0, unavailable = 0;
 };
 
 TEST(SessionBus, followsABusThatGoesAndComes) {

@@ -32,19 +32,16 @@ void TestBus::kill() {
 
 bool waitUntil(const std::function<bool()>& condition) {
   const QDeadlineTimer deadline(10000);
-  while (!condition() && !deadline.hasExpired()) {
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    QThread::msleep(1);
-  }
+  while (!condition() && !deadline.hasExpired()) runEventLoopFor(1);
   return condition();
 }
 
 void runEventLoopFor(int milliseconds) {
   const QDeadlineTimer deadline(milliseconds);
-  while (!deadline.hasExpired()) {
+  do {
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     QThread::msleep(1);
-  }
+  } while (!deadline.hasExpired());
 }
 
 }  // namespace orvane

@@ -1,10 +1,8 @@
 orvane_add_tests(updates_test unit
   SOURCES
-    ${PROJECT_SOURCE_DIR}/app/support_request.cpp
     appcast_test.cpp
     desktop_opener_test.cpp
     software_updater_test.cpp
-    support_request_test.cpp
     test_bus.cpp
     services_test_main.cpp
   LIBRARIES orvane_platform Qt6::Core Qt6::DBus Qt6::Network)
