@@ -160,6 +160,9 @@ TEST_F(MainWindowTest, UsageArcSpringsToANewFigure) {
   setMemory(1024, 10240, 1024, 4096, 0);
   sample();
   EXPECT_TRUE(eventually([&] { return steps > 0 && arc("usageArc").to() == 0.875; })) << steps;
+  setMemory(1023, 10241, 1024, 4096, 0);
+  sample();
+  EXPECT_DOUBLE_EQ(arc("usageArc").to(), 0.875 + 1.0 / 16384) << "a spring too small to be seen";
 
   view_->hide();
   setMemory(4096, 6144, 3072, 3072, 0);

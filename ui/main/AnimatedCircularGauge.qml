@@ -61,6 +61,8 @@ Item {
     }
 
     GradientArc {
+        id: usageArc
+
         objectName: "usageArc"
         anchors.fill: parent
         to: root.usage / 100
@@ -70,7 +72,7 @@ Item {
         startRotation: -90
 
         Behavior on to {
-            enabled: onScreen.holds
+            enabled: onScreen.holds && usageArc.isSeenToEndAt(targetValue)
 
             Spring {
                 response: 0.6

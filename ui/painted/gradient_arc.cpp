@@ -11,11 +11,15 @@ namespace orvane {
 void GradientArc::setTo(double value) {
   if (to_ == value) return;
   to_ = value;
-  if (isVisibleMove((value - paintedTo_) * std::numbers::pi * width())) {
+  if (isSeenToEndAt(value)) {
     paintedTo_ = value;
     repaint();
   }
   Q_EMIT changed();
+}
+
+bool GradientArc::isSeenToEndAt(double value) const {
+  return isVisibleMove((value - paintedTo_) * std::numbers::pi * width());
 }
 
 QPainterPath GradientArc::path() const {

@@ -40,6 +40,9 @@ class GradientArc : public orvane::PaintedItem {
   void setFrom(double value) { announce(assign(from_, value)); }
   /// Paints again only for a change that can be seen.
   void setTo(double value);
+  /// Whether the arc looks different on the screen when it ends at `value`: an animation of less
+  /// shows nothing.
+  Q_INVOKABLE [[nodiscard]] bool isSeenToEndAt(double value) const;
   void setLineWidth(double value) { announce(assign(lineWidth_, value)); }
   void setRoundCaps(bool value) { announce(assign(roundCaps_, value)); }
   void setColors(const QList<QColor>& value) { announce(assign(colors_, value)); }
