@@ -72,7 +72,7 @@ Item {
         startRotation: -90
 
         Behavior on to {
-            enabled: onScreen.holds && usageArc.isSeenToEndAt(targetValue)
+            enabled: onScreen.holds && usageArc.isVisibleWay(targetValue)
 
             Spring {
                 response: 0.6

@@ -81,7 +81,7 @@ Item {
         fillColor: root.barColor
 
         Behavior on share {
-            enabled: root.animated && onScreen.holds && bar.isSeenToShow(targetValue)
+            enabled: root.animated && onScreen.holds && bar.isVisibleWay(targetValue)
 
             Spring {
                 response: 0.5

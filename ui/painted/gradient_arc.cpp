@@ -11,15 +11,15 @@ namespace orvane {
 void GradientArc::setTo(double value) {
   if (to_ == value) return;
   to_ = value;
-  if (isSeenToEndAt(value)) {
+  if (isVisibleTurn(value - paintedTo_)) {
     paintedTo_ = value;
     repaint();
   }
   Q_EMIT changed();
 }
 
-bool GradientArc::isSeenToEndAt(double value) const {
-  return isVisibleMove((value - paintedTo_) * std::numbers::pi * width());
+bool GradientArc::isVisibleTurn(double share) const {
+  return isVisibleMove(share * std::numbers::pi * width());
 }
 
 QPainterPath GradientArc::path() const {

@@ -40,9 +40,10 @@ class GradientArc : public orvane::PaintedItem {
   void setFrom(double value) { announce(assign(from_, value)); }
   /// Paints again only for a change that can be seen.
   void setTo(double value);
-  /// Whether the arc looks different on the screen when it ends at `value`: an animation of less
-  /// shows nothing.
-  Q_INVOKABLE [[nodiscard]] bool isSeenToEndAt(double value) const;
+  /// Whether it shows when the end goes from where it is to `value`: no use animating less.
+  Q_INVOKABLE [[nodiscard]] bool isVisibleWay(double value) const {
+    return isVisibleTurn(value - to_);
+  }
   void setLineWidth(double value) { announce(assign(lineWidth_, value)); }
   void setRoundCaps(bool value) { announce(assign(roundCaps_, value)); }
   void setColors(const QList<QColor>& value) { announce(assign(colors_, value)); }
@@ -64,6 +65,8 @@ class GradientArc : public orvane::PaintedItem {
   [[nodiscard]] QPainterPath path() const;
   /// How the drawing of one copy is turned about the centre.
   [[nodiscard]] QTransform turn() const;
+  /// Whether a move of the end by this share of the circle shows.
+  [[nodiscard]] bool isVisibleTurn(double share) const;
   void announce(bool isNew) {
     if (isNew) Q_EMIT changed();
   }

@@ -15,15 +15,11 @@ double barFillWidth(double barWidth, double share, double inset) {
 void ShareBar::setShare(double value) {
   if (share_ == value) return;
   share_ = value;
-  if (isSeenToShow(value)) {
+  if (isVisibleMove((value - paintedShare_) * width())) {
     paintedShare_ = value;
     repaint();
   }
   Q_EMIT changed();
-}
-
-bool ShareBar::isSeenToShow(double value) const {
-  return isVisibleMove((value - paintedShare_) * width());
 }
 
 void ShareBar::paint(QPainter& painter) const {

@@ -30,8 +30,10 @@ class ShareBar : public orvane::PaintedItem {
 
   /// Paints again only for a change that can be seen.
   void setShare(double value);
-  /// Whether the bar looks different on the screen with `value`: an animation of less is unseen.
-  Q_INVOKABLE [[nodiscard]] bool isSeenToShow(double value) const;
+  /// Whether it shows when the fill goes from where it is to `value`: no use animating less.
+  Q_INVOKABLE [[nodiscard]] bool isVisibleWay(double value) const {
+    return isVisibleMove((value - share_) * width());
+  }
   void setTrackColor(const QColor& value) { announce(assign(trackColor_, value)); }
   void setFillColor(const QColor& value) { announce(assign(fillColor_, value)); }
   void setInset(double value) { announce(assign(inset_, value)); }

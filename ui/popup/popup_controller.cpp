@@ -131,7 +131,7 @@ bool PopupController::eventFilter(QObject* watched, QEvent* event) {
       return window_->activeFocusItem() == nullptr && deliverKey(*event);
     case QEvent::FocusOut:
       // While it holds the keyboard the window below has none to lose.
-      if (window_->isVisible() && isLeft()) Q_EMIT dismissed();
+      if (needsGrab() && window_->isVisible() && isLeft()) Q_EMIT dismissed();
       return false;
     case QEvent::Hide:
       retry_.stop();
