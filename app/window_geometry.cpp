@@ -9,7 +9,8 @@ namespace orvane {
 namespace {
 
 constexpr int gap = 6;              // between the panel and the popover
-constexpr int titleBarMiddle = 12;  // below the upper edge of a window's frame
+constexpr int titleBarHeight = 24;  // about: the window manager decides
+constexpr int titleBarGrip = 60;    // as much of it can be got hold of
 constexpr int panelThickness = 64;  // how far from an edge a panel's items can be
 constexpr int itemReach = 16;       // from the pointer to an item's border, where no panel is known
 
@@ -131,11 +132,14 @@ QList<ScreenArea> screenAreas() {
 }
 
 QPoint windowPosition(QPoint last, QSize size, const QList<ScreenArea>& screens) {
-  const QPoint title = last + QPoint(size.width() / 2, titleBarMiddle);
+  const QRect titleBar(last, QSize(size.width(), titleBarHeight));
   for (const ScreenArea& screen : screens) {
-    if (screen.available.contains(title)) return last;
+    const QRect seen = titleBar.intersected(screen.available);
+    if (seen.width() >= titleBarGrip && seen.height() >= titleBarHeight / 2) return last;
   }
-  return screens.first().available.center() - QPoint(size.width() / 2, size.height() / 2);
+  const QRect first = screens.first().available;
+  const QPoint middle = first.center() - QPoint(size.width() / 2, size.height() / 2);
+  return {std::max(middle.x(), first.left()), std::max(middle.y(), first.top())};
 }
 
 }  // namespace orvane

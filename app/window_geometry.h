@@ -41,7 +41,7 @@ enum class PanelEdge { top, bottom, left, right };
 [[nodiscard]] QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen);
 
 /// Where the frame of a window of `size` goes that was at `last` when it was hidden: there again,
-/// or to the middle of the first screen when its title bar would be on no screen any more.
+/// or to the middle of the first screen when too little of its title bar would be on any screen.
 /// `screens` must not be empty.
 [[nodiscard]] QPoint windowPosition(QPoint last, QSize size, const QList<ScreenArea>& screens);
 

@@ -11,6 +11,7 @@
 #include "ui/painted/bubble.h"
 #include "ui/painted/gradient_arc.h"
 #include "ui/painted/history_chart.h"
+#include "ui/painted/rectangle_shadow.h"
 #include "ui/painted/share_bar.h"
 #include "ui/painted/smooth_rectangle.h"
 #include "ui/painted/symbol.h"
@@ -130,6 +131,20 @@ TEST_F(PaintedTest, APictureOfLittleDetailReachesTheEdges) {
   EXPECT_GT(image.pixelColor(10, 40).red(), 230);
   EXPECT_GT(image.pixelColor(69, 67).blue(), 230);
   EXPECT_EQ(image.pixelColor(70, 68), QColor(Qt::white));
+}
+
+TEST_F(PaintedTest, AShadowIsSoftAroundItsRectangleAndAbsentInside) {
+  RectangleShadow shadow;
+  shadow.setRadius(12);
+  shadow.setBlurRadius(8);
+  shadow.setColor(Qt::black);
+  add(shadow, {20, 20, 40, 40});
+  const QImage image = picture();
+  EXPECT_EQ(image.pixelColor(40, 40), QColor(Qt::white)) << "cut out";
+  EXPECT_LT(image.pixelColor(18, 40).red(), 180);
+  EXPECT_GT(image.pixelColor(12, 40).red(), image.pixelColor(16, 40).red());
+  EXPECT_LT(image.pixelColor(12, 40).red(), 255) << "cut off";
+  EXPECT_LT(image.pixelColor(21, 21).red(), 250) << "the corner is round, its shadow seen";
 }
 
 TEST_F(PaintedTest, EverySymbolDrawsInItsColour) {

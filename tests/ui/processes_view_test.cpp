@@ -229,12 +229,27 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
   EXPECT_EQ(openWindow(), nullptr);
 }
 
-TEST_F(Processes, ClosesTheDetailsOfARowThatIsScrolledAway) {
+TEST_F(Processes, KeepsTheScrollingAndClosesTheDetailsOfARowThatIsScrolledAway) {
   start(10);
+  item("list").setProperty("contentY", 20.0);
+  sample();
+  EXPECT_EQ(item("list").property("contentY").toDouble(), 20.0);
   ASSERT_NE(openDetails(1), nullptr);
   for (int i = 0; i < 10; ++i) QTest::keyClick(openWindow(), Qt::Key_Down);
   EXPECT_EQ(selectedPid(), 10);
   EXPECT_TRUE(eventually([] { return openWindow() == nullptr; }));
+}
+
+TEST_F(Processes, LeavesTheArrowsToAnOpenMenu) {
+  start(3);
+  click(item("sortMenu"));
+  QQuickWindow* menu = openWindow();
+  ASSERT_NE(menu, nullptr);
+  for (int i = 0; i < 3; ++i) QTest::keyClick(menu, Qt::Key_Down);
+  QTest::keyClick(menu, Qt::Key_Return);
+  settle();
+  EXPECT_EQ(manager_->processSortMode(), ProcessSortMode::peak);
+  EXPECT_EQ(selectedPid(), 0);
 }
 
 }  // namespace

@@ -44,9 +44,6 @@ class StatusMenuViewTest : public ViewCase {
     QTest::qWait(30);
     return openWindow();
   }
-  [[nodiscard]] qsizetype ringColors() const {
-    return item("ring").property("colors").value<QList<QColor>>().size();
-  }
 
   std::vector<std::string> calls_;
   bool windowVisible_ = false;
@@ -74,16 +71,12 @@ TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
   EXPECT_TRUE(eventually([&] { return view_->height() == closed && find("details") == nullptr; }));
 }
 
-TEST_F(StatusMenuViewTest, ColoursTurnWarmAndFiguresFollowTheModel) {
+TEST_F(StatusMenuViewTest, FiguresAndColoursFollowTheModel) {
   show();
-  EXPECT_EQ(ringColors(), 3);
   services_.counters.setUsage(85.01);
   sample();
-  EXPECT_EQ(ringColors(), 2);
+  EXPECT_EQ(item("ring").property("colors").value<QList<QColor>>().size(), 2) << "warm";
   EXPECT_EQ(text(item("ringText")), QStringLiteral("85%"));
-  services_.counters.counts = PageCounts{};
-  sample();
-  EXPECT_EQ(item("ring").property("progressEnd").toDouble(), 0) << "no memory at all";
   const int before = view_->height();
   services_.counters.counts.reset();
   sample();

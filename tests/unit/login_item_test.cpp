@@ -37,16 +37,5 @@ TEST(LoginItem, leavesNothingButTheEntry) {
   EXPECT_NE(autostartEntry("/p%f").find("Exec=\"/p%%f\"\n"), std::string::npos) << "no field code";
 }
 
-TEST(LoginItem, refusalsAreDescribed) {
-  const TestDirectory directory;
-  const std::string file = directory.write("file", "");
-  EXPECT_EQ(LinuxLoginItem("/p", file).registerItem(), "Not a directory");
-  EXPECT_EQ(LinuxLoginItem("/p", file + "/autostart").registerItem(), "Not a directory");
-  EXPECT_NE(LinuxLoginItem("/p", "/proc/self/autostart").registerItem(), std::nullopt)
-      << "a place where nothing can be made";
-  std::filesystem::create_directories(directory.path("orvane.desktop/x"));
-  EXPECT_EQ(LinuxLoginItem("/p", directory.path()).registerItem(), "Is a directory");
-}
-
 }  // namespace
 }  // namespace orvane

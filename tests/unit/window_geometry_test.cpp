@@ -42,13 +42,15 @@ TEST(PopoverGeometry, StaysOnTheScreenOfTheItem) {
   EXPECT_EQ(&screenAt({5000, 5000}, screens), &screens.first());
 }
 
-TEST(WindowPosition, IsTheLastOneWhileItsTitleBarIsOnAScreen) {
+TEST(WindowPosition, IsTheLastOneWhileItsTitleBarCanBeReached) {
   const QList<ScreenArea> screens = {{whole, {0, 28, 1280, 772}}};
   const QSize size(440, 510);
-  for (const QPoint last : {QPoint(700, 100), QPoint(-200, 30), QPoint(1000, 700)})
+  for (const QPoint last : {QPoint(700, 100), QPoint(-380, 30), QPoint(1220, 788)})
     EXPECT_EQ(windowPosition(last, size, screens), last);
-  for (const QPoint gone : {QPoint(1400, 100), QPoint(-300, 30), QPoint(100, -600)})
+  for (const QPoint gone : {QPoint(1400, 100), QPoint(-400, 30), QPoint(100, -600)})
     EXPECT_EQ(windowPosition(gone, size, screens), QPoint(419, 158));
+  const QList<ScreenArea> low = {{{0, 0, 640, 400}, {0, 28, 640, 372}}};
+  EXPECT_EQ(windowPosition({1400, 100}, size, low), QPoint(99, 28)) << "its title bar comes first";
 }
 
 TEST(ItemLocation, TakesTheMostCredibleSource) {

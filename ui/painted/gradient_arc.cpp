@@ -11,7 +11,7 @@ namespace orvane {
 void GradientArc::setTo(double value) {
   if (to_ == value) return;
   to_ = value;
-  if (isVisibleTurn(value - paintedTo_)) {
+  if (width() <= 0 || isVisibleTurn(value - paintedTo_)) {
     paintedTo_ = value;
     repaint();
   }

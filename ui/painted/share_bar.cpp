@@ -15,7 +15,7 @@ double barFillWidth(double barWidth, double share, double inset) {
 void ShareBar::setShare(double value) {
   if (share_ == value) return;
   share_ = value;
-  if (isVisibleMove((value - paintedShare_) * width())) {
+  if (width() <= 0 || isVisibleMove((value - paintedShare_) * width())) {
     paintedShare_ = value;
     repaint();
   }
