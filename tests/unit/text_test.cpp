@@ -1,6 +1,6 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 
 #include "core/number_format.h"
@@ -33,8 +33,9 @@ TEST(DecodeUtf8, ReplacesEachInvalidSequence) {
 }
 
 TEST(Uuid, IsARandomOneOfVersionFour) {
-  const std::regex form("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}");
-  EXPECT_TRUE(std::regex_match(Uuid::random().text(), form));
+  EXPECT_THAT(
+      Uuid::random().text(),
+      testing::MatchesRegex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}"));
   EXPECT_NE(Uuid::random(), Uuid::random());
 }
 
