@@ -27,8 +27,7 @@ QuickMainWindow::QuickMainWindow(Views& views, MainWindowClosures closures,
   view_->setMinimumSize(contentSize);
   view_->setMaximumSize(contentSize);
   view_->resize(contentSize);
-  view_->setPosition(view_->screen()->availableGeometry().center() -
-                     QPoint(contentSize.width() / 2, contentSize.height() / 2));
+  view_->setPosition(centredPosition(contentSize, view_->screen()->availableGeometry()));
   view_->installEventFilter(this);
   connect(view_.get(), &QWindow::activeChanged, this, [this] {
     if (view_->isActive() && delegate_.didBecomeKey) delegate_.didBecomeKey(*this);

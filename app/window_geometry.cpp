@@ -131,15 +131,18 @@ QList<ScreenArea> screenAreas() {
   return areas;
 }
 
+QPoint centredPosition(QSize size, const QRect& available) {
+  const QPoint corner = available.center() - QPoint(size.width() / 2, size.height() / 2);
+  return {std::max(corner.x(), available.left()), std::max(corner.y(), available.top())};
+}
+
 QPoint windowPosition(QPoint last, QSize size, const QList<ScreenArea>& screens) {
   const QRect titleBar(last, QSize(size.width(), titleBarHeight));
   for (const ScreenArea& screen : screens) {
     const QRect seen = titleBar.intersected(screen.available);
     if (seen.width() >= titleBarGrip && seen.height() >= titleBarHeight / 2) return last;
   }
-  const QRect first = screens.first().available;
-  const QPoint middle = first.center() - QPoint(size.width() / 2, size.height() / 2);
-  return {std::max(middle.x(), first.left()), std::max(middle.y(), first.top())};
+  return centredPosition(size, screens.first().available);
 }
 
 }  // namespace orvane

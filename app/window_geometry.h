@@ -40,6 +40,10 @@ enum class PanelEdge { top, bottom, left, right };
 /// the item, and always inside of what panels leave.
 [[nodiscard]] QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen);
 
+/// Where a window of `size` lies in the middle of what panels leave of the screen, its upper left
+/// corner inside in any case.
+[[nodiscard]] QPoint centredPosition(QSize size, const QRect& available);
+
 /// Where the frame of a window of `size` goes that was at `last` when it was hidden: there again,
 /// or to the middle of the first screen when too little of its title bar would be on any screen.
 /// `screens` must not be empty.

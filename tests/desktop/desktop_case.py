@@ -16,7 +16,7 @@ from tools.desktop.session import Session  # noqa: E402
 from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
 
 PROGRAM = pathlib.Path(os.environ.get("ORVANE_PROGRAM", ROOT / "build/release/orvane"))
-VERSION = os.environ.get("ORVANE_VERSION", "")
+VERSION = re.search(r"VERSION (\d+\.\d+\.\d+)", (ROOT / "CMakeLists.txt").read_text())[1]
 PICTURES = pathlib.Path(os.environ.get("ORVANE_PICTURES", ROOT / "build/test-screenshots"))
 
 
