@@ -36,7 +36,7 @@ inline std::string readFile(const std::string& path) {
 }
 
 inline std::string testData(const std::string& name) {
-  return readFile(std::string(ORVANE_TEST_DATA) + "/" + name);
+  return readFile(ORVANE_TEST_DATA "/" + name);
 }
 
 /// Sets (or, with none, removes) an environment variable until the end of the scope.

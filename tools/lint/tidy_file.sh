@@ -3,7 +3,7 @@
 set -euo pipefail
 build=$1 file=$2
 
-if output=$(clang-tidy --quiet -p "$build" "$file" 2>&1); then
+if output=$(clang-tidy --quiet -p "$build/tidy" "$file" 2>&1); then
   touch "$build/tidy/last-${file//\//_}"
 else
   printf '%s\n' "$output"
