@@ -16,6 +16,7 @@ sys.path.insert(0, str(ROOT))
 from bench.program.figures import Row, cpu_seconds, memory, wake_ups  # noqa: E402
 from bench.program.main_window import MainWindowMeasurement  # noqa: E402
 from tools.desktop.orvane import Orvane  # noqa: E402
+from tools.desktop.panel import find_item  # noqa: E402
 from tools.desktop.pointer import Pointer  # noqa: E402
 from tools.desktop.processes import wait_for  # noqa: E402
 from tools.desktop.session import Session  # noqa: E402
@@ -99,7 +100,7 @@ class Measurement:
 
     def opening(self):
         """Milliseconds from the mouse button's release on the item to the popover's first frame."""
-        screen, point = self.desktop.screen, self.item_point()
+        screen, point = self.desktop.screen, find_item(self.desktop)
         self.pointer.move(point[0] - 400, 400)  # a pointer that rests on the item shows a tooltip
         time.sleep(0.7)
         area = (point[0] - 140, 60, 280, 40)
@@ -118,10 +119,6 @@ class Measurement:
         self.pointer.key("Escape")
         wait_for("closed popover", 5, lambda: screen.area(*area) == before)
         return (shown - released) * 1000
-
-    def item_point(self):
-        from tools.desktop import panel  # connects to the desktop that exists now
-        return panel.find_item(self.desktop, self.desktop.start_panel)
 
 
 def beside(figures):

@@ -2,6 +2,8 @@
 
 from desktop_case import DesktopCase
 
+from tools.desktop.panel import find_item
+
 
 class PopoverCase(DesktopCase):
     CONTROL = "Settings"  # is there whenever the popover is, and nowhere else
@@ -10,13 +12,13 @@ class PopoverCase(DesktopCase):
     def setUpClass(cls):
         super().setUpClass()
         # AT-SPI connects once, to the desktop that exists now.
-        from tools.desktop import accessibility, panel
-        cls.seen, cls.panel_view = accessibility, panel
+        from tools.desktop import accessibility
+        cls.seen = accessibility
 
     def setUp(self):
         self.orvane = self.start_orvane()
         self.orvane.wait_for_item()
-        self.item_point = self.panel_view.find_item(self.desktop, self.start_panel)
+        self.item_point = find_item(self.desktop)
 
     def control(self, name):
         return self.seen.find(self.orvane.pid, name)
@@ -59,6 +61,24 @@ class PopoverCase(DesktopCase):
     def has_focus(self):
         return any(self.seen.has_state(node, "active") for node in
                    self.seen.everything(self.orvane.pid) if node.get_role_name() in ("window", "frame"))
+
+    def has_keyboard(self, name):
+        node = self.control(name)
+        return node and self.seen.has_state(node, "focused")
+
+    def tab_to(self, name):
+        """Moves the keyboard to a control, as a user without a mouse would."""
+        self.wait_for_control(name)
+        for _ in range(12):
+            if self.has_keyboard(name):
+                return
+            self.pointer.key("Tab")
+            try:
+                self.wait_for(f"keyboard on {name}", 0.3, lambda: self.has_keyboard(name))
+            except TimeoutError:
+                pass
+        self.picture("unreachable")
+        self.fail(f"the keyboard never reached {name}")
 
     def close_popover(self):
         if self.control(self.CONTROL):

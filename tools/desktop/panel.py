@@ -1,30 +1,25 @@
-"""The virtual desktop's panel, seen through assistive technology."""
+"""The virtual desktop's panel, as it looks."""
 
-from gi.repository import GLib
-
-from . import accessibility
 from .processes import wait_for
 from .virtual_desktop import PANEL_HEIGHT
-
 
 BADGE = bytes((46, 40, 38))  # blue, green, red of the item's ground
 
 
-def find_item(desktop, start_panel):
-    """The middle of the status item once it is in the panel. Now and then a panel starts without
-    becoming known to assistive technology: then the item is found by its looks, or in a new panel."""
-    try:
-        return wait_for("item in the panel", 10, lambda: item_point(desktop))
-    except TimeoutError:
-        if not badge_point(desktop):
-            desktop.stop("panel")
-            start_panel()
-        return wait_for("item in the panel", 10,
-                        lambda: item_point(desktop) or badge_point(desktop))
+def find_item(desktop):
+    """The middle of the status item once it stands still in the panel."""
+    places = []
+
+    def still():
+        places.append(badge_point(desktop))
+        return len(places) > 2 and places[-1] == places[-2] == places[-3] and places[-1]
+
+    return wait_for("item in the panel", 10, still, 0.1)
 
 
 def badge_point(desktop):
-    """The middle of what has the item's colour in the panel; None where there is too little of it."""
+    """The middle of what has the item's colour in the panel; None where there is too little of it, or
+    more than one item's."""
     width, height = desktop.screen.width, PANEL_HEIGHT
     pixels = desktop.screen.area(0, 0, width, height)
     places = [divmod(at, width) for at in range(width * height)
@@ -32,19 +27,6 @@ def badge_point(desktop):
     if len(places) < 60:
         return None
     rows, columns = zip(*places)
+    if max(columns) - min(columns) > PANEL_HEIGHT:
+        return None
     return (min(columns) + max(columns)) // 2, (min(rows) + max(rows)) // 2
-
-
-def item_point(desktop):
-    """The middle of the status item on the screen, the panel's only push button; None while there
-    is none."""
-    for node in accessibility.everything(desktop.running("panel").pid):
-        try:
-            if node.get_role_name() != "push button":
-                continue
-            x, y, width, height = accessibility.rectangle(node)
-        except GLib.Error:
-            continue  # it has just gone
-        if width > 1 and x >= 0:
-            return x + width // 2, y + height // 2
-    return None
