@@ -47,11 +47,11 @@ class Popover(PopoverCase):
 
     def test_by_keyboard(self):
         self.open_popover()
-        self.focus("Show Details")
+        self.tab_to("Show Details")
         self.pointer.key("space")
         self.wait_for_control("Compressed")
         self.picture("details")
-        self.focus("Boost Memory")
+        self.tab_to("Boost Memory")
         self.picture("focus")
         self.pointer.key("Return")
         self.wait_for_control("Boosting...", 2)
@@ -76,25 +76,6 @@ class Popover(PopoverCase):
         return next(self.seen.rectangle(node) for node in self.seen.everything(self.orvane.pid)
                     if node.get_role_name() in ("window", "frame")
                     and self.seen.has_state(node, "showing"))
-
-    def focus(self, name):
-        """Moves the focus there with Tab."""
-        for _ in range(8):
-            node = self.wait_for_control(name)
-            if self.seen.has_state(node, "focused"):
-                return
-            self.pointer.key("Tab")
-            self.settle()
-        self.fail(f"Tab never reached {name!r}")
-
-    def settle(self):
-        """Waits until the focus was announced: the screen shows another picture or stays the same
-        for a moment."""
-        before = self.desktop.screen.everything()
-        try:
-            self.wait_for("change", 0.3, lambda: self.desktop.screen.everything() != before)
-        except TimeoutError:
-            pass
 
 
 if __name__ == "__main__":

@@ -34,24 +34,6 @@ class WindowCase(PopoverCase):
     def taskbar_shows(self, title):
         return "SKIP_TASKBAR" not in self.client_windows().get(title, "SKIP_TASKBAR")
 
-    def has_keyboard(self, name):
-        node = self.control(name)
-        return node and self.seen.has_state(node, "focused")
-
-    def tab_to(self, name):
-        """Moves the keyboard to a control, as a user without a mouse would."""
-        self.wait_for_control(name)
-        for _ in range(12):
-            if self.has_keyboard(name):
-                return
-            self.pointer.key("Tab")
-            try:
-                self.wait_for(f"keyboard on {name}", 0.3, lambda: self.has_keyboard(name))
-            except TimeoutError:
-                pass
-        self.picture("unreachable")
-        self.fail(f"the keyboard never reached {name}")
-
     def choose(self, menu, entry):
         """An entry of the menu bar, by mouse."""
         x, y, width, height = self.seen.rectangle(self.seen.find(

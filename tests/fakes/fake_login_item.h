@@ -1,28 +1,24 @@
 #pragma once
 
-#include <string>
+#include <utility>
 
 #include "platform/login_item.h"
 
 namespace orvane::fakes {
 
-/// A login item in memory; with `failure` set both operations fail with it.
+/// A login item in memory.
 class FakeLoginItem : public LoginItem {
  public:
-  [[nodiscard]] Error registerItem() override { return change(true); }
-  [[nodiscard]] Error unregisterItem() override {
-    if (!failure && !registered) return "No such file or directory";
-    return change(false);
+  [[nodiscard]] Error registerItem() override {
+    registered_ = true;
+    return {};
   }
-
-  Error failure;
-  bool registered = false;
+  [[nodiscard]] Error unregisterItem() override {
+    return std::exchange(registered_, false) ? Error() : "No such file or directory";
+  }
 
  private:
-  Error change(bool value) {
-    if (!failure) registered = value;
-    return failure;
-  }
+  bool registered_ = false;
 };
 
 }  // namespace orvane::fakes

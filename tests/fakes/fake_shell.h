@@ -55,7 +55,6 @@ class FakeWindows : public WindowFactory {
   UpdateClosures updateClosures;
   bool popoverShown = false;
   std::optional<PopoverClosures> closures;
-  std::function<void()> whileShowing;
   MainWindow* mainWindow = nullptr;
   MainWindowDelegate mainWindowDelegate;
 
@@ -75,7 +74,6 @@ class FakeWindows : public WindowFactory {
     void show(ScreenPoint /*item*/, PopoverClosures given) override {
       windows.popoverShown = true;
       windows.closures = std::move(given);
-      if (windows.whileShowing) windows.whileShowing();
     }
     FakeWindows& windows;
   };

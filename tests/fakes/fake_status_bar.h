@@ -24,12 +24,8 @@ class FakeStatusBar : public StatusBar {
     int iconCount = 0;
   };
 
-  std::unique_ptr<StatusBarItem> makeItem() override {
-    if (refuses) return nullptr;
-    return std::make_unique<Item>(state);
-  }
+  std::unique_ptr<StatusBarItem> makeItem() override { return std::make_unique<Item>(state); }
 
-  bool refuses = false;
   std::shared_ptr<State> state = std::make_shared<State>();
 
  private:

@@ -63,17 +63,6 @@ TEST_F(MainWindowTest, FiguresAreThoseOfTheSample) {
   }
 }
 
-TEST_F(MainWindowTest, StaysEmptyUntilThereIsASample) {
-  services_.counters.counts.reset();
-  show();
-  EXPECT_EQ(find("gauge"), nullptr);
-  EXPECT_EQ(find("detailsToggle"), nullptr);
-  setMemory(1, 1, 1, 1, 0);
-  sample();
-  EXPECT_NE(find("gauge"), nullptr);
-  EXPECT_NE(find("detailsToggle"), nullptr);
-}
-
 TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
   addApplications(3);
   show();
@@ -104,21 +93,6 @@ TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
   EXPECT_TRUE(eventually([this] { return find("freeBar") == nullptr; }));
 }
 
-TEST_F(MainWindowTest, BoostButtonIsDeadWhileABoostRuns) {
-  show();
-  click(item("boostButton"));
-  ASSERT_TRUE(manager_->isProcessing());
-  EXPECT_FALSE(item("boostButton").isEnabled());
-  EXPECT_EQ(text(item("caption")), QStringLiteral("Boosting..."));
-  EXPECT_NE(find("glow"), nullptr);
-
-  services_.time.advance(Duration{2});
-  QTest::qWait(50);
-  EXPECT_TRUE(item("boostButton").isEnabled());
-  EXPECT_EQ(find("glow"), nullptr);
-  EXPECT_EQ(find("processingArcs"), nullptr);
-}
-
 TEST_F(MainWindowTest, DrawsOnlyWhileSomethingMovesAndCanBeSeen) {
   show();
   EXPECT_TRUE(eventually([this] { return framesWithin(200) == 0; }));
@@ -137,16 +111,6 @@ TEST_F(MainWindowTest, DrawsOnlyWhileSomethingMovesAndCanBeSeen) {
   const double stopped = item("processingArcs").rotation();
   EXPECT_EQ(framesWithin(300), 0);
   EXPECT_EQ(item("processingArcs").rotation(), stopped);
-}
-
-TEST_F(MainWindowTest, AGaugeMadeDuringABoostStandsStill) {
-  createViews();
-  manager_->boostMemory();
-  show();
-  EXPECT_NE(find("processingArcs"), nullptr);
-  QTest::qWait(200);
-  EXPECT_EQ(item("processingArcs").rotation(), 0);
-  EXPECT_EQ(item("glow").opacity(), 0);
 }
 
 TEST_F(MainWindowTest, UsageArcSpringsToANewFigure) {

@@ -1,20 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <QPainter>
-#include <QPainterPath>
 #include <QQuickWindow>
 #include <QTest>
 #include <limits>
 #include <memory>
 
-#include "ui/painted/blur.h"
-#include "ui/painted/bubble.h"
 #include "ui/painted/gradient_arc.h"
 #include "ui/painted/history_chart.h"
 #include "ui/painted/rectangle_shadow.h"
 #include "ui/painted/share_bar.h"
-#include "ui/painted/smooth_rectangle.h"
-#include "ui/painted/symbol.h"
 
 namespace orvane {
 namespace {
@@ -42,39 +36,6 @@ TEST(ShareBar, FillKeepsItsInsetAndIsNeverNegative) {
   EXPECT_DOUBLE_EQ(barFillWidth(384, 1), 376);
   EXPECT_DOUBLE_EQ(barFillWidth(384, 0), 0);
   EXPECT_DOUBLE_EQ(barFillWidth(7, 0.5), 0);
-}
-
-TEST(Blur, SpreadsEvenlyWithinItsReachAndLosesNothing) {
-  QImage image(160, 160, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
-  QPainter painter(&image);
-  const QRectF square(60, 60, 40, 40);
-  paintBlurred(painter, square, 16, [&](QPainter& target) { target.fillRect(square, Qt::black); });
-  painter.end();
-
-  double sum = 0;
-  for (int y = 0; y < 160; ++y) {
-    for (int x = 0; x < 160; ++x) sum += qAlpha(image.pixel(x, y));
-  }
-  EXPECT_NEAR(sum / (40.0 * 40 * 255), 1, 0.02);
-  EXPECT_NEAR(qAlpha(image.pixel(80, 80)), 251, 6);  // 2.5 deviations to every edge
-  EXPECT_NEAR(qAlpha(image.pixel(60, 80)), 128, 8);  // on an edge
-  EXPECT_NEAR(qAlpha(image.pixel(50, 80)), qAlpha(image.pixel(80, 109)), 4);
-  EXPECT_LE(qAlpha(image.pixel(60 - static_cast<int>(blurReach(16)) - 2, 80)), 1);
-}
-
-TEST(BubblePath, PointsAtItsTipOnEitherSideInsideItsBounds) {
-  const QRectF bounds(0, 0, 100, 80);
-  for (const bool onRight : {false, true}) {
-    for (const double tip : {-50.0, 40.0, 200.0}) {
-      const QPainterPath path = bubblePath(bounds, 10, 9, onRight, tip);
-      EXPECT_TRUE(bounds.adjusted(-0.01, -0.01, 0.01, 0.01).contains(path.boundingRect()));
-      const double x = onRight ? 96 : 4;
-      const double y = tip < 0 ? 22.9 : tip > 80 ? 57.1 : 40;  // clear of the corners
-      EXPECT_TRUE(path.contains(QPointF(x, y))) << onRight << " " << tip;
-      EXPECT_FALSE(path.contains(QPointF(x, y - 15)));
-    }
-  }
 }
 
 class PaintedTest : public testing::Test {
@@ -122,17 +83,6 @@ TEST_F(PaintedTest, ArcRunsClockwiseAndIsPaintedOnlyWhenAnInputChanges) {
   EXPECT_EQ(picture().pixelColor(62, 22), QColor(Qt::white)) << "nothing to draw";
 }
 
-TEST_F(PaintedTest, APictureOfLittleDetailReachesTheEdges) {
-  SmoothRectangle rectangle;
-  rectangle.setGradientColors({Qt::red, Qt::blue});
-  rectangle.setDetail(1.0 / 8);
-  add(rectangle, {10, 10, 60, 58});
-  const QImage image = picture();
-  EXPECT_GT(image.pixelColor(10, 40).red(), 230);
-  EXPECT_GT(image.pixelColor(69, 67).blue(), 230);
-  EXPECT_EQ(image.pixelColor(70, 68), QColor(Qt::white));
-}
-
 TEST_F(PaintedTest, AShadowIsSoftAroundItsRectangleAndAbsentInside) {
   RectangleShadow shadow;
   shadow.setRadius(12);
@@ -145,27 +95,6 @@ TEST_F(PaintedTest, AShadowIsSoftAroundItsRectangleAndAbsentInside) {
   EXPECT_GT(image.pixelColor(12, 40).red(), image.pixelColor(16, 40).red());
   EXPECT_LT(image.pixelColor(12, 40).red(), 255) << "cut off";
   EXPECT_LT(image.pixelColor(21, 21).red(), 250) << "the corner is round, its shadow seen";
-}
-
-TEST_F(PaintedTest, EverySymbolDrawsInItsColour) {
-  for (const char* name :
-       {"bolt.fill", "gearshape.fill", "chevron.up.circle.fill", "chevron.down.circle.fill",
-        "chevron.up", "chevron.down", "chevron.right", "info.circle.fill", "arrow.up.arrow.down",
-        "arrow.clockwise", "xmark.circle.fill", "app.fill", "square.fill", "number",
-        "arrow.triangle.branch", "arrow.up.forward", "checkmark"}) {
-    Symbol symbol;
-    symbol.setName(QLatin1String(name));
-    symbol.setColor(Qt::red);
-    add(symbol, {10, 10, 60, 60});
-    const QImage image = picture();
-    int inked = 0;
-    for (int i = 0; i < 80 * 80; ++i) {
-      inked += image.pixelColor(i % 80, i / 80) == QColor(Qt::red) ? 1 : 0;
-    }
-    EXPECT_GT(inked, 200) << name;
-    EXPECT_LT(inked, 3300) << name;
-  }
-  EXPECT_TRUE(Symbol::drawing(QStringLiteral("no.such.symbol")).isEmpty());
 }
 
 }  // namespace

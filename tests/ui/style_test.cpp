@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QEasingCurve>
-#include <QGuiApplication>
-#include <QPalette>
 #include <cmath>
 
 #include "ui/style/formats.h"
 #include "ui/style/palette.h"
 #include "ui/style/spring_curve.h"
-#include "ui/style/theme.h"
 #include "ui/style/usage_colors.h"
 
 namespace orvane {
@@ -62,21 +59,6 @@ TEST(Formats, WriteEveryFigureAsTheViewsShowIt) {
   EXPECT_EQ(wholePercentText(0.4), QStringLiteral("0%"));
   EXPECT_EQ(fraction(1, 4), 0.25);
   EXPECT_EQ(fraction(1, 0), 0) << "a part of nothing";
-}
-
-TEST(Theme, FollowsThePaletteUntilToldOtherwise) {
-  const QPalette before = QGuiApplication::palette();
-  Theme theme;
-  const bool wasDark = theme.isDark();
-  QPalette other = before;
-  other.setColor(QPalette::Window, wasDark ? Qt::white : Qt::black);
-  other.setColor(QPalette::WindowText, wasDark ? Qt::black : Qt::white);
-  QGuiApplication::setPalette(other);
-  QCoreApplication::processEvents();
-  EXPECT_NE(theme.isDark(), wasDark);
-  theme.setScheme(wasDark ? ColorScheme::dark : ColorScheme::light);
-  EXPECT_EQ(theme.isDark(), wasDark);
-  QGuiApplication::setPalette(before);
 }
 
 }  // namespace

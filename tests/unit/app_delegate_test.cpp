@@ -88,18 +88,6 @@ TEST_F(AppDelegateTest, AsksForNotificationsAndPrintsOnlyErrors) {
               ElementsAre("Error requesting notification permissions: no service"));
 }
 
-TEST_F(AppDelegateTest, NotificationsAreShownInFrontAndClicksDoNothing) {
-  launch();
-  ASSERT_EQ(fakes_.notifications.delegate, delegate_.get());
-  const PresentationOptions options = delegate_->willPresentNotification({});
-  EXPECT_TRUE(options.banner && options.sound);
-  journal_.clear();
-  delegate_->didReceiveResponse({}, [this] { journal_.emplace_back("completed"); });
-  EXPECT_THAT(journal_, ElementsAre("completed"));
-  delegate_.reset();
-  EXPECT_EQ(fakes_.notifications.delegate, nullptr);
-}
-
 TEST_F(AppDelegateTest, TheTitleIsTheTruncatedUsageOfTheCurrentSampleAtEachTick) {
   fakes_.counters.counts.reset();
   launch();
@@ -159,40 +147,16 @@ TEST_F(AppDelegateTest, TheBoltStandsFromTheRequestUntilTheBoostIsComplete) {
   EXPECT_EQ(shownIcon(), 1040);
 }
 
-TEST_F(AppDelegateTest, TheItemTogglesThePopoverAndEachOpeningTakesASample) {
-  launch();
-  const int reads = fakes_.counters.readCount;
-  windows_.whileShowing = [&] { EXPECT_EQ(fakes_.counters.readCount, reads) << "not before"; };
-  clickItem();
-  EXPECT_TRUE(windows_.popoverShown);
-  clickItem();
-  EXPECT_FALSE(windows_.popoverShown);
-  EXPECT_EQ(fakes_.counters.readCount, reads + 1);
-}
-
-TEST_F(AppDelegateTest, ThePopoverAndTheMenuShowAndHideTheMainWindow) {
-  fakes_.preferences.booleans = {{"hasLaunchedBefore", true}};
-  launch();
-  clickItem();
-  journal_.clear();
-  windows_.closures->setMainWindowVisible(true);
-  EXPECT_TRUE(windows_.closures->isMainWindowVisible());
-  EXPECT_TRUE(menuEntry("Show Window").isChecked());
-  menuEntry("Show Window").activate();
-  EXPECT_FALSE(windows_.closures->isMainWindowVisible());
-  EXPECT_FALSE(fakes_.preferences.booleans["mainWindowVisible"]);
-  menuEntry("Show Window").activate();
-  EXPECT_TRUE(fakes_.preferences.booleans["mainWindowVisible"]);
-  EXPECT_THAT(journal_, ElementsAre("regular", "make window", "activate", "front", "out",
-                                    "accessory", "regular", "activate", "front"));
-}
-
 TEST_F(AppDelegateTest, ClosingTheMainWindowHidesItAndOnlyThatWindowCounts) {
   launch();
   journal_.clear();
   windows_.mainWindowDelegate.willClose(*windows_.mainWindow);
-  EXPECT_THAT(journal_, ElementsAre("out", "accessory"));
   EXPECT_FALSE(fakes_.preferences.booleans["mainWindowVisible"]);
+  menuEntry("Show Window").activate();
+  EXPECT_TRUE(menuEntry("Show Window").isChecked());
+  menuEntry("Show Window").activate();
+  EXPECT_THAT(journal_,
+              ElementsAre("out", "accessory", "regular", "activate", "front", "out", "accessory"));
 
   const auto writes = fakes_.preferences.writes;
   windows_.mainWindowDelegate.didBecomeKey(*windows_.mainWindow);
@@ -203,21 +167,6 @@ TEST_F(AppDelegateTest, ClosingTheMainWindowHidesItAndOnlyThatWindowCounts) {
   EXPECT_TRUE(delegate_->isMainWindowVisible());
   EXPECT_THAT(journal_, ElementsAre());
   EXPECT_EQ(fakes_.preferences.writes, writes);
-}
-
-TEST_F(AppDelegateTest, LaunchAtLoginKeepsTheUsersChoiceAndPrintsFailures) {
-  launch();
-  clickItem();
-  windows_.closures->setLaunchAtLogin(true);
-  EXPECT_TRUE(menuEntry("Launch at Login").isChecked());
-  EXPECT_THAT(fakes_.output.lines, ElementsAre());
-  loginItem_.failure = "refused";
-  menuEntry("Launch at Login").activate();
-  EXPECT_FALSE(windows_.closures->launchAtLogin());
-  windows_.closures->setLaunchAtLogin(true);
-  EXPECT_TRUE(windows_.closures->launchAtLogin());
-  EXPECT_THAT(fakes_.output.lines, ElementsAre("Failed to disable launch at login: refused",
-                                               "Failed to enable launch at login: refused"));
 }
 
 TEST_F(AppDelegateTest, ASupportAddressThatIsNoneIsPrinted) {
@@ -236,7 +185,9 @@ TEST_F(AppDelegateTest, NothingHappensOnceTheDelegateIsGone) {
   launch();
   clickItem();
   const auto state = statusBar_.state;
+  ASSERT_EQ(fakes_.notifications.delegate, delegate_.get());
   delegate_.reset();
+  EXPECT_EQ(fakes_.notifications.delegate, nullptr);
   journal_.clear();
   windows_.closures->setMainWindowVisible(true);
   windows_.closures->onQuit();
@@ -259,16 +210,6 @@ TEST_F(AppDelegateTest, AnUpdateCheckEndsWithItsWindow) {
   windows_.updateClosures.openPage("https://orvane.example/");
   EXPECT_THAT(opener_.urls, ElementsAre("https://orvane.example/"));
   EXPECT_THAT(journal_, ElementsAre("checking", "result", "checking", "close update"));
-}
-
-TEST_F(AppDelegateTest, WithoutAStatusAreaEverythingElseWorks) {
-  statusBar_.refuses = true;
-  launch();
-  delegate_->togglePopover({});
-  EXPECT_FALSE(windows_.popoverShown);
-  delegate_->boostMemoryFromMenu();
-  fakes_.time.advance(Duration{10.0});
-  EXPECT_TRUE(delegate_->isMainWindowVisible());
 }
 
 }  // namespace

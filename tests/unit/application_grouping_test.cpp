@@ -130,9 +130,6 @@ TEST(ApplicationGrouping, WrappersHandTheLeadToTheirProgram) {
   auto tool = process(11, 10);
   tool.startTime = 5000;
   EXPECT_EQ(groups({process(10, 1, ProcessRole::wrapper), tool}), (Groups{"10: 10 11"}));
-}
-
-TEST(ApplicationGrouping, PrefersTheRootAboveTheWindow) {
   // The launcher of the unit has ended; its crash reporter is older than the program.
   EXPECT_EQ(
       groups({inUnit(process(10, 1), "/a.scope", true), inUnit(process(11, 1), "/a.scope", true),

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
-#include <cstdlib>
 #include <filesystem>
 
 #include "tests/unit/test_files.h"
@@ -63,16 +61,6 @@ TEST_F(DesktopEntriesTest, FindsByCommand) {
   EXPECT_EQ(byCommand("/usr/bin/unshare", {"unshare", "--user", "x"}), "") << "a mere launcher";
   EXPECT_EQ(byCommand("/usr/bin/bash", {"bash"}), "");
   EXPECT_EQ(byCommand("/opt/cat/real-cat", {"/usr/bin/cat"}), "cat") << "started under its name";
-}
-
-TEST_F(DesktopEntriesTest, NamesAreInTheUsersLanguage) {
-  ::setenv("LANGUAGE", "de", 1);
-  if (std::setlocale(LC_ALL, "C.UTF-8") == nullptr) GTEST_SKIP() << "no UTF-8 locale installed";
-  DesktopEntries entries({ORVANE_TEST_DATA "/applications/entries"});
-  entries.refresh();
-  EXPECT_EQ(entries.byId("org.example.Editor")->name, "Texteditor");
-  ::unsetenv("LANGUAGE");
-  std::setlocale(LC_ALL, "C");
 }
 
 TEST_F(DesktopEntriesTest, ReadsAgainWhenAFolderChanged) {

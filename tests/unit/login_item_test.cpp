@@ -26,14 +26,6 @@ TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
     ASSERT_TRUE(g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, nullptr)) << name;
     EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(program + ".started"); })) << name;
   }
-}
-
-TEST(LoginItem, leavesNothingButTheEntry) {
-  const TestDirectory directory;
-  LinuxLoginItem item("/usr/bin/orvane", directory.path("a/b/autostart"));
-  for (int i = 0; i < 2; ++i) EXPECT_EQ(item.registerItem(), std::nullopt);
-  using Iterator = std::filesystem::directory_iterator;
-  EXPECT_EQ(std::distance(Iterator(directory.path("a/b/autostart")), Iterator()), 1);
   EXPECT_NE(autostartEntry("/p%f").find("Exec=\"/p%%f\"\n"), std::string::npos) << "no field code";
 }
 

@@ -113,5 +113,86 @@ TEST_F(Manager, EndsQuietlyWithBlocksPending) {
   }
 }
 
+constexpr std::uint64_t editorBytes = 1'610'612'736;
+
+class Alert : public Manager {
+ protected:
+  void startAt(double usage) {
+    fakes_.counters.setUsage(usage);
+    start();
+  }
+};
+
+TEST_F(Alert, StaysAwayAtTheThresholdItselfAndWithoutASampleOrMemory) {
+  startAt(85.0);
+  tick();
+  for (const auto& counts : {std::optional<PageCounts>(), std::optional(PageCounts{})}) {
+    fakes_.counters.counts = counts;
+    tick();
+  }
+  EXPECT_FALSE(manager_->shouldShowAlert());
+  EXPECT_TRUE(fakes_.notifications.requests.empty());
+  EXPECT_TRUE(fakes_.output.lines.empty());
+  fakes_.counters.setUsage(85.04);
+  tick();
+  EXPECT_EQ(manager_->alertMessage(), "Memory usage is high (85.0%)");
+}
+
+TEST_F(Alert, NamesTheFirstApplicationOfTheListBuiltBefore) {
+  fakes_.applications.add(10, "Editor", editorBytes);
+  startAt(40.0);
+  tick();
+  fakes_.counters.setUsage(90.0);
+  tick();
+  EXPECT_EQ(manager_->alertMessage(), "Memory usage is high (90.0%)\nEditor is using 1536 MB");
+  ASSERT_EQ(fakes_.notifications.requests.size(), 1U);
+  const auto& content = fakes_.notifications.requests[0].content;
+  EXPECT_EQ(content.title, "Memory Pressure High");
+  EXPECT_EQ(content.body, "Memory usage is 90.0%. Editor is using 1536 MB");
+  EXPECT_TRUE(content.defaultSound);
+  EXPECT_EQ(fakes_.output.lines,
+            (std::vector<std::string>{"Notification sent successfully: Memory Pressure High - "
+                                      "Memory usage is 90.0%. Editor is using 1536 MB"}));
+}
+
+struct Handle : ProcessHandle {};
+
+class Termination : public Manager {
+ protected:
+  void SetUp() override {
+    fakes_.applications.add(7, "Editor", 50 << 20);
+    fakes_.applications.applications[0].handle = handle_;
+    fakes_.signals.onKill = [this](std::int32_t pid) { fakes_.applications.remove(pid); };
+    start();
+    manager_->updateTopProcesses();
+    victim_ = manager_->topProcesses().at(0);
+    manager_->setSelectedProcess(victim_);
+  }
+
+  std::shared_ptr<Handle> handle_ = std::make_shared<Handle>();
+  ProcessInfo victim_;
+};
+
+TEST_F(Termination, HitsTheRecordsOwnProcessAndRefreshesLater) {
+  manager_->killProcess(victim_);
+  EXPECT_EQ(fakes_.signals.killed, (std::vector<std::int32_t>{7}));
+  EXPECT_EQ(fakes_.signals.handles, (std::vector<const ProcessHandle*>{handle_.get()}));
+  EXPECT_FALSE(manager_->selectedProcess());
+  fakes_.time.advance(499ms);
+  EXPECT_EQ(manager_->topProcesses().size(), 1U);
+  fakes_.time.advance(1ms);
+  EXPECT_TRUE(manager_->topProcesses().empty());
+}
+
+TEST_F(Termination, KeepsTheManagerUntilTheRefresh) {
+  manager_->killProcess(victim_);
+  const std::weak_ptr<MemoryManager> weak = manager_;
+  manager_.reset();
+  EXPECT_FALSE(weak.expired());
+  fakes_.time.advance(500ms);
+  EXPECT_EQ(fakes_.applications.collectionCount, 2);
+  EXPECT_TRUE(weak.expired());
+}
+
 }  // namespace
 }  // namespace orvane

@@ -93,18 +93,6 @@ TEST_F(Collection, ListsTenAndRemembersAll) {
   EXPECT_EQ(manager_->processMemoryHistories().size(), 12U);
 }
 
-TEST_F(Collection, IncludesTheNewPointInTheOrder) {
-  fakes_.applications.add(1, "Falling", 800 * mebibyte);
-  fakes_.applications.add(2, "Steady", 500 * mebibyte);
-  manager_->setProcessSortMode(ProcessSortMode::peak);
-  fakes_.applications.setResident(1, 100 * mebibyte);
-  collect();
-  EXPECT_EQ(names(), (std::vector<std::string>{"Falling", "Steady"}));
-  fakes_.applications.setResident(2, 900 * mebibyte);
-  collect();
-  EXPECT_EQ(names(), (std::vector<std::string>{"Steady", "Falling"}));
-}
-
 TEST_F(Collection, ForgetsHistoriesAfterFiveMinutes) {
   fakes_.applications.add(1, "Gone", 20 * mebibyte);
   collect();

@@ -1,9 +1,6 @@
 orvane_add_tests(services_tests unit SOURCES
-  bus_address_test.cpp
-  cgroup_limits_test.cpp
   dispatch_test.cpp
   login_item_test.cpp
-  meminfo_test.cpp
   memory_claims_test.cpp
   memory_counters_test.cpp
   notification_service_test.cpp

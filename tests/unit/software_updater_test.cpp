@@ -1,15 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QCoreApplication>
-#include <QtNetwork/QSslCertificate>
-#include <QtNetwork/QSslConfiguration>
-#include <QtNetwork/QSslKey>
-#include <QtNetwork/QSslServer>
 #include <QtNetwork/QTcpServer>
 #include <QtNetwork/QTcpSocket>
 
 #include "platform/linux/linux_software_updater.h"
-#include "tests/unit/appcast_fixture.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {
@@ -26,57 +21,40 @@ QByteArray ok(const QByteArray& body, qsizetype announced) {
 /// Answers each request by its path, then closes the connection.
 class FeedServer {
  public:
-  explicit FeedServer(std::unique_ptr<QTcpServer> server = std::make_unique<QTcpServer>())
-      : server_(std::move(server)) {
-    server_->listen(QHostAddress::LocalHost);
-    QObject::connect(server_.get(), &QTcpServer::pendingConnectionAvailable, server_.get(), [this] {
-      while (QTcpSocket* socket = server_->nextPendingConnection()) serve(socket);
+  FeedServer() {
+    server_.listen(QHostAddress::LocalHost);
+    QObject::connect(&server_, &QTcpServer::pendingConnectionAvailable, &server_, [this] {
+      while (QTcpSocket* socket = server_.nextPendingConnection()) serve(socket);
     });
   }
 
-  [[nodiscard]] std::string url(const std::string& scheme, const std::string& path) const {
-    return scheme + "://127.0.0.1:" + std::to_string(server_->serverPort()) + path;
+  [[nodiscard]] std::string url(const std::string& path) const {
+    return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + path;
   }
+  void close() { server_.close(); }
 
   int requests = 0;
-  qint64 streamed = 0;
-  bool streamEnded = false;
 
  private:
   void serve(QTcpSocket* socket) {
-    QObject::connect(socket, &QTcpSocket::readyRead, server_.get(), [this, socket] {
+    QObject::connect(socket, &QTcpSocket::readyRead, &server_, [this, socket] {
       const QByteArray request = socket->readAll();
       if (!request.startsWith("GET ")) return;
       ++requests;
-      answer(socket, request.split(' ')[1]);
+      const QByteArray path = request.split(' ')[1];
+      if (path == "/hang") return;
+      socket->write(bytesFor(path));
+      socket->disconnectFromHost();
     });
   }
 
-  void answer(QTcpSocket* socket, const QByteArray& path) {
-    if (path == "/hang") return;
-    if (path == "/stream") return stream(socket);
-    socket->write(bytesFor(path));
-    socket->disconnectFromHost();
-  }
-
-  /// Without an end, as fast as the client takes it.
-  void stream(QTcpSocket* socket) {
-    socket->write("HTTP/1.1 200 OK\r\n\r\n<rss><channel>");
-    const auto more = [this, socket] {
-      if (socket->bytesToWrite() < 65536) streamed += socket->write(QByteArray(65536, ' '));
-    };
-    QObject::connect(socket, &QTcpSocket::bytesWritten, server_.get(), more);
-    QObject::connect(socket, &QTcpSocket::disconnected, server_.get(),
-                     [this] { streamEnded = true; });
-    more();
-  }
-
   static QByteArray bytesFor(const QByteArray& path) {
-    const QByteArray newer = appcastFixture("newer.xml");
+    const QByteArray newer = fixture("/newer.xml");
     if (path == "/404") return "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n";
     if (path == "/truncated") return ok(newer.first(300), newer.size());
     if (path == "/unmarked-end") return "HTTP/1.1 200 OK\r\n\r\n" + newer.first(300);
     if (path == "/lying") return ok(newer, 300);
+    if (path == "/huge") return "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(32 * 1024 * 1024, ' ');
     if (path == "/announced") return ok(newer, 1024 * 1024 + 1);
     if (path == "/not-xml") return ok("Hello", 5);
     if (path == "/empty-feed") return ok("<rss><channel/></rss>", 21);
@@ -87,11 +65,14 @@ class FeedServer {
       const int left = path.mid(6).toInt();
       return redirectTo(left == 1 ? "/newer.xml" : "/hops/" + QByteArray::number(left - 1));
     }
-    const QByteArray body = appcastFixture(path.mid(1).toStdString());
+    const QByteArray body = fixture(path.toStdString());
     return ok(body, body.size());
   }
+  static QByteArray fixture(const std::string& path) {
+    return QByteArray::fromStdString(testData("appcasts" + path));
+  }
 
-  std::unique_ptr<QTcpServer> server_;
+  QTcpServer server_;
 };
 
 /// The result of one check in words: "newest 1.9", "offer 1.10.0", "package manager" or the error.
@@ -138,15 +119,16 @@ TEST(SoftwareUpdater, EveryFeedEndsInOneResult) {
       {"/not-xml", unclear},
       {"/empty-feed", "The update feed names no version."},
       {"/announced", tooLarge},
-      {"/stream", tooLarge}};
+      {"/huge", tooLarge}};
   FeedServer server;
   for (const auto& [path, words] : cases) {
-    EXPECT_EQ(check(server.url("http", path)), words) << path;
+    EXPECT_EQ(check(server.url(path)), words) << path;
   }
-  EXPECT_TRUE(waitUntil([&] { return server.streamEnded; }));
-  EXPECT_LT(server.streamed, 16 * 1024 * 1024);
-  EXPECT_EQ(check(server.url("http", "/hang"), std::chrono::milliseconds(300)),
+  EXPECT_EQ(check(server.url("/hang"), std::chrono::milliseconds(300)),
             "The update feed did not answer in time.");
+  server.close();
+  EXPECT_EQ(check(server.url("/newer.xml")),
+            "The update feed could not be reached. Please check your network connection.");
 }
 
 TEST(SoftwareUpdater, FetchesFromSecureAddressesOnly) {
@@ -164,51 +146,21 @@ TEST(SoftwareUpdater, FetchesFromSecureAddressesOnly) {
   }
 }
 
-TEST(SoftwareUpdater, TrustsNoCertificateOfItsOwnMaking) {
-  const QByteArray pem = appcastFixture("self_signed.pem");
-  auto configuration = QSslConfiguration::defaultConfiguration();
-  configuration.setLocalCertificate(QSslCertificate(pem));
-  configuration.setPrivateKey(QSslKey(pem, QSsl::Ec));
-  auto secure = std::make_unique<QSslServer>();
-  secure->setSslConfiguration(configuration);
-  FeedServer server(std::move(secure));
-  EXPECT_EQ(check(server.url("https", "/newer.xml")),
-            "The update feed could not be reached over a secure connection.");
-  EXPECT_EQ(server.requests, 0);
-
-  QTcpServer closed;
-  closed.listen(QHostAddress::LocalHost);
-  const std::string nobody = "https://127.0.0.1:" + std::to_string(closed.serverPort()) + "/";
-  closed.close();
-  EXPECT_EQ(check(nobody),
-            "The update feed could not be reached. Please check your network connection.");
-}
-
 TEST(SoftwareUpdater, ACancelledCheckStaysSilentAndANewOneReplacesIt) {
   FeedServer server;
   int cancelled = 0;
   int finished = 0;
   const auto count = [](int& counter) { return [&counter](const UpdateResult&) { ++counter; }; };
-  LinuxSoftwareUpdater replaced({server.url("http", "/newer.xml"), "1.9"});
+  LinuxSoftwareUpdater replaced({server.url("/newer.xml"), "1.9"});
   replaced.checkForUpdates(count(cancelled));
   replaced.checkForUpdates(count(finished));
-  LinuxSoftwareUpdater stopped({server.url("http", "/hang"), "1.9"});
+  LinuxSoftwareUpdater stopped({server.url("/hang"), "1.9"});
   stopped.checkForUpdates(count(cancelled));
   ASSERT_TRUE(waitUntil([&] { return server.requests == 2; }));
   stopped.cancel();
-  // The handler may start the next check, and may end the updater.
-  auto chained = std::make_unique<LinuxSoftwareUpdater>(
-      UpdateSettings{server.url("http", "/newer.xml"), "1.9"});
-  chained->checkForUpdates([&](const UpdateResult&) {
-    chained->checkForUpdates([&](const UpdateResult&) {
-      chained.reset();
-      ++finished;
-    });
-  });
-  EXPECT_TRUE(waitUntil([&] { return finished == 2; }));
+  EXPECT_TRUE(waitUntil([&] { return finished == 1; }));
   runEventLoopFor(200);
   EXPECT_EQ(cancelled, 0);
-  EXPECT_EQ(finished, 2);
 }
 
 }  // namespace

@@ -1,8 +1,12 @@
-#include "core/memory_history.h"
-
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+
+#include "core/memory_history.h"
+#include "core/process_memory_history.h"
+#include "core/process_sort_mode.h"
+#include "tests/fakes/virtual_time.h"
 
 namespace orvane {
 namespace {
@@ -78,6 +82,53 @@ TEST(Observable, EndsWithTheSubscriptionEvenFromInsideAHandler) {
   history.addDataPoint(sampleAt(0, 10));
   history.addDataPoint(sampleAt(1, 10));
   EXPECT_EQ(calls, 1);
+}
+
+TEST(ProcessMemoryHistory, DerivesItsFiguresFromThePoints) {
+  fakes::VirtualTime time;
+  ProcessMemoryHistory history(time);
+  EXPECT_EQ(history.peakMemory() + history.minimumMemory() + history.averageMemory(), 0.0);
+  for (const double value : {200.0, 100.0, 300.0}) history.addDataPoint(value);
+  EXPECT_EQ(history.peakMemory(), 300.0);
+  EXPECT_EQ(history.minimumMemory(), 100.0);
+  EXPECT_EQ(history.averageMemory(), 200.0);
+}
+
+TEST(ProcessMemoryHistory, KeepsSixtyPointsAndWhenItWasLastSeen) {
+  fakes::VirtualTime time;
+  ProcessMemoryHistory history(time);
+  EXPECT_EQ(history.lastSeen(), time.now());
+  for (int value = 0; value < 61; ++value) {
+    time.advance(Duration{5});
+    history.addDataPoint(value);
+  }
+  ASSERT_EQ(history.dataPoints().size(), 60U);
+  EXPECT_EQ(history.dataPoints().front().memoryMB, 1.0);
+  EXPECT_EQ(history.dataPoints().back().timestamp, time.now());
+  EXPECT_EQ(history.lastSeen(), time.now());
+}
+
+TEST(SortModes, RankByTheirOwnFigure) {
+  fakes::VirtualTime time;
+  ProcessMemoryHistories histories;
+  for (const auto& [pid, values] : {std::pair(1, std::array{800.0, 100.0}), {2, {500, 500}}}) {
+    const auto history = std::make_shared<ProcessMemoryHistory>(time);
+    for (const double value : values) history->addDataPoint(value);
+    histories[pid] = history;
+  }
+  std::vector<ProcessInfo> list(3);  // the third has no history and ranks by its current figure
+  for (std::size_t i = 0; i < 3; ++i) {
+    list[i].pid = static_cast<std::int32_t>(i) + 1;
+    list[i].memoryUsage = std::array{100ULL, 500ULL, 460ULL}[i] << 20U;
+  }
+  EXPECT_EQ(sortMetric(list[2], ProcessSortMode::average, histories), 460.0);
+  const auto order = [&](ProcessSortMode mode) {
+    sortProcesses(list, mode, histories);
+    return std::array{list[0].pid, list[1].pid, list[2].pid};
+  };
+  EXPECT_EQ(order(ProcessSortMode::current), (std::array{2, 3, 1}));
+  EXPECT_EQ(order(ProcessSortMode::peak), (std::array{1, 2, 3}));
+  EXPECT_EQ(order(ProcessSortMode::average), (std::array{2, 3, 1}));
 }
 
 }  // namespace
