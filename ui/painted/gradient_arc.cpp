@@ -2,25 +2,10 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <numbers>
 
 #include "ui/painted/unit_gradient.h"
 
 namespace orvane {
-
-void GradientArc::setTo(double value) {
-  if (to_ == value) return;
-  to_ = value;
-  if (width() <= 0 || isVisibleTurn(value - paintedTo_)) {
-    paintedTo_ = value;
-    repaint();
-  }
-  Q_EMIT changed();
-}
-
-bool GradientArc::isVisibleTurn(double share) const {
-  return isVisibleMove(share * std::numbers::pi * width());
-}
 
 QPainterPath GradientArc::path() const {
   const double from = std::clamp(from_, 0.0, 1.0);

@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QPainterPath>
 #include <QTransform>
+#include <numbers>
 
 #include "ui/painted/painted_item.h"
 
@@ -39,10 +40,10 @@ class GradientArc : public orvane::PaintedItem {
 
   void setFrom(double value) { announce(assign(from_, value)); }
   /// Paints again only for a change that can be seen.
-  void setTo(double value);
+  void setTo(double value) { announce(assignStep(to_, value, circumference())); }
   /// Whether it shows when the end goes from where it is to `value`: no use animating less.
   Q_INVOKABLE [[nodiscard]] bool isVisibleWay(double value) const {
-    return isVisibleTurn(value - to_);
+    return isVisibleMove((value - to_) * circumference());
   }
   void setLineWidth(double value) { announce(assign(lineWidth_, value)); }
   void setRoundCaps(bool value) { announce(assign(roundCaps_, value)); }
@@ -65,15 +66,13 @@ class GradientArc : public orvane::PaintedItem {
   [[nodiscard]] QPainterPath path() const;
   /// How the drawing of one copy is turned about the centre.
   [[nodiscard]] QTransform turn() const;
-  /// Whether a move of the end by this share of the circle shows.
-  [[nodiscard]] bool isVisibleTurn(double share) const;
+  [[nodiscard]] double circumference() const { return std::numbers::pi * width(); }
   void announce(bool isNew) {
     if (isNew) Q_EMIT changed();
   }
 
   double from_ = 0;
   double to_ = 1;
-  double paintedTo_ = 1;
   double lineWidth_ = 1;
   bool roundCaps_ = false;
   QList<QColor> colors_;

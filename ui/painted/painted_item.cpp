@@ -25,6 +25,14 @@ void PaintedItem::repaint() {
   update();
 }
 
+bool PaintedItem::assignStep(double& member, double value, double length) {
+  if (member == value) return false;
+  unpaintedMove_ += (value - member) * length;
+  member = value;
+  if (isVisibleMove(unpaintedMove_)) repaint();
+  return true;
+}
+
 QRectF PaintedItem::paintedArea() const {
   const double margin = overhang();
   return {-margin, -margin, width() + 2 * margin, height() + 2 * margin};
@@ -89,6 +97,7 @@ QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
     image->setRect(isStretched() ? area : QRectF(origin, QSizeF(picture.size()) / scale));
     image->setSourceRect(QRectF(QPointF(), picture.size()));
     dirty_ = false;
+    unpaintedMove_ = 0;
     ++paintCount_;
   }
   image->setFiltering(isStretched() ? QSGTexture::Linear : QSGTexture::Nearest);

@@ -72,6 +72,10 @@ class PaintedItem : public QQuickItem {
     return true;
   }
 
+  /// The same for a value that moves in small steps: repaints only once what is seen lies visibly
+  /// off it. A step of 1 moves the drawing by `length` points.
+  bool assignStep(double& member, double value, double length);
+
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
   void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
   void itemChange(ItemChange change, const ItemChangeData& data) override;
@@ -87,6 +91,7 @@ class PaintedItem : public QQuickItem {
   double detail_ = 1;
   double blurRadius_ = 0;
   bool dirty_ = true;
+  double unpaintedMove_ = 0;  ///< points, since the last painting
   int paintCount_ = 0;
 };
 

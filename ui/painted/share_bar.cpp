@@ -12,16 +12,6 @@ double barFillWidth(double barWidth, double share, double inset) {
   return std::max(0.0, (barWidth - 2 * inset) * share);
 }
 
-void ShareBar::setShare(double value) {
-  if (share_ == value) return;
-  share_ = value;
-  if (width() <= 0 || isVisibleMove((value - paintedShare_) * width())) {
-    paintedShare_ = value;
-    repaint();
-  }
-  Q_EMIT changed();
-}
-
 void ShareBar::paint(QPainter& painter) const {
   const QPainterPath track = smoothRectanglePath({0, 0, width(), height()}, cornerRadius);
   painter.fillPath(track, trackColor_);

@@ -29,7 +29,7 @@ class ShareBar : public orvane::PaintedItem {
   [[nodiscard]] double inset() const { return inset_; }
 
   /// Paints again only for a change that can be seen.
-  void setShare(double value);
+  void setShare(double value) { announce(assignStep(share_, value, width())); }
   /// Whether it shows when the fill goes from where it is to `value`: no use animating less.
   Q_INVOKABLE [[nodiscard]] bool isVisibleWay(double value) const {
     return isVisibleMove((value - share_) * width());
@@ -52,7 +52,6 @@ class ShareBar : public orvane::PaintedItem {
   }
 
   double share_ = 0;
-  double paintedShare_ = 0;
   double inset_ = barFillInset;
   QColor trackColor_ = Qt::transparent;
   QColor fillColor_ = Qt::transparent;
