@@ -70,13 +70,6 @@ class MainWindow(WindowCase):
         self.wait_for("minimised window", 3,
                       lambda: "HIDDEN" in self.client_windows().get("Orvane", ""))
 
-    def test_menu_bar_by_pointer(self):
-        self.click("File")
-        self.wait_for_control("Close Window")
-        self.pointer.move(*self.middle("Help"))
-        self.wait_for_control("Contact Support")
-        self.wait_until_gone("Close Window")
-
     def test_updates_come_from_the_package_manager_and_quit(self):
         self.pointer.key("Control_L", "u")
         self.wait_for_control("Updates come with your system")

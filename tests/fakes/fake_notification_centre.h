@@ -10,11 +10,10 @@
 
 namespace orvane::fakes {
 
-/// Records every post and delivers it at once.
+/// Delivers every post at once.
 class FakeNotificationCentre : public NotificationCentre {
  public:
   void post(std::string_view name) override {
-    posts.emplace_back(name);
     for (const auto& [observed, observer] : observers_) {
       if (observed == name) observer();
     }
@@ -22,8 +21,6 @@ class FakeNotificationCentre : public NotificationCentre {
   void addObserver(std::string name, std::function<void()> observer) override {
     observers_.emplace_back(std::move(name), std::move(observer));
   }
-
-  std::vector<std::string> posts;
 
  private:
   std::vector<std::pair<std::string, std::function<void()>>> observers_;

@@ -44,6 +44,7 @@ TEST_F(MainWindowTest, FiguresAreThoseOfTheSample) {
   show();
   sample();
   press(item("detailsToggle"));
+  expectSymbols();
   const auto cards = item("cards").childItems();
   EXPECT_EQ(accessibleName(*cards[0]), QStringLiteral("Free 7.0 GB"));
   EXPECT_EQ(accessibleName(*cards[1]), QStringLiteral("Used 9.0 GB"));
@@ -98,7 +99,9 @@ TEST_F(MainWindowTest, DrawsOnlyWhileSomethingMovesAndCanBeSeen) {
   EXPECT_TRUE(eventually([this] { return framesWithin(200) == 0; }));
   EXPECT_EQ(framesWithin(500), 0);
 
-  manager_->boostMemory();
+  click(item("boostButton"));
+  ASSERT_TRUE(manager_->isProcessing());
+  EXPECT_FALSE(item("boostButton").isEnabled());
   const int before = frames_;
   EXPECT_TRUE(eventually([&] { return frames_ >= before + 20; })) << frames_ - before;
   const int painted = arc("processingArcs").paintCount();
@@ -111,6 +114,8 @@ TEST_F(MainWindowTest, DrawsOnlyWhileSomethingMovesAndCanBeSeen) {
   const double stopped = item("processingArcs").rotation();
   EXPECT_EQ(framesWithin(300), 0);
   EXPECT_EQ(item("processingArcs").rotation(), stopped);
+  services_.time.advance(Duration{2});
+  EXPECT_TRUE(eventually([this] { return item("boostButton").isEnabled(); }));
 }
 
 TEST_F(MainWindowTest, UsageArcSpringsToANewFigure) {

@@ -155,6 +155,7 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
 TEST_F(Processes, TheContextMenuAsksAboutItsOwnRow) {
   start(3);
   click(*row(1));
+  expectSymbols();
   const QPointF at = row(3)->mapToScene({60, 20});
   QTest::mouseClick(view_.get(), Qt::RightButton, {}, at.toPoint());
   settle();

@@ -2,6 +2,7 @@
 
 #include "tests/ui/view_case.h"
 #include "ui/painted/gradient_arc.h"
+#include "ui/style/palette.h"
 
 namespace orvane {
 namespace {
@@ -40,6 +41,7 @@ TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
   EXPECT_EQ(find("details"), nullptr);
   press(item("detailsButton"));
   ASSERT_TRUE(eventually([this] { return item("header").property("expansion") == 1.0; }));
+  expectSymbols();
   const auto rows = item("details").childItems();
   ASSERT_EQ(rows.size(), 5);
   const double fractions[] = {0.25, 0.375, 0.1875, 0.1875, 0.0625};
@@ -56,9 +58,15 @@ TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
 
 TEST_F(StatusMenuViewTest, FiguresAndColoursFollowTheModel) {
   show();
+  const auto colors = [this] { return item("ring").property("colors").value<QList<QColor>>(); };
+  services_.counters.setUsage(85.0);
+  sample();
+  EXPECT_EQ(colors().front(), palette(ColorScheme::light).blue);
   services_.counters.setUsage(85.01);
   sample();
-  EXPECT_EQ(item("ring").property("colors").value<QList<QColor>>().size(), 2) << "warm";
+  EXPECT_EQ(colors().front(), palette(ColorScheme::light).red);
+  services_.counters.setUsage(85.99);
+  sample();
   EXPECT_EQ(text(item("ringText")), QStringLiteral("85%"));
   const int before = view_->height();
   services_.counters.counts.reset();

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "tests/fakes/fake_services.h"
+#include "ui/painted/symbol.h"
 #include "ui/views.h"
 
 namespace orvane {
@@ -73,6 +74,16 @@ class ViewCase : public testing::Test {
   /// In the window.
   [[nodiscard]] static QRectF place(const QQuickItem& of) {
     return of.mapRectToScene(QRectF(QPointF(), of.size()));
+  }
+
+  /// None of the view's symbols is of a name without a drawing.
+  void expectSymbols() const {
+    const auto symbols = view_->rootObject()->findChildren<Symbol*>();
+    EXPECT_GT(symbols.size(), 2);
+    for (const auto* symbol : symbols) {
+      const QString name = symbol->name();
+      EXPECT_TRUE(name.isEmpty() || !Symbol::drawing(name).isEmpty()) << qPrintable(name);
+    }
   }
 
   /// Through assistive technology.

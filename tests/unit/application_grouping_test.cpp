@@ -92,6 +92,11 @@ TEST(ApplicationGrouping, UnitsComeFirst) {
                     inUnit(process(13, 12), "/dbus.service", false),
                     inUnit(process(14, 9), "/audio.service", false)}),
             (Groups{"9: 9", "10: 10 11", "12: 12 13", "14: 14"}));
+  // The launcher of the unit has ended; its crash reporter is older than the program.
+  EXPECT_EQ(
+      groups({inUnit(process(10, 1), "/a.scope", true), inUnit(process(11, 1), "/a.scope", true),
+              inUnit(windowOwner(12, 11), "/a.scope", true)}),
+      (Groups{"11: 10 11 12"}));
 }
 
 TEST(ApplicationGrouping, SessionRootsDontSwallowWhatTheyStart) {
@@ -130,11 +135,6 @@ TEST(ApplicationGrouping, WrappersHandTheLeadToTheirProgram) {
   auto tool = process(11, 10);
   tool.startTime = 5000;
   EXPECT_EQ(groups({process(10, 1, ProcessRole::wrapper), tool}), (Groups{"10: 10 11"}));
-  // The launcher of the unit has ended; its crash reporter is older than the program.
-  EXPECT_EQ(
-      groups({inUnit(process(10, 1), "/a.scope", true), inUnit(process(11, 1), "/a.scope", true),
-              inUnit(windowOwner(12, 11), "/a.scope", true)}),
-      (Groups{"11: 10 11 12"}));
 }
 
 TEST(ApplicationGrouping, EveryProcessIsInExactlyOneApplication) {

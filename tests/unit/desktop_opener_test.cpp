@@ -60,13 +60,19 @@ TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
 
 TEST_F(DesktopOpener, OpensTheFolderWhereNoFileManagerAnswers) {
   EXPECT_EQ(fileAddress("/a b/#1?%/\xff\xc3\xa9~"), "file:///a%20b/%231%3F%25/%FF%C3%A9~");
+  const TestBus daemon;
+  const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", daemon.address());
   SessionBus bus;
   LinuxDesktopOpener opener(bus);
   const std::string program = file("a program");
   const std::string folder = "file://" + directory_.path();
   std::ofstream(program) << "x";
   opener.revealFile(program);
-  EXPECT_TRUE(opened().starts_with(folder));
+  EXPECT_TRUE(opened().starts_with(folder)) << "no bus yet";
+  bus.start();
+  ASSERT_TRUE(waitUntil([&] { return bus.isConnected(); }));
+  opener.revealFile(program);
+  EXPECT_TRUE(opened().starts_with(folder)) << "nobody on it";
   opener.revealFile(file("missing/program"));
   opener.revealFile("relative");
   opener.revealFile(file("missing"));

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QtCore/QCoreApplication>
 #include <atomic>
 #include <chrono>
 #include <filesystem>

@@ -38,16 +38,14 @@ MemoryStats sampleAt(int second, std::uint64_t active) {
 
 TEST(MemoryHistory, MakesAPointOfASample) {
   MemoryHistory history;
-  const auto stats =
-      MemoryStats::fromCounters({4000, 2000, 3000, 1000, 700}, 4096, Date{std::chrono::seconds{7}});
+  const auto stats = sampleAt(7, 30);
   history.addDataPoint(stats);
   history.addDataPoint(stats);
   const auto& points = history.dataPoints();
-  ASSERT_EQ(points.size(), 2U);
-  EXPECT_DOUBLE_EQ(points[0].usedPercentage, 30.0);
+  EXPECT_DOUBLE_EQ(points.at(0).usedPercentage, 30.0);
   EXPECT_DOUBLE_EQ(points[0].freePercentage, 70.0);
   EXPECT_EQ(points[0].timestamp, stats.timestamp);
-  EXPECT_NE(points[0].id, points[1].id);
+  EXPECT_NE(points.at(0).id, points.at(1).id);
 }
 
 TEST(MemoryHistory, KeepsTheNewestSixtyInOrder) {

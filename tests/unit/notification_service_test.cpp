@@ -38,10 +38,6 @@ class NotificationServer : public QObject {
     return static_cast<uint>(shown.size());
   }
 
- Q_SIGNALS:
-  void ActionInvoked(uint id, const QString& action);  // NOLINT
-  void NotificationClosed(uint id, uint reason);       // NOLINT
-
  private:
   BusService service_;
 };
@@ -84,8 +80,17 @@ TEST_F(NotificationServiceTest, postsWhatWasAskedEvenBeforeTheBusIsThere) {
   EXPECT_EQ(shown.hints.value(QStringLiteral("desktop-entry")), QStringLiteral("orvane"));
   EXPECT_TRUE(shown.hints.contains(QStringLiteral("sound-name")));
   EXPECT_EQ(shown.hints.value(QStringLiteral("urgency")).userType(), QMetaType::UChar);
+}
+
+TEST_F(NotificationServiceTest, aServiceWithoutMarkupGetsPlainWords) {
+  NotificationServer server(daemon_);
   server.capabilities.clear();
-  EXPECT_EQ(add({"Title", "a < b", false}), "") << "a service without markup";
+  bus_.start();
+  EXPECT_EQ(add({"Title", "a < b", false}), "");
+  ASSERT_EQ(server.shown.size(), 1U);
+  EXPECT_EQ(server.shown[0].body, QStringLiteral("a < b"));
+  EXPECT_TRUE(server.shown[0].actions.isEmpty());
+  EXPECT_FALSE(server.shown[0].hints.contains(QStringLiteral("sound-name")));
 }
 
 TEST_F(NotificationServiceTest, aBusThatGoesAwayEndsWhatWasAsked) {

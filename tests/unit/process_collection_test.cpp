@@ -107,17 +107,5 @@ TEST_F(Collection, ForgetsHistoriesAfterFiveMinutes) {
   EXPECT_FALSE(manager_->processMemoryHistories().contains(1));
 }
 
-TEST_F(Collection, PublishesOneChangeAHistoryOneForTheListAndOneForThePruning) {
-  fakes_.applications.add(1, "One", 20 * mebibyte);
-  fakes_.applications.add(2, "Two", 20 * mebibyte);
-  int changes = 0;
-  const auto subscription = manager_->observe([&] { ++changes; });
-  collect();
-  EXPECT_EQ(changes, 4);
-  changes = 0;
-  collect();
-  EXPECT_EQ(changes, 2);
-}
-
 }  // namespace
 }  // namespace orvane

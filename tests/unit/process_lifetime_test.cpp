@@ -10,12 +10,8 @@
 namespace orvane {
 namespace {
 
-std::string uniqueSession(const char* name) {
-  return name + std::to_string(::getpid());
-}
-
 TEST(SingleInstance, ALaterInstanceHandsOverToTheFirst) {
-  const std::string session = uniqueSession("hand-over");
+  const std::string session = "hand-over" + std::to_string(::getpid());
   int requests = 0;
   {
     SingleInstance first(session);
@@ -24,7 +20,7 @@ TEST(SingleInstance, ALaterInstanceHandsOverToTheFirst) {
     first.listen([&requests] { ++requests; });
     EXPECT_TRUE(SingleInstance(session).handOver());
     EXPECT_TRUE(waitUntil([&] { return requests == 2; }));
-    EXPECT_FALSE(SingleInstance(uniqueSession("another desktop")).handOver());
+    EXPECT_FALSE(SingleInstance("another " + session).handOver());
   }
   EXPECT_FALSE(SingleInstance(session).handOver()) << "the first is gone";
 }

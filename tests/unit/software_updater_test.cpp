@@ -34,6 +34,7 @@ class FeedServer {
   void close() { server_.close(); }
 
   int requests = 0;
+  qint64 taken = 0;
 
  private:
   void serve(QTcpSocket* socket) {
@@ -43,6 +44,8 @@ class FeedServer {
       ++requests;
       const QByteArray path = request.split(' ')[1];
       if (path == "/hang") return;
+      QObject::connect(socket, &QTcpSocket::bytesWritten, &server_,
+                       [this](qint64 count) { taken += count; });
       socket->write(bytesFor(path));
       socket->disconnectFromHost();
     });
@@ -124,6 +127,7 @@ TEST(SoftwareUpdater, EveryFeedEndsInOneResult) {
   for (const auto& [path, words] : cases) {
     EXPECT_EQ(check(server.url(path)), words) << path;
   }
+  EXPECT_LT(server.taken, 16 * 1024 * 1024) << "stops reading what is too large";
   EXPECT_EQ(check(server.url("/hang"), std::chrono::milliseconds(300)),
             "The update feed did not answer in time.");
   server.close();

@@ -21,7 +21,7 @@ void TestBus::start() {
 void TestBus::stop() {
   if (daemon_.state() == QProcess::NotRunning) return;
   daemon_.terminate();
-  resume();
+  ::kill(static_cast<pid_t>(daemon_.processId()), SIGCONT);  // it may be paused
   daemon_.waitForFinished(10000);
 }
 

@@ -31,9 +31,6 @@ TEST(PopoverGeometry, LiesBesideThePanelAndInsideTheScreen) {
   }
   const ScreenArea small{{0, 0, 320, 200}, {0, 20, 320, 180}};
   EXPECT_EQ(popoverRectangle({300, 10}, {340, 400}, small).topLeft(), QPoint(6, 26)) << "too large";
-}
-
-TEST(PopoverGeometry, StaysOnTheScreenOfTheItem) {
   const QList<ScreenArea> screens = {{whole, whole},
                                      {{1280, 0, 1920, 1080}, {1280, 0, 1920, 1040}}};
   const QPoint item(2000, 1060);

@@ -10,6 +10,7 @@
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/x11_windows.h"
 #include "tests/unit/child_process.h"
+#include "tests/unit/test_files.h"
 
 namespace orvane {
 namespace {
@@ -77,39 +78,32 @@ class X11ApplicationsTest : public testing::Test {
                                    .descriptorLimit = 4000}};
 };
 
-TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntries) {
+TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
   const ChildProcess terminal({"xterm"}, desktop_.environment());
   const ChildProcess editor({"mousepad"}, desktop_.environment());
   const ChildProcess calculator({"galculator"}, desktop_.environment());
+  const TestDirectory directory;
+  const std::string unknown = directory.path("unknown");
+  fs::copy_file(fs::canonical("/usr/bin/xterm"), unknown);
+  const ChildProcess strange({unknown, "-class", "Strange"}, desktop_.environment());
   const struct {
     pid_t pid;
-    std::string name, icon;
-  } expected[] = {{terminal.pid(), "XTerm", "mini.xterm"},
-                  {editor.pid(), "Mousepad", "org.xfce.mousepad"},
-                  {calculator.pid(), "Galculator", "galculator"}};
+    std::string name;
+    std::optional<ApplicationIcon> icon;
+  } expected[] = {{terminal.pid(), "XTerm", ApplicationIcon{"mini.xterm"}},
+                  {editor.pid(), "Mousepad", ApplicationIcon{"org.xfce.mousepad"}},
+                  {calculator.pid(), "Galculator", ApplicationIcon{"galculator"}},
+                  {strange.pid(), "Strange", {}}};
   for (const auto& application : expected) {
     const auto found = awaitRegular(application.pid);
     ASSERT_TRUE(found) << application.name;
     EXPECT_EQ(found->localizedName, application.name);
-    EXPECT_EQ(found->icon, ApplicationIcon{application.icon});
+    EXPECT_EQ(found->icon, application.icon);
     EXPECT_EQ(found->activationPolicy, ActivationPolicy::regular);
   }
   EXPECT_TRUE(eventually([&] {
     return ledBy(terminal.pid()) && applications_.taskFigures(terminal.pid())->threadCount == 2;
   })) << "the terminal with its shell";
-}
-
-TEST_F(X11ApplicationsTest, AWindowMakesAnApplicationOfAnUnknownProgram) {
-  const fs::path program = fs::temp_directory_path() / ("strange-" + std::to_string(::getpid()));
-  fs::copy_file(fs::canonical("/usr/bin/xterm"), program, fs::copy_options::overwrite_existing);
-  {
-    const ChildProcess child({program.string(), "-class", "Strange"}, desktop_.environment());
-    const auto application = awaitRegular(child.pid());
-    ASSERT_TRUE(application);
-    EXPECT_EQ(application->localizedName, "Strange");
-    EXPECT_FALSE(application->icon);
-  }
-  fs::remove(program);
 }
 
 TEST_F(X11ApplicationsTest, ListsOrdinaryWindowsUntilTheServerIsGone) {

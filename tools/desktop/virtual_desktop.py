@@ -110,10 +110,6 @@ class VirtualDesktop:
         process.send_signal(end_signal)
         process.wait(timeout=10)
 
-    def running(self, part):
-        """The process of one part."""
-        return self._parts[part]
-
     def start_program(self, command, **options):
         """Any program, on this desktop."""
         environment = self.environment | options.pop("environment", {})
