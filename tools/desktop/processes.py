@@ -41,20 +41,20 @@ def descendants(root):
     return found
 
 
-def end_descendants(patience=3.0):
-    """Ends every process below this one: asks first, insists after `patience` seconds."""
+def end_descendants(spared=(), patience=3.0):
+    """Ends every process below this one but the spared: asks first, insists after `patience` seconds."""
     for end_signal, seconds in ((signal.SIGTERM, patience), (signal.SIGKILL, patience)):
         deadline = time.monotonic() + seconds
-        _signal_all(end_signal)
-        while descendants(os.getpid()) and time.monotonic() < deadline:
+        _signal_all(end_signal, spared)
+        while set(descendants(os.getpid())) - set(spared) and time.monotonic() < deadline:
             _reap()
             time.sleep(0.02)
             if end_signal == signal.SIGTERM:
-                _signal_all(end_signal)  # those that started meanwhile
+                _signal_all(end_signal, spared)  # those that started meanwhile
 
 
-def _signal_all(number):
-    for process in descendants(os.getpid()):
+def _signal_all(number, spared):
+    for process in set(descendants(os.getpid())) - set(spared):
         try:
             os.kill(process, number)
         except ProcessLookupError:

@@ -38,6 +38,9 @@ class VirtualDesktop:
 
     def close(self):
         """Ends everything that was started here, by whomever, and removes its files."""
+        # Last of all what programs complain about when it goes before them.
+        processes.end_descendants([self._parts[part].pid for part in ("screen", "bus")
+                                   if part in self._parts])
         self._parts.clear()
         processes.end_descendants()
         self.screen.close()
