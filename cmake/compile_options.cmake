@@ -12,8 +12,8 @@ target_compile_options(orvane_options INTERFACE
   $<$<CONFIG:Release>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
 
 # Reading the libraries' headers takes most of a build: orvane_precompile(TARGET HEADERS...) has a
-# target read these once. Its files still include all they need. ccache can't keep such files: with it
-# every file reads its own.
+# target read these once. Its files still include all they need. ccache keeps no such files by itself:
+# with it every file reads its own.
 set(ORVANE_STANDARD_HEADERS
   <algorithm> <chrono> <cstdint> <filesystem> <functional> <map> <memory> <optional> <string> <utility>
   <vector>)

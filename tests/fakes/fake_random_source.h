@@ -1,27 +1,20 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 
 #include "platform/random_source.h"
 
 namespace orvane::fakes {
 
-/// First the numbers a test queues, then a fixed sequence.
+/// A fixed sequence.
 class FakeRandomSource : public RandomSource {
  public:
   [[nodiscard]] std::uint64_t next() override {
     ++drawCount;
-    if (!queued.empty()) {
-      const std::uint64_t number = queued.front();
-      queued.pop_front();
-      return number;
-    }
     state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
     return state_ ^ (state_ >> 29);
   }
 
-  std::deque<std::uint64_t> queued;
   int drawCount = 0;
 
  private:

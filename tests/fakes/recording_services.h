@@ -44,7 +44,7 @@ class RecordingProcessSignals : public ProcessSignals {
   std::function<void(std::int32_t)> onKill;
 };
 
-/// Records every request and answers it at once with `error`.
+/// Records every request and answers it at once, without an error.
 class RecordingNotificationService : public NotificationService {
  public:
   void setDelegate(NotificationDelegate* newDelegate) override { delegate = newDelegate; }
@@ -52,15 +52,14 @@ class RecordingNotificationService : public NotificationService {
   void requestAuthorization(const AuthorizationOptions& options,
                             std::function<void(bool, const Error&)> handler) override {
     authorizations.push_back(options);
-    handler(!error && granted, error);
+    handler(granted, {});
   }
   void add(const NotificationRequest& request, std::function<void(const Error&)> handler) override {
     requests.push_back(request);
-    handler(error);
+    handler({});
   }
 
   NotificationDelegate* delegate = nullptr;
-  Error error;
   bool granted = true;
   std::vector<AuthorizationOptions> authorizations;
   std::vector<NotificationRequest> requests;

@@ -8,7 +8,6 @@
 #include "ui/painted/gradient_arc.h"
 #include "ui/painted/history_chart.h"
 #include "ui/painted/rectangle_shadow.h"
-#include "ui/painted/share_bar.h"
 
 namespace orvane {
 namespace {
@@ -29,13 +28,6 @@ TEST(ChartPoints, LieEvenlyBetweenTheEdges) {
     EXPECT_EQ(chartPoints(c.values, c.minimum, c.maximum, {330, 100}), c.points);
   }
   EXPECT_DOUBLE_EQ(chartPoints(QList<double>(60, 50.0), 0, 100, {330, 100}).back().x(), 330);
-}
-
-TEST(ShareBar, FillKeepsItsInsetAndIsNeverNegative) {
-  EXPECT_DOUBLE_EQ(barFillWidth(384, 0.5), 188);
-  EXPECT_DOUBLE_EQ(barFillWidth(384, 1), 376);
-  EXPECT_DOUBLE_EQ(barFillWidth(384, 0), 0);
-  EXPECT_DOUBLE_EQ(barFillWidth(7, 0.5), 0);
 }
 
 class PaintedTest : public testing::Test {

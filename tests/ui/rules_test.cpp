@@ -9,14 +9,6 @@
 namespace orvane {
 namespace {
 
-TEST(ProcessText, CountsWholeMinutesOfHistory) {
-  const std::pair<int, const char*> cases[] = {
-      {0, ""}, {11, ""}, {12, "Last 1 min"}, {23, "Last 1 min"}, {60, "Last 5 min"}};
-  for (const auto& [points, text] : cases) {
-    EXPECT_EQ(historyDurationText(points), QLatin1String(text)) << points;
-  }
-}
-
 TEST(ProcessText, TruncatesGridLabels) {
   EXPECT_EQ(historyGridLabels(200, 100), QStringLiteral("200 166 133 100").split(u' '));
   EXPECT_EQ(historyGridLabels(99.9, 99.9), QStringLiteral("99 99 99 99").split(u' '));

@@ -13,10 +13,6 @@ QByteArray feedWith(const QByteArray& item) {
   return "<rss><channel><item>" + item + "</item></channel></rss>";
 }
 
-QByteArray fixture(const char* name) {
-  return QByteArray::fromStdString(testData(std::string("appcasts/") + name));
-}
-
 QByteArray repeated(const char* text, int times) {
   return QByteArray(text).repeated(times);
 }
@@ -79,7 +75,7 @@ TEST(PlainText, StaysBoundedWhateverComes) {
 }
 
 TEST(Appcast, TakesTheNewestItemByVersion) {
-  const auto feed = parseAppcast(fixture("several.xml"));
+  const auto feed = parseAppcast(appcast("several.xml"));
   ASSERT_TRUE(feed && feed->newest);
   EXPECT_EQ(feed->newest->version, "1.10");
   EXPECT_EQ(feed->newest->lengthBytes, std::nullopt);
@@ -103,13 +99,13 @@ TEST(Appcast, OffersOnlySecurePages) {
 }
 
 TEST(Appcast, RefusesBrokenAndHostileDocuments) {
-  const QByteArray good = fixture("newer.xml");
+  const QByteArray good = appcast("newer.xml");
   ASSERT_TRUE(parseAppcast(good));
   for (qsizetype length = 0; length < good.size() - 8; length += 7) {
     EXPECT_FALSE(parseAppcast(good.first(length))) << length;
   }
   for (const QByteArray& document :
-       {fixture("entity_bomb.xml"),
+       {appcast("entity_bomb.xml"),
         "<!DOCTYPE rss>" + feedWith("<enclosure version='1' url='https://a.example/'/>"),
         QByteArray("no markup"), QByteArray("<html><channel/></html>"),
         QByteArray("<rss version='2.0'/>"), good + good, feedWith("<a b='1' b='2'/>"),

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <set>
 
 #include "core/memory_manager.h"
@@ -70,16 +69,6 @@ TEST_F(Collection, EstimatesWhatCannotBeInspected) {
   EXPECT_LE(*sizes[0].rbegin(), 500'000'000U);
   EXPECT_GT(*sizes[0].rbegin(), 400'000'000U);
   EXPECT_LE(*sizes[1].rbegin(), 100'000'000U);
-}
-
-TEST(UniformNumber, ReachesBothEndsAndRejectsTheBiasedRest) {
-  fakes::FakeRandomSource random;
-  const std::uint64_t top = std::numeric_limits<std::uint64_t>::max();
-  random.queued = {0, 5, 6, top};  // 2^64 mod 10 is 6: numbers below 6 are drawn again
-  EXPECT_EQ(uniformNumber(random, 100, 109), 106U);
-  EXPECT_EQ(uniformNumber(random, 100, 109), 105U);
-  EXPECT_TRUE(random.queued.empty());
-  EXPECT_EQ(uniformNumber(random, 3, 3), 3U);
 }
 
 TEST_F(Collection, ListsTenAndRemembersAll) {

@@ -52,7 +52,7 @@ class FeedServer {
   }
 
   static QByteArray bytesFor(const QByteArray& path) {
-    const QByteArray newer = fixture("/newer.xml");
+    const QByteArray newer = appcast("newer.xml");
     if (path == "/404") return "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n";
     if (path == "/truncated") return ok(newer.first(300), newer.size());
     if (path == "/unmarked-end") return "HTTP/1.1 200 OK\r\n\r\n" + newer.first(300);
@@ -68,11 +68,8 @@ class FeedServer {
       const int left = path.mid(6).toInt();
       return redirectTo(left == 1 ? "/newer.xml" : "/hops/" + QByteArray::number(left - 1));
     }
-    const QByteArray body = fixture(path.toStdString());
+    const QByteArray body = appcast(path.mid(1).toStdString());
     return ok(body, body.size());
-  }
-  static QByteArray fixture(const std::string& path) {
-    return QByteArray::fromStdString(testData("appcasts" + path));
   }
 
   QTcpServer server_;

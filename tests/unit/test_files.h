@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QTemporaryDir>
 #include <cstdlib>
 #include <filesystem>
@@ -37,6 +38,10 @@ inline std::string readFile(const std::string& path) {
 
 inline std::string testData(const std::string& name) {
   return readFile(ORVANE_TEST_DATA "/" + name);
+}
+
+inline QByteArray appcast(const std::string& name) {
+  return QByteArray::fromStdString(testData("appcasts/" + name));
 }
 
 /// Sets (or, with none, removes) an environment variable until the end of the scope.

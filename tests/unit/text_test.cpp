@@ -1,11 +1,9 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "core/number_format.h"
 #include "core/utf8.h"
-#include "core/uuid.h"
 
 namespace orvane {
 namespace {
@@ -30,13 +28,6 @@ TEST(DecodeUtf8, ReplacesEachInvalidSequence) {
       {"\xE2\x82x", fffd + "x"},             // the next character survives
       {std::string("cut\0here", 8), "cut"}};
   for (const auto& [bytes, text] : cases) EXPECT_EQ(decodeUtf8(bytes), text);
-}
-
-TEST(Uuid, IsARandomOneOfVersionFour) {
-  EXPECT_THAT(
-      Uuid::random().text(),
-      testing::MatchesRegex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}"));
-  EXPECT_NE(Uuid::random(), Uuid::random());
 }
 
 }  // namespace

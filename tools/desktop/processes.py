@@ -46,15 +46,19 @@ def end_descendants(spared=(), patience=3.0):
     for end_signal, seconds in ((signal.SIGTERM, patience), (signal.SIGKILL, patience)):
         deadline = time.monotonic() + seconds
         _signal_all(end_signal, spared)
-        while set(descendants(os.getpid())) - set(spared) and time.monotonic() < deadline:
+        while _others(spared) and time.monotonic() < deadline:
             _reap()
             time.sleep(0.02)
             if end_signal == signal.SIGTERM:
                 _signal_all(end_signal, spared)  # those that started meanwhile
 
 
+def _others(spared):
+    return set(descendants(os.getpid())) - set(spared)
+
+
 def _signal_all(number, spared):
-    for process in set(descendants(os.getpid())) - set(spared):
+    for process in _others(spared):
         try:
             os.kill(process, number)
         except ProcessLookupError:
