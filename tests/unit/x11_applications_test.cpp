@@ -79,13 +79,15 @@ class X11ApplicationsTest : public testing::Test {
 };
 
 TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
-  const ChildProcess terminal({"xterm"}, desktop_.environment());
+  // A user's shell could start anything.
+  const ChildProcess terminal({"xterm", "-e", "sleep", "600"}, desktop_.environment());
   const ChildProcess editor({"mousepad"}, desktop_.environment());
   const ChildProcess calculator({"galculator"}, desktop_.environment());
   const TestDirectory directory;
   const std::string unknown = directory.path("unknown");
   fs::copy_file(fs::canonical("/usr/bin/xterm"), unknown);
-  const ChildProcess strange({unknown, "-class", "Strange"}, desktop_.environment());
+  const ChildProcess strange({unknown, "-class", "Strange", "-e", "sleep", "600"},
+                             desktop_.environment());
   const struct {
     pid_t pid;
     std::string name;
@@ -103,7 +105,7 @@ TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
   }
   EXPECT_TRUE(eventually([&] {
     return ledBy(terminal.pid()) && applications_.taskFigures(terminal.pid())->threadCount == 2;
-  })) << "the terminal with its shell";
+  })) << "the terminal with what runs in it";
 }
 
 TEST_F(X11ApplicationsTest, ListsOrdinaryWindowsUntilTheServerIsGone) {
