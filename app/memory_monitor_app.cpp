@@ -2,6 +2,7 @@
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QWindow>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,14 @@ bool isFrontmost() {
   return QGuiApplication::applicationState() == Qt::ApplicationActive;
 }
 
+/// Somebody can see the figures: the popover or a window is open.
+bool isWatched() {
+  const QWindowList windows = QGuiApplication::topLevelWindows();
+  return std::any_of(windows.begin(), windows.end(), [](const QWindow* window) {
+    return window->isVisible() && window->windowState() != Qt::WindowMinimized;
+  });
+}
+
 }  // namespace
 
 /// In the order of their making; what is below may use what is above.
@@ -81,7 +90,10 @@ struct MemoryMonitorApp::Services {
   LinuxMemoryCounters counters;
   LinuxMemoryClaims claims;
   DescriptorLimit descriptors;
-  LinuxApplications applications{LinuxApplications::desktopOptions(descriptors.current())};
+  LinuxBackgroundQueue backgroundQueue;
+  LinuxApplications applications{
+      LinuxApplications::desktopOptions(descriptors.current(), isWatched), mainQueue,
+      backgroundQueue};
   LinuxProcessSignals signals;
   InProcessNotificationCentre notificationCentre{mainQueue};
   LinuxNotificationService notifications{bus, isFrontmost};
@@ -92,7 +104,6 @@ struct MemoryMonitorApp::Services {
       {.feedUrl = std::string(updateFeed), .runningVersion = std::string(productVersion)}};
   StatusIconPainter icons;
   QtApplication application;
-  LinuxBackgroundQueue backgroundQueue;
   LazyWindows windows{moduleFolders(),
                       appearance,
                       {.version = std::string(productVersion),

@@ -105,11 +105,13 @@ void readEveryProcess() {
 
 /// The model on the real memory and the real processes.
 struct Model {
+  fakes::FakeServices others;
   DescriptorLimit limit;
   LinuxMemoryCounters counters;
-  LinuxApplications applications{LinuxApplications::desktopOptions(limit.current())};
+  LinuxApplications applications{
+      LinuxApplications::desktopOptions(limit.current(), [] { return true; }), others.time,
+      others.time};
   LinuxClock clock;
-  fakes::FakeServices others;
   std::shared_ptr<MemoryManager> manager = MemoryManager::create(services());
 
   MemoryManagerServices services() {
@@ -131,6 +133,40 @@ struct Model {
   }
 
   void tick() { others.time.advance(samplingInterval); }
+};
+
+/// A child that has so many bytes of its own.
+class Holder {
+ public:
+  explicit Holder(std::size_t bytes) {
+    std::array<int, 2> ready{};
+    if (::pipe2(ready.data(), O_CLOEXEC) != 0) std::abort();
+    child_ = ::fork();
+    if (child_ == 0) {
+      const std::vector<char> block(bytes, 'x');
+      const char done = 1;
+      if (::write(ready[1], &done, 1) != 1) ::_exit(block.empty() ? 2 : 1);
+      ::pause();
+      ::_exit(0);
+    }
+    char byte = 0;
+    if (::read(ready[0], &byte, 1) != 1) std::abort();
+    ::close(ready[0]);
+    ::close(ready[1]);
+  }
+  ~Holder() {
+    ::kill(child_, SIGKILL);
+    ::waitpid(child_, nullptr, 0);
+  }
+  Holder(const Holder&) = delete;
+  Holder& operator=(const Holder&) = delete;
+
+  [[nodiscard]] std::string file(const char* name) const {
+    return "/proc/" + std::to_string(child_) + "/" + name;
+  }
+
+ private:
+  pid_t child_ = -1;
 };
 
 double median(std::vector<double> times) {
@@ -167,6 +203,33 @@ BENCHMARK(BM_SamplingTick)
     ->Arg(40)
     ->Arg(400)
     ->Iterations(200)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// What the truth about one process costs, beside the cheap figures of it.
+void BM_ProportionalSize(benchmark::State& state) {
+  constexpr std::size_t mebibyte = 1 << 20;
+  const Holder holder(static_cast<std::size_t>(state.range(0)) * mebibyte);
+  std::vector<double> readings;
+  std::vector<double> cheap;
+  for ([[maybe_unused]] auto _ : state) {
+    const double start = cpuSeconds();
+    readOnce(holder.file("smaps_rollup"));
+    const double middle = cpuSeconds();
+    readOnce(holder.file("statm"));
+    const double end = cpuSeconds();
+    readings.push_back(middle - start);
+    cheap.push_back(end - middle);
+    state.SetIterationTime(middle - start);
+  }
+  state.counters["statm_ms"] = median(cheap) * 1e3;
+  state.counters["ms_per_GB"] = median(readings) * 1e3 * 1024 / static_cast<double>(state.range(0));
+}
+BENCHMARK(BM_ProportionalSize)
+    ->ArgName("MB")
+    ->Arg(100)
+    ->Arg(1024)
+    ->Iterations(20)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 

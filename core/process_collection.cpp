@@ -41,21 +41,24 @@ std::vector<ProcessInfo> ProcessCollection::collect(Published<ProcessMemoryHisto
 
 ProcessInfo ProcessCollection::makeRecord(const RunningApplication& application) {
   const std::int32_t pid = application.processIdentifier;
-  TaskFigures figures = tasks_.taskFigures(pid).value_or(TaskFigures{});
-  if (figures.residentSize == 0) {
-    figures.residentSize = estimatedSize(random_, application.activationPolicy);
-    figures.virtualSize = virtualSizeFactor * figures.residentSize;
-  } else if (figures.virtualSize < figures.residentSize) {
-    figures.virtualSize = virtualSizeFactor * figures.residentSize;
+  const TaskFigures figures = tasks_.taskFigures(pid).value_or(TaskFigures{});
+  std::uint64_t resident = figures.residentSize.value_or(0);
+  std::uint64_t virtualSize = figures.virtualSize.value_or(0);
+  if (resident == 0) {
+    resident = estimatedSize(random_, application.activationPolicy);
+    virtualSize = virtualSizeFactor * resident;
+  } else if (virtualSize < resident) {
+    virtualSize = virtualSizeFactor * resident;
   }
   return {.name = application.localizedName.value_or("Unknown"),
-          .memoryUsage = figures.residentSize,
+          .memoryUsage = resident,
           .pid = pid,
           .icon = application.icon,
-          .threadCount = figures.threadCount,
+          .threadCount = figures.threadCount.value_or(0),
           .processPath = decodeUtf8(tasks_.executablePath(pid).value_or("")),
-          .privateMemory = figures.residentSize,
-          .virtualMemory = figures.virtualSize,
+          .privateMemory = resident,
+          .virtualMemory = virtualSize,
+          .distinction = application.distinction,
           .handle = application.handle};
 }
 

@@ -16,7 +16,7 @@ namespace orvane {
 struct ProcessInfo {
   Uuid id = Uuid::random();
   std::string name;
-  std::uint64_t memoryUsage = 0;  ///< bytes: resident size of the application, or an estimate
+  std::uint64_t memoryUsage = 0;  ///< bytes: what the application holds, or an estimate
   std::int32_t pid = 0;           ///< of the leading process
   std::optional<ApplicationIcon> icon;
   int threadCount = 0;  ///< 0 when unknown
@@ -25,6 +25,7 @@ struct ProcessInfo {
   std::string processPath;
   std::uint64_t privateMemory = 0;  ///< bytes, always `memoryUsage`
   std::uint64_t virtualMemory = 0;  ///< bytes
+  std::string distinction;          ///< as in RunningApplication
   /// Which process exactly the record was made from, however often its `pid` is reused.
   std::shared_ptr<const ProcessHandle> handle;
 

@@ -35,6 +35,9 @@ struct RunningApplication {
   std::optional<std::string> localizedName = {};  ///< none when nothing names it
   std::optional<ApplicationIcon> icon = {};       ///< none when it has no icon
   ActivationPolicy activationPolicy = ActivationPolicy::accessory;
+  /// What tells it apart from others of the same name: its entry's id or its command. Empty when
+  /// there are none.
+  std::string distinction = {};
   std::shared_ptr<const ProcessHandle> handle =
       {};  ///< may be null when the process is already gone
 };

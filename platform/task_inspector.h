@@ -6,11 +6,11 @@
 
 namespace orvane {
 
-/// Memory figures of one application.
+/// Figures of one application; none where the kernel gives none.
 struct TaskFigures {
-  std::uint64_t virtualSize = 0;   ///< bytes
-  std::uint64_t residentSize = 0;  ///< bytes; 0 when the kernel gives none
-  int threadCount = 0;             ///< 0 when unknown
+  std::optional<std::uint64_t> virtualSize;   ///< bytes
+  std::optional<std::uint64_t> residentSize;  ///< bytes
+  std::optional<int> threadCount;
 };
 
 /// Figures of the application that a process leads.

@@ -6,11 +6,24 @@ import pathlib
 
 def memory(process):
     """(anonymous, resident) memory in MB (2^20 bytes)."""
+    figures = _rollup(process)
+    return figures["Anonymous"], figures["Rss"]
+
+
+def proportional(process):
+    """Memory in MB, by the process' own part of what it shares; 0 when it has just ended."""
+    try:
+        return _rollup(process)["Pss"]
+    except OSError:
+        return 0
+
+
+def _rollup(process):
     figures = {}
     for line in pathlib.Path(f"/proc/{process}/smaps_rollup").read_text().splitlines()[1:]:
         key, _, value = line.partition(":")
         figures[key] = int(value.split()[0]) / 1024
-    return figures["Anonymous"], figures["Rss"]
+    return figures
 
 
 def cpu_seconds(process):

@@ -13,7 +13,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT))
-from bench.program.figures import Row, cpu_seconds, memory, wake_ups  # noqa: E402
+from bench.program.figures import Row, cpu_seconds, memory, proportional, wake_ups  # noqa: E402
 from bench.program.main_window import MainWindowMeasurement  # noqa: E402
 from tools.desktop.orvane import Orvane  # noqa: E402
 from tools.desktop.panel import find_item  # noqa: E402
@@ -25,6 +25,9 @@ from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
 PEER = "lxtask"
 OPENINGS = 6
 STARTS = 5
+PROCESSES = 100
+READING_PERIOD = 300  # seconds
+HOG = "block = bytearray(510 << 20); block[::4096] = b'x' * len(block[::4096]); import time; time.sleep(3600)"
 
 
 class Measurement:
@@ -55,6 +58,7 @@ class Measurement:
         for _, process in references:
             process.terminate()
             process.wait()
+        yield self.rest_beside_large_applications(orvane)
         yield from self.popover_rows(orvane)
         orvane.stop()
         yield from MainWindowMeasurement(self).rows()
@@ -87,6 +91,25 @@ class Measurement:
                   for (_, process), old in zip(processes, before)]
         yield Row("CPU at rest", cpu[0], 0.05, "s/min", beside(zip(names[1:], cpu[1:])))
         yield Row("wake-ups at rest", waking[0], 1.0, "/s", beside(zip(names[1:], waking[1:])))
+
+    def rest_beside_large_applications(self, orvane):
+        """For as long as it takes to read each of them once, which is what they cost."""
+        hogs = [self.desktop.start_program([sys.executable, "-c", HOG]) for _ in range(4)]
+        sleepers = [self.desktop.start_program(["sleep", "3600"])
+                    for _ in range(PROCESSES - sum(name.isdigit() for name in os.listdir("/proc")))]
+        wait_for("2 GB", 60, lambda: all(memory(hog.pid)[0] > 500 for hog in hogs))
+        cpu = cpu_seconds(orvane.pid)
+        time.sleep(READING_PERIOD)
+        cpu = (cpu_seconds(orvane.pid) - cpu) * 60 / READING_PERIOD
+        start = time.thread_time()
+        for hog in hogs:
+            proportional(hog.pid)
+        once = (time.thread_time() - start) * 1000
+        for process in hogs + sleepers:
+            process.kill()
+            process.wait()
+        return Row("CPU at rest beside applications of 2 GB", cpu, 0.05, "s/min",
+                   f"reading their true sizes once: {once:.0f} ms")
 
     def popover_rows(self, orvane):
         times = [self.opening() for _ in range(OPENINGS)]

@@ -8,5 +8,7 @@ for program in "$build"/bench/*_benchmark; do
   printf '== %s\n' "${program##*/}"
   "$program" --benchmark_counters_tabular=true
 done
+printf '== shown figures beside true ones\n'
+/usr/bin/python3 bench/program/true_figures.py "$build"
 printf '== the running program\n'
 /usr/bin/python3 bench/program/measure.py "$build"

@@ -1,6 +1,6 @@
 target_sources(orvane_platform PRIVATE
   application_grouping.cpp
-  application_leader.cpp
+  application_memory.cpp
   descriptor_limit.cpp
   desktop_entries.cpp
   desktop_entry_file.cpp
@@ -10,5 +10,6 @@ target_sources(orvane_platform PRIVATE
   process_command.cpp
   process_stat.cpp
   process_table.cpp
+  proportional_size_reader.cpp
   systemd_unit.cpp
   x11_windows.cpp)

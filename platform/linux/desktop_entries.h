@@ -20,7 +20,8 @@ struct DesktopEntry {
   std::string program;          ///< absolute path; empty when it is another program's launcher
   std::string resolvedProgram;  ///< where symbolic links lead from there
   std::vector<std::string> arguments;
-  bool visible = false;  ///< belongs into the desktop's menus
+  bool visible = false;   ///< belongs into the desktop's menus
+  bool launcher = false;  ///< a panel or a window manager, by what sessions look for in its entry
 };
 
 /// The desktop entries of this machine, held as a small index.

@@ -3,6 +3,7 @@
 #include <glib.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <span>
@@ -75,6 +76,16 @@ bool belongsIntoMenus(const EntryFile& file) {
          !file.lists(G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN, desktops);
 }
 
+/// Sessions start panels and window managers in phases of their own.
+bool isLauncher(const EntryFile& file) {
+  constexpr std::array phases{"DisplayServer", "WindowManager", "Panel", "Desktop"};
+  if (file.has("X-GNOME-WMName")) return true;
+  return std::any_of(phases.begin(), phases.end(), [&](const char* phase) {
+    return file.text("X-GNOME-Autostart-Phase") == phase ||
+           file.text("X-MATE-Autostart-Phase") == phase;
+  });
+}
+
 /// A themed icon's name is written without the ending of a file.
 std::string iconName(const EntryFile& file) {
   std::string name = file.localeText(G_KEY_FILE_DESKTOP_KEY_ICON);
@@ -130,6 +141,7 @@ DesktopEntries::Entry readDesktopEntry(const std::string& path, std::string id) 
   entry->icon = iconName(file);
   entry->windowClass = file.text(G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS);
   entry->visible = belongsIntoMenus(file);
+  entry->launcher = isLauncher(file);
   return entry;
 }
 

@@ -6,6 +6,18 @@ namespace {
 constexpr std::size_t longestControlGroup = 16384;
 constexpr std::size_t longestCommandLine = 32768;
 constexpr std::size_t longestEnvironment = 262144;
+constexpr std::size_t longestCommandText = 120;
+
+/// The arguments in one line, program without folder.
+std::string commandText(const std::vector<std::string>& arguments) {
+  std::string text;
+  for (const std::string& argument : arguments) {
+    if (text.size() >= longestCommandText) break;
+    text += text.empty() ? std::string(fileName(argument)) : ' ' + argument;
+  }
+  if (text.size() > longestCommandText) text.resize(longestCommandText);
+  return text;
+}
 
 }  // namespace
 
@@ -18,8 +30,12 @@ ProcessEvidence EvidenceReader::read(const Process& process) const {
   evidence.executable = table_.executablePath(process.pid).value_or("");
   ProcessCommand command = processCommand(evidence.executable, arguments, process.command);
   findEntry(process, command, arguments, evidence);
+  evidence.command = commandText(arguments);
   evidence.name = std::move(command.name);
   evidence.role = command.role;
+  if (evidence.entry && evidence.entry->launcher && evidence.role == ProcessRole::program) {
+    evidence.role = ProcessRole::launcher;
+  }
   return evidence;
 }
 

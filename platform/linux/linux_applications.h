@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -8,9 +9,11 @@
 #include <vector>
 
 #include "platform/linux/application_grouping.h"
+#include "platform/linux/application_memory.h"
 #include "platform/linux/desktop_entries.h"
 #include "platform/linux/evidence_reader.h"
 #include "platform/linux/process_table.h"
+#include "platform/linux/proportional_size_reader.h"
 #include "platform/linux/x11_windows.h"
 #include "platform/running_applications.h"
 #include "platform/task_inspector.h"
@@ -20,22 +23,25 @@ namespace orvane {
 /// The user's running applications, each a group of processes, and what they use.
 ///
 /// Everything is read at the first list and only what changed after that; in between each process
-/// costs little more than one read. An application's resident size is its leader's
-/// (/proc/PID/stat: rss) plus what each other process doesn't share (/proc/PID/statm: resident -
-/// shared); threads (/proc/PID/stat: num_threads) are summed; the virtual size (/proc/PID/stat:
-/// vsize) is the leader's.
+/// costs little more than one read. An application's resident size is a memoryFigure of its
+/// processes
+/// (/proc/PID/statm: resident, shared; /proc/PID/smaps_rollup: Pss); threads (/proc/PID/stat:
+/// num_threads) are summed; the virtual size (/proc/PID/statm: size) is the leader's.
 class LinuxApplications : public RunningApplications, public TaskInspector {
  public:
   struct Options {
     std::string display;                              ///< X11 display, empty for none
     std::vector<std::string> applicationDirectories;  ///< folders of desktop entries
     std::size_t descriptorLimit = 0;                  ///< how many this process may have open
+    std::function<bool()> isWatched;  ///< somebody looks at the figures; empty for never
   };
 
-  explicit LinuxApplications(Options options);
+  /// The queues must outlive every block submitted to them.
+  LinuxApplications(Options options, MainQueue& mainQueue, BackgroundQueue& backgroundQueue);
 
   /// What a desktop session has: $DISPLAY and the standard folders.
-  [[nodiscard]] static Options desktopOptions(std::size_t descriptorLimit);
+  [[nodiscard]] static Options desktopOptions(std::size_t descriptorLimit,
+                                              std::function<bool()> isWatched);
 
   [[nodiscard]] std::vector<RunningApplication> runningApplications() override;
   [[nodiscard]] std::optional<TaskFigures> taskFigures(std::int32_t pid) override;
@@ -44,19 +50,25 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
  private:
   struct Application {
     RunningApplication record;
+    std::string entryId;
     const Process* leader = nullptr;
-    std::vector<const Process*> others;
+    std::vector<ApplicationMember> members;
+    std::uint64_t figure = 0;         ///< bytes
+    std::uint64_t groupedFigure = 0;  ///< bytes when its leader was chosen; 0 before it was known
   };
   /// A process' own evidence together with its window's.
   struct Candidate {
-    const Process* process = nullptr;
+    Process* process = nullptr;
     const X11Window* window = nullptr;
     DesktopEntries::Entry entry;
     EntrySource source = EntrySource::none;
+    bool isDesktopPart = false;  ///< owns a panel or the desktop's background
   };
-  struct KnownHandle {
+  /// What is kept of a process as long as it leads.
+  struct KnownLeader {
     std::uint64_t serial = 0;  ///< of the process
     std::shared_ptr<const ProcessHandle> handle;
+    ReadingState readings;
   };
 
   bool gatherEvidence();
@@ -66,7 +78,12 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
   [[nodiscard]] static GroupedProcess groupedProcess(const Candidate& candidate);
   [[nodiscard]] static Application makeApplication(const std::vector<Candidate>& candidates,
                                                    const ApplicationGroup& group);
-  void openHandles();
+  static void addMembers(Application& application, const std::vector<Candidate>& candidates,
+                         const ApplicationGroup& group);
+  void keepLeaders();
+  void tellNamesakesApart();
+  void measure();
+  void readSizes();
 
   ProcessTable table_;
   DesktopEntries entries_;
@@ -74,7 +91,10 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
   X11Windows windows_;
   std::vector<Application> applications_;
   std::map<std::int32_t, std::size_t> byLeader_;
-  std::map<std::int32_t, KnownHandle> handles_;
+  std::map<std::int32_t, KnownLeader> leaders_;
+  ProportionalSizeReader sizes_;
+  std::function<bool()> isWatched_;
+  bool memoryShifted_ = false;  ///< so much that another process may lead
 };
 
 }  // namespace orvane

@@ -14,8 +14,25 @@ constexpr std::array interpreters{"python"sv, "perl"sv, "ruby"sv, "gjs"sv, "node
 constexpr std::array wrappers{
     "bwrap"sv,    "unshare"sv,      "env"sv,     "nohup"sv,       "setsid"sv,         "timeout"sv,
     "firejail"sv, "snap-confine"sv, "flatpak"sv, "gamemoderun"sv, "systemd-inhibit"sv};
-constexpr std::array sessionRoots{"systemd"sv,           "startx"sv, "xinit"sv, "Xsession"sv,
-                                  "x-session-manager"sv, "sshd"sv};
+constexpr std::array sessionRoots{
+    "systemd"sv,           "startx"sv, "xinit"sv,       "Xsession"sv,
+    "x-session-manager"sv, "sshd"sv,   "dbus-daemon"sv, "dbus-broker-launch"sv};
+/// Panels, shells, window managers and compositors; windows tell the same of others, but on X11
+/// only.
+constexpr std::array launchers{
+    "gnome-shell"sv,  "gnome-panel"sv,    "plasmashell"sv,   "kwin_x11"sv,
+    "kwin_wayland"sv, "krunner"sv,        "xfce4-panel"sv,   "xfwm4"sv,
+    "xfdesktop"sv,    "lxqt-panel"sv,     "lxqt-runner"sv,   "lxpanel"sv,
+    "mate-panel"sv,   "marco"sv,          "cinnamon"sv,      "muffin"sv,
+    "budgie-panel"sv, "budgie-wm"sv,      "mutter"sv,        "metacity"sv,
+    "waybar"sv,       "sway"sv,           "swaybar"sv,       "i3"sv,
+    "i3bar"sv,        "polybar"sv,        "tint2"sv,         "openbox"sv,
+    "fluxbox"sv,      "icewm"sv,          "jwm"sv,           "awesome"sv,
+    "bspwm"sv,        "sxhkd"sv,          "herbstluftwm"sv,  "dwm"sv,
+    "xmonad"sv,       "qtile"sv,          "enlightenment"sv, "Hyprland"sv,
+    "labwc"sv,        "wayfire"sv,        "river"sv,         "niri"sv,
+    "weston"sv,       "dmenu"sv,          "rofi"sv,          "fuzzel"sv,
+    "wofi"sv,         "xfce4-appfinder"sv};
 
 template <typename Names>
 bool contains(const Names& names, std::string_view name) {
@@ -33,6 +50,12 @@ bool isInterpreter(std::string_view name) {
 bool isSessionRoot(std::string_view name) {
   return contains(sessionRoots, name) || name.ends_with("-session") || name.ends_with("_session") ||
          name.starts_with("gnome-session");
+}
+
+/// What part a program of this name plays; `otherwise` when the name doesn't tell.
+ProcessRole roleOf(std::string_view name, ProcessRole otherwise) {
+  if (isSessionRoot(name)) return ProcessRole::sessionRoot;
+  return contains(launchers, name) ? ProcessRole::launcher : otherwise;
 }
 
 std::string_view firstWord(std::string_view text) {
@@ -126,10 +149,10 @@ ProcessCommand processCommand(std::string_view executable,
   const std::string_view program = hasFile ? fileName(executable) : kernelName;
   const bool shell = contains(shells, program);
   if (!shell && !isInterpreter(program)) {
-    ProcessCommand command{.name = std::string(program), .path = std::string(executable)};
-    if (contains(wrappers, program)) command.role = ProcessRole::wrapper;
-    if (isSessionRoot(program)) command.role = ProcessRole::sessionRoot;
-    return command;
+    const bool wrapper = contains(wrappers, program);
+    return {.name = std::string(program),
+            .path = std::string(executable),
+            .role = roleOf(program, wrapper ? ProcessRole::wrapper : ProcessRole::program)};
   }
   const std::string_view script = interpretedProgram(arguments, shell);
   if (fileName(script).empty()) {
@@ -137,10 +160,10 @@ ProcessCommand processCommand(std::string_view executable,
             .path = "",
             .role = shell ? ProcessRole::shell : ProcessRole::program};
   }
-  ProcessCommand command{.name = std::string(fileName(script)), .path = std::string(script)};
-  if (shell) command.role = ProcessRole::wrapper;
-  if (isSessionRoot(command.name)) command.role = ProcessRole::sessionRoot;
-  return command;
+  const std::string_view name = fileName(script);
+  return {.name = std::string(name),
+          .path = std::string(script),
+          .role = roleOf(name, shell ? ProcessRole::script : ProcessRole::program)};
 }
 
 std::optional<std::string> parseLaunchedDesktopFile(std::string_view environment,

@@ -12,7 +12,9 @@ namespace orvane {
 enum class ProcessRole {
   program,      ///< does the work itself
   shell,        ///< an interactive shell: what it starts is another program
-  wrapper,      ///< only starts the program proper: a start script, a sandbox
+  script,       ///< a shell script, which may only start the program proper
+  wrapper,      ///< only starts the program proper: a sandbox, a time limit
+  launcher,     ///< a panel, a window manager: other programs start from it, its helpers aside
   sessionRoot,  ///< starts the desktop session: what it starts stands for itself
 };
 

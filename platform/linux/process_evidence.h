@@ -19,6 +19,7 @@ struct ProcessEvidence {
   std::shared_ptr<const DesktopEntry> entry;
   EntrySource source = EntrySource::none;
   std::string name;        ///< of the command
+  std::string command;     ///< the beginning of the command line
   std::string executable;  ///< path; empty when it is a secret
   ProcessRole role = ProcessRole::program;
 };

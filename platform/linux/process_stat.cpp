@@ -1,11 +1,13 @@
 #include "platform/linux/process_stat.h"
 
 #include <charconv>
+#include <limits>
 
 namespace orvane {
 namespace {
 
 constexpr std::uint64_t kernelThreadFlag = 0x00200000;
+constexpr std::uint64_t bytesPerKibibyte = 1024;
 
 /// Takes numbers off the front of a text. After the first failure every number is 0.
 class NumberReader {
@@ -73,9 +75,8 @@ std::optional<ProcessStat> parseProcessStat(std::string_view text) {
   rest.skip(1);
   stat.startTime = rest.next<std::uint64_t>();
   stat.virtualSize = rest.next<std::uint64_t>();
-  stat.residentPages = rest.next<std::uint64_t>();
-  rest.skip(1);  // limit of the resident size
-  stat.startCode = rest.next<std::uint64_t>();
+  rest.skip(4);  // resident size and its limit, bounds of the code
+  stat.startStack = rest.next<std::uint64_t>();
   if (head.failed() || rest.failed() || stat.pid <= 0) return {};
   return stat;
 }
@@ -89,6 +90,18 @@ std::optional<ProcessPages> parseProcessPages(std::string_view text) {
   pages.text = reader.next<std::uint64_t>();
   if (reader.failed()) return {};
   return pages;
+}
+
+std::optional<std::uint64_t> parseProportionalSize(std::string_view text) {
+  constexpr std::string_view key = "\nPss:";
+  const std::size_t line = text.find(key);
+  if (line == std::string_view::npos) return {};
+  NumberReader reader(text.substr(line + key.size()));
+  const auto kibibytes = reader.next<std::uint64_t>();
+  if (reader.failed() || kibibytes > std::numeric_limits<std::uint64_t>::max() / bytesPerKibibyte) {
+    return {};
+  }
+  return kibibytes * bytesPerKibibyte;
 }
 
 }  // namespace orvane

@@ -18,8 +18,9 @@ struct ProcessStat {
   int threads = 0;
   std::uint64_t startTime = 0;    ///< clock ticks since the machine started
   std::uint64_t virtualSize = 0;  ///< bytes
-  std::uint64_t residentPages = 0;
-  std::uint64_t startCode = 0;  ///< address of the program's code; 0 or 1 when it is a secret
+  /// Address of the stack's start: the kernel draws it at each exec, and a fork keeps it. 0 when it
+  /// is a secret.
+  std::uint64_t startStack = 0;
 
   /// Exited, its parent just hasn't asked for the result yet.
   [[nodiscard]] bool isZombie() const { return state == 'Z' || state == 'X' || state == 'x'; }
@@ -42,5 +43,9 @@ struct ProcessPages {
 
 /// Reads the text of /proc/PID/statm; none when it is cut short or isn't one.
 [[nodiscard]] std::optional<ProcessPages> parseProcessPages(std::string_view text);
+
+/// Bytes of the line "Pss:" of the text of /proc/PID/smaps_rollup: what the process has for itself
+/// and its part of what it shares. None when there is no such line.
+[[nodiscard]] std::optional<std::uint64_t> parseProportionalSize(std::string_view text);
 
 }  // namespace orvane

@@ -19,7 +19,7 @@ constexpr std::size_t pieceLength = 4096;
 constexpr std::size_t descriptorsPerProcess = 2;
 /// A process moves to its control group, its user and its program right after it was forked.
 constexpr unsigned youngUpdates = 3;
-/// How often a process that leads nothing is read completely.
+/// How often a process is read completely.
 constexpr unsigned statePeriod = 4;
 /// How often a rejected process is looked at again: it may have become the user's since.
 constexpr unsigned rejectionPeriod = 16;
@@ -60,6 +60,10 @@ std::string readUpTo(int descriptor, std::size_t limit) {
 
 }  // namespace
 
+bool Process::isYoung() const {
+  return updates_ < youngUpdates;
+}
+
 ProcessTable::ProcessTable(Options options)
     : options_(std::move(options)),
       pageSize_(static_cast<std::uint64_t>(std::max(::sysconf(_SC_PAGESIZE), 1L))),
@@ -81,13 +85,6 @@ void ProcessTable::update() {
 
 void ProcessTable::forgetEvidence() {
   for (auto& [pid, process] : processes_) process.needsEvidence = true;
-}
-
-void ProcessTable::setLeads(Process& process, bool leads) const {
-  const bool sharedSizeIsOld = process.leads_ && !leads;
-  process.leads_ = leads;
-  // A process that is gone keeps its figures until the next update.
-  if (sharedSizeIsOld && !refreshMemory(process)) process.sharedSize = 0;
 }
 
 bool ProcessTable::scan() {
@@ -175,14 +172,12 @@ bool ProcessTable::admit(const ListedProcess& listed, Processes::iterator next) 
 
 /// False when the process is gone, has exited or isn't the user's any more.
 bool ProcessTable::refresh(Process& process) {
-  if (process.leads_) return refreshState(process);
   const ProcessPages before = process.pages_;
   if (!refreshMemory(process)) return false;
   // New threads and programs take address space; exited processes have none.
   const bool changed = process.pages_.size != before.size || process.pages_.text != before.text;
   const bool due = (updates_ + static_cast<unsigned>(process.pid)) % statePeriod == 0;
-  const bool young = process.updates_ < youngUpdates;
-  return !(changed || due || young) || refreshState(process);
+  return !(changed || due || process.isYoung()) || refreshState(process);
 }
 
 bool ProcessTable::refreshState(Process& process) {
@@ -191,8 +186,8 @@ bool ProcessTable::refreshState(Process& process) {
     return false;
   }
   const bool otherProgram =
-      stat->command != process.command || stat->startCode != process.startCode_;
-  const bool young = process.updates_ < youngUpdates;
+      stat->command != process.command || stat->startStack != process.startStack;
+  const bool young = process.isYoung();
   if ((otherProgram || young) && !isOwn(process.pid)) return false;
   if (young) ++process.updates_;
   process.needsEvidence = process.needsEvidence || young || otherProgram;
@@ -227,7 +222,7 @@ std::optional<ProcessStat> ProcessTable::readStat(const Process& process) const 
   return parseProcessStat(read(process.stat_, process.pid, "stat"));
 }
 
-void ProcessTable::store(Process& process, const ProcessStat& stat) const {
+void ProcessTable::store(Process& process, const ProcessStat& stat) {
   if (process.command != stat.command) process.command = stat.command;
   process.parent = stat.parent;
   process.processGroup = stat.processGroup;
@@ -235,8 +230,7 @@ void ProcessTable::store(Process& process, const ProcessStat& stat) const {
   process.threads = stat.threads;
   process.startTime = stat.startTime;
   process.virtualSize = stat.virtualSize;
-  if (process.leads_) process.residentSize = stat.residentPages * pageSize_;
-  process.startCode_ = stat.startCode;
+  process.startStack = stat.startStack;
 }
 
 void ProcessTable::holdDescriptors(Process& process) {

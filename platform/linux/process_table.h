@@ -14,6 +14,7 @@
 #include "platform/linux/file_descriptor.h"
 #include "platform/linux/process_evidence.h"
 #include "platform/linux/process_stat.h"
+#include "platform/linux/proportional_reading.h"
 
 namespace orvane {
 
@@ -30,14 +31,21 @@ struct Process {
   std::uint64_t virtualSize = 0;   ///< bytes
   std::uint64_t residentSize = 0;  ///< bytes
   std::uint64_t sharedSize = 0;    ///< bytes of the resident ones that others may use too
+  std::uint64_t startStack = 0;    ///< as in ProcessStat
   bool needsEvidence = true;       ///< new, very young, or running another program than before
   ProcessEvidence evidence;        ///< kept here for whoever gathers it
+  std::optional<ProportionalReading> reading;  ///< the one that counts, for whoever takes it
+  std::optional<ProportionalReading> pending;  ///< waits for those of the same application
+
+  /// Seen so few times yet that it may still be on its way to what it will be.
+  [[nodiscard]] bool isYoung() const;
+  /// Bytes that the kernel knows to be no other's. Pages that a fork shares count with everyone.
+  [[nodiscard]] std::uint64_t ownSize() const { return residentSize - sharedSize; }
+
  private:
   friend class ProcessTable;
-  bool leads_ = false;
   ino_t inode_ = 0;
   unsigned updates_ = 0;
-  std::uint64_t startCode_ = 0;
   ProcessPages pages_;
   FileDescriptor stat_;
   FileDescriptor statm_;
@@ -49,9 +57,9 @@ struct Process {
 /// open: reading the descriptor of a dead process fails even when its pid is in use again, and
 /// costs a fifth of opening it anew. Beyond `heldDescriptors` files are opened for each reading.
 ///
-/// One read tells all about a process that leads, and the memory of any other; what else there is
-/// to know of others is read when it must have changed, and every fourth update.
-/// Threads: one at a time. A missing or unreadable directory gives an empty table.
+/// The memory of each process is read at every update; what else there is to know of it when it
+/// must have changed, and every fourth time. Threads: one at a time. A missing or unreadable
+/// directory gives an empty table.
 class ProcessTable {
  public:
   struct Options {
@@ -73,10 +81,6 @@ class ProcessTable {
 
   /// Asks for every process' evidence again.
   void forgetEvidence();
-
-  /// Tells whether the process leads an application: then its threads are counted at every update,
-  /// and its `sharedSize` is not.
-  void setLeads(Process& process, bool leads) const;
 
   /// The same process, under the same pid, hasn't been waited for yet.
   [[nodiscard]] bool isStillThere(const Process& process) const;
@@ -110,7 +114,7 @@ class ProcessTable {
   [[nodiscard]] bool refreshMemory(Process& process) const;
   void refreshOrphans();
   [[nodiscard]] std::optional<ProcessStat> readStat(const Process& process) const;
-  void store(Process& process, const ProcessStat& stat) const;
+  static void store(Process& process, const ProcessStat& stat);
   void holdDescriptors(Process& process);
   [[nodiscard]] FileDescriptor open(std::int32_t pid, std::string_view file) const;
   [[nodiscard]] std::string_view read(const FileDescriptor& held, std::int32_t pid,

@@ -84,7 +84,7 @@ std::vector<X11Window> X11Windows::windows() const {
   for (const std::uint32_t id : order_) {
     const auto listed = listed_.find(id);
     if (listed == listed_.end() || !listed->second.known) continue;
-    if (listed->second.known->ordinary) windows.push_back(listed->second.known->window);
+    if (listed->second.known->isLocal) windows.push_back(listed->second.known->window);
   }
   return windows;
 }
@@ -271,7 +271,7 @@ void X11Windows::takeProperty(Description& description, Property property,
   switch (property) {
     case pidProperty:
       window.pid = numbers.empty() ? 0 : static_cast<std::int32_t>(numbers[0]);
-      description.ordinary = description.ordinary && window.pid > 0;
+      description.isLocal = description.isLocal && window.pid > 0;
       break;
     case classProperty: {
       const std::size_t end = std::min(text.find('\0'), text.size());
@@ -285,13 +285,13 @@ void X11Windows::takeProperty(Description& description, Property property,
       break;
     case typeProperty:
       for (const std::uint32_t type : numbers) {
-        if (type == atoms_[dockType] || type == atoms_[desktopType]) description.ordinary = false;
+        if (type == atoms_[dockType] || type == atoms_[desktopType]) window.isDesktopPart = true;
       }
       break;
     case hostProperty:
       // The pid of a program on another machine says nothing here.
       if (!text.empty() && text.substr(0, text.find('\0')) != hostName_)
-        description.ordinary = false;
+        description.isLocal = false;
       break;
     case allProperties:
       break;

@@ -14,12 +14,13 @@ struct xcb_connection_t;
 
 namespace orvane {
 
-/// An ordinary window of the desktop: no panel, no desktop background.
+/// A window of the desktop.
 struct X11Window {
   std::int32_t pid = 0;
-  std::string instance;       ///< WM_CLASS, first part
-  std::string className;      ///< WM_CLASS, second part
-  std::string applicationId;  ///< _GTK_APPLICATION_ID: names the desktop entry; often empty
+  bool isDesktopPart = false;  ///< a panel or the desktop's background, no application's window
+  std::string instance;        ///< WM_CLASS, first part
+  std::string className;       ///< WM_CLASS, second part
+  std::string applicationId;   ///< _GTK_APPLICATION_ID: names the desktop entry; often empty
 
   bool operator==(const X11Window&) const = default;
 };
@@ -40,10 +41,10 @@ class X11Windows {
   X11Windows(const X11Windows&) = delete;
   X11Windows& operator=(const X11Windows&) = delete;
 
-  /// Takes what is new; true when the ordinary windows changed.
+  /// Takes what is new; true when the windows changed.
   bool update();
 
-  /// The ordinary windows, oldest first.
+  /// The windows of programs on this machine, oldest first.
   [[nodiscard]] std::vector<X11Window> windows() const;
 
  private:
@@ -66,7 +67,7 @@ class X11Windows {
   };
   struct Description {
     X11Window window;
-    bool ordinary = true;
+    bool isLocal = true;
 
     bool operator==(const Description&) const = default;
   };

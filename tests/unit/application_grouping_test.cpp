@@ -35,8 +35,19 @@ GroupedProcess process(std::int32_t pid, std::int32_t parent,
           .session = 1,
           .startTime = static_cast<std::uint64_t>(pid),
           .residentSize = 100,
+          .program = "program",
+          .executable = "/usr/bin/program",
           .unit = {},
           .role = role};
+}
+
+/// What runs another program, of so many bytes.
+GroupedProcess running(std::string_view program, std::int32_t pid, std::int32_t parent,
+                       std::uint64_t residentSize) {
+  auto result = process(pid, parent);
+  result.program = program;
+  result.residentSize = residentSize;
+  return result;
 }
 
 GroupedProcess application(std::int32_t pid, std::int32_t parent, const void* name) {
@@ -100,21 +111,58 @@ TEST(ApplicationGrouping, UnitsComeFirst) {
 }
 
 TEST(ApplicationGrouping, SessionRootsDontSwallowWhatTheyStart) {
-  // login shell - X starter - session manager - panel (with a plugin) - launched programs
-  auto panel = process(20, 12);
-  EXPECT_EQ(groups({process(10, 5, ProcessRole::shell), process(11, 10),
-                    process(12, 11, ProcessRole::sessionRoot), process(15, 12), panel,
-                    helperOf(process(21, 20), 20), process(22, 20), process(23, 22),
-                    application(24, 20, &editor)}),
-            (Groups{"10: 10", "11: 11", "12: 12", "15: 15", "20: 20 21", "22: 22 23", "24: 24"}));
+  // login shell - X starter - session manager - programs
+  EXPECT_EQ(groups({process(10, 5, ProcessRole::shell), process(11, 10, ProcessRole::sessionRoot),
+                    process(12, 11, ProcessRole::sessionRoot), process(15, 12), process(16, 15)}),
+            (Groups{"10: 10", "11: 11", "12: 12", "15: 15 16"}));
   // Whatever the first process of the machine or of a container is.
   EXPECT_EQ(groups({process(1, 0), process(10, 1), process(11, 10), process(12, 1)}),
             (Groups{"1: 1", "10: 10 11", "12: 12"}));
-  // A window manager with a hidden entry of its own.
-  auto manager = application(10, 1, &editor);
-  manager.visible = false;
-  EXPECT_EQ(groups({manager, process(11, 10), helperOf(process(12, 10), 10), windowOwner(13, 10)}),
-            (Groups{"10: 10 12", "11: 11", "13: 13"}));
+}
+
+TEST(ApplicationGrouping, LaunchersKeepTheirHelpersOnly) {
+  auto panel = application(20, 5, &editor);
+  panel.role = ProcessRole::launcher;
+  panel.executable = "/usr/bin/panel";
+  auto again = process(21, 20);
+  again.executable = panel.executable;
+  auto plugin = process(22, 20);
+  plugin.executable = "/usr/lib/x86_64-linux-gnu/panel/wrapper";
+  auto machine = process(23, 20);
+  machine.executable = "/usr/lib/jvm/bin/java";
+  // What it started may be in its process group, have children, and know no entry.
+  EXPECT_EQ(groups({panel, again, plugin, machine, helperOf(process(24, 20), 20), process(25, 24),
+                    application(26, 20, &browser)}),
+            (Groups{"20: 20 21 22", "23: 23", "24: 24 25", "26: 26"}));
+  // In a service, or a unit of its own, no less; a launcher isn't gathered by what started it.
+  for (const bool isApplication : {false, true}) {
+    EXPECT_EQ(groups({process(19, 1), inUnit(panel, "/panel.service", isApplication),
+                      inUnit(plugin, "/panel.service", isApplication),
+                      inUnit(process(24, 20), "/panel.service", isApplication),
+                      inUnit(process(25, 24), "/panel.service", isApplication)}),
+              (Groups{"19: 19", "20: 20 22", "24: 24 25"}));
+  }
+  panel.parent = 19;
+  panel.claimed = false;
+  EXPECT_EQ(groups({process(19, 1), panel}), (Groups{"19: 19", "20: 20"}));
+}
+
+TEST(ApplicationGrouping, ATreeThatNobodyClaimsIsOneSession) {
+  auto detached = process(12, 10);
+  auto below = process(13, 12);
+  detached.session = below.session = 12;
+  // An application that starts in it moves nothing.
+  EXPECT_EQ(groups({process(10, 5), process(11, 10), detached, below}),
+            (Groups{"10: 10 11", "12: 12 13"}));
+  EXPECT_EQ(
+      groups({process(10, 5), process(11, 10), detached, below, application(14, 10, &editor)}),
+      (Groups{"10: 10 11", "12: 12 13", "14: 14"}));
+  // A remote shell's jobs; a sandbox with a session of its own inside.
+  EXPECT_EQ(groups({process(10, 5, ProcessRole::shell), helperOf(process(11, 10), 10),
+                    process(12, 10), process(13, 12)}),
+            (Groups{"10: 10 11", "12: 12 13"}));
+  EXPECT_EQ(groups({process(10, 5, ProcessRole::wrapper), detached, below}),
+            (Groups{"12: 10 12 13"}));
 }
 
 TEST(ApplicationGrouping, WrappersHandTheLeadToTheirProgram) {
@@ -131,10 +179,42 @@ TEST(ApplicationGrouping, WrappersHandTheLeadToTheirProgram) {
                     inUnit(process(12, 11), "/f.scope", true),
                     inUnit(process(13, 12), "/f.scope", true)}),
             (Groups{"12: 10 11 12 13"}));
-  // A script that does its work with one tool after the other leads itself.
+  // A script that does its work with one tool after the other leads itself, as long as the tools
+  // are small; however late the large one starts.
   auto tool = process(11, 10);
   tool.startTime = 5000;
-  EXPECT_EQ(groups({process(10, 1, ProcessRole::wrapper), tool}), (Groups{"10: 10 11"}));
+  EXPECT_EQ(groups({process(10, 1, ProcessRole::script), tool}), (Groups{"10: 10 11"}));
+  tool.residentSize = 101;
+  EXPECT_EQ(groups({process(10, 1, ProcessRole::script), tool}), (Groups{"11: 10 11"}));
+}
+
+TEST(ApplicationGrouping, WhoHoldsTheMemoryLeads) {
+  // A runner, the shell it runs, and the program, all started at once or one after the other.
+  const auto runner = running("runner", 10, 1, 60);
+  auto script = process(11, 10, ProcessRole::script);
+  script.program = "sh";
+  script.residentSize = 2;
+  EXPECT_EQ(groups({runner, script, running("server", 12, 11, 300)}), (Groups{"12: 10 11 12"}));
+  EXPECT_EQ(groups({runner, script, running("tool", 12, 11, 50)}), (Groups{"10: 10 11 12"}));
+  // Workers of the same program end with it, and two large ones are no single program.
+  EXPECT_EQ(groups({runner, running("runner", 11, 10, 900)}), (Groups{"10: 10 11"}));
+  EXPECT_EQ(groups({runner, running("a", 11, 10, 100), running("b", 12, 10, 100)}),
+            (Groups{"10: 10 11 12"}));
+  // A compiler comes and goes.
+  auto compiler = running("compiler", 11, 10, 900);
+  compiler.young = true;
+  EXPECT_EQ(groups({runner, compiler}), (Groups{"10: 10 11"}));
+  // A window's owner takes its tools along, and so does an application with an entry, unless it is
+  // next to nothing itself. A terminal's shell never leads.
+  auto window = windowOwner(10, 1);
+  window.residentSize = 10;
+  EXPECT_EQ(groups({window, running("server", 11, 10, 900)}), (Groups{"10: 10 11"}));
+  auto editorWithServer = application(10, 1, &editor);
+  EXPECT_EQ(groups({editorWithServer, running("server", 11, 10, 800)}), (Groups{"10: 10 11"}));
+  EXPECT_EQ(groups({editorWithServer, running("server", 11, 10, 901)}), (Groups{"11: 10 11"}));
+  auto shell = running("bash", 11, 10, 9000);
+  shell.role = ProcessRole::shell;
+  EXPECT_EQ(groups({editorWithServer, shell}), (Groups{"10: 10 11"}));
 }
 
 TEST(ApplicationGrouping, EveryProcessIsInExactlyOneApplication) {

@@ -1,80 +1,13 @@
 // Running applications as this machine really has them.
-#include "platform/linux/linux_applications.h"
-
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
-#include <optional>
 
-#include "platform/linux/linux_process_signals.h"
-#include "tests/unit/child_process.h"
-#include "tests/unit/test_files.h"
+#include "tests/unit/applications_case.h"
 
 namespace orvane {
 namespace {
-
-namespace fs = std::filesystem;
-
-class LinuxApplicationsTest : public testing::Test {
- protected:
-  void addEntry(const std::string& id, const std::string& exec, const std::string& more = "") {
-    std::ofstream(folder_ / (id + ".desktop")) << "[Desktop Entry]\nType=Application\nName=The "
-                                               << id << "\nIcon=" << id << "\nExec=" << exec << '\n'
-                                               << more;
-  }
-
-  std::string addScript(const std::string& name, const std::string& lines) {
-    const fs::path path = folder_ / name;
-    std::ofstream(path) << "#!/bin/bash\n" << lines;
-    fs::permissions(path, fs::perms::owner_all);
-    return path.string();
-  }
-
-  /// A program of its own name and executable.
-  std::string addProgram(const std::string& name) {
-    const fs::path path = folder_ / name;
-    fs::copy_file(fs::canonical("/usr/bin/sleep"), path);
-    return path.string();
-  }
-
-  std::optional<RunningApplication> ledBy(pid_t pid) {
-    for (auto& application : applications_.runningApplications()) {
-      if (application.processIdentifier == pid) return application;
-    }
-    return {};
-  }
-
-  std::optional<RunningApplication> named(const std::string& name) {
-    for (auto& application : applications_.runningApplications()) {
-      if (application.localizedName == name) return application;
-    }
-    return {};
-  }
-
-  /// Waits until the application exists and is led by the executable of this name.
-  std::optional<RunningApplication> awaitLeader(const std::string& name,
-                                                const std::string& executable) {
-    std::optional<RunningApplication> application;
-    const bool came = eventually([&] {
-      application = named(name);
-      return application &&
-             fs::path(applications_.executablePath(application->processIdentifier).value_or(""))
-                     .filename() == executable;
-    });
-    return came ? application : std::nullopt;
-  }
-
-  void killLeader(const RunningApplication& application) {
-    LinuxProcessSignals().killProcess(application.processIdentifier, application.handle.get());
-  }
-
-  TestDirectory directory_;
-  fs::path folder_ = directory_.path();
-  LinuxApplications applications_{
-      {.display = "", .applicationDirectories = {folder_.string()}, .descriptorLimit = 4000}};
-};
 
 TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
   const auto program = addProgram("editor");
@@ -92,7 +25,9 @@ TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
   EXPECT_GT(figures->residentSize, 0u);
   EXPECT_GT(figures->virtualSize, figures->residentSize);
   fs::remove(program);  // as an upgrade does
-  LinuxApplications later({.display = "", .applicationDirectories = {}, .descriptorLimit = 0});
+  LinuxApplications later(
+      {.display = "", .applicationDirectories = {}, .descriptorLimit = 0, .isWatched = {}}, time_,
+      time_);
   EXPECT_FALSE(later.runningApplications().empty());
   EXPECT_EQ(later.executablePath(child.pid()), program);
   killLeader(*application);
@@ -142,8 +77,7 @@ TEST_F(LinuxApplicationsTest, ASandboxEndsWithItsLeader) {
 
 TEST_F(LinuxApplicationsTest, ATreeIsOneApplicationThatEndsWithItsLeader) {
   // Like a browser: the same program again for each of its parts, which end with the first.
-  const auto program = (folder_ / "multi").string();
-  fs::copy_file(fs::canonical("/usr/bin/python3"), program);
+  const auto program = addPython("multi");
   addEntry("multi", program);
   const ChildProcess child({program, "-c",
                             "import os,time\n"
@@ -161,6 +95,24 @@ TEST_F(LinuxApplicationsTest, ATreeIsOneApplicationThatEndsWithItsLeader) {
   const auto application = ledBy(child.pid());
   killLeader(*application);
   EXPECT_TRUE(eventually([&] { return !named("The multi"); }));
+}
+
+TEST_F(LinuxApplicationsTest, NamesakesAreToldApart) {
+  const auto program = addProgram("twin");
+  addEntry("twin", program);
+  const ChildProcess first({program, "600"});
+  ASSERT_TRUE(awaitLeader("The twin", "twin"));
+  EXPECT_EQ(ledBy(first.pid())->distinction, "");
+  const ChildProcess second({program, "601"});
+  ASSERT_TRUE(eventually([&] { return ledBy(second.pid()).has_value(); }));
+  EXPECT_EQ(ledBy(first.pid())->distinction, "twin 600");
+  EXPECT_EQ(ledBy(second.pid())->distinction, "twin 601");
+  const auto other = addProgram("other-twin");
+  addEntry("other-twin", other, "Name=The twin\n");
+  const ChildProcess third({other, "600"});
+  ASSERT_TRUE(eventually([&] { return ledBy(third.pid()).has_value(); }));
+  EXPECT_EQ(ledBy(third.pid())->distinction, "other-twin");
+  EXPECT_EQ(ledBy(first.pid())->distinction, "twin");
 }
 
 TEST_F(LinuxApplicationsTest, DeadProcessesAreNoApplications) {

@@ -30,16 +30,16 @@ TEST(ProcessStat, ReadsFieldsWhateverTheCommandIsCalled) {
     EXPECT_EQ(stat->threads, 6);
     EXPECT_EQ(stat->startTime, 31337u);
     EXPECT_EQ(stat->virtualSize, 11460608u);
-    EXPECT_EQ(stat->residentPages, 999u);
+    EXPECT_EQ(stat->startStack, 140729u);
     EXPECT_FALSE(stat->isZombie() || stat->isKernelThread());
   }
 }
 
 TEST(ProcessStat, TellsExitedProcessesAndKernelThreads) {
   EXPECT_TRUE(
-      parseProcessStat("9 (x) Z 1 9 9 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0")->isZombie());
+      parseProcessStat("9 (x) Z 1 9 9 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0 0 0")->isZombie());
   const auto kernel = [](const std::string& head, const std::string& flags) {
-    return parseProcessStat(head + " 0 0 0 -1 " + flags + " 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0")
+    return parseProcessStat(head + " 0 0 0 -1 " + flags + " 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0 0 0")
         ->isKernelThread();
   };
   EXPECT_TRUE(kernel("2 (kthreadd) S 0", "2129984"));
@@ -53,8 +53,19 @@ TEST(ProcessStat, RefusesWhatIsNoStat) {
   EXPECT_FALSE(parseProcessStat(whole.substr(0, 70)));
   for (const char* text :
        {"", "4711", "4711 (bash", "4711 (bash)", "4711 (bash) ", ") (", "x (y) S",
-        "0 (bash) S 1 1 1 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0"}) {
+        "0 (bash) S 1 1 1 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 5 0 0 0 0 0 0"}) {
     EXPECT_FALSE(parseProcessStat(text)) << text;
+  }
+}
+
+TEST(ProportionalSize, IsTheLineOfThatName) {
+  const std::string head =
+      "5621e934b000-7ffcd1f74000 ---p 00000000 00:00 0     [rollup]\nRss:  1668 kB\n";
+  EXPECT_EQ(parseProportionalSize(head + "Pss:                 769 kB\nPss_Dirty:   112 kB\n"),
+            769U * 1024);
+  for (const char* rest : {"", "Pss_Dirty: 1 kB\n", "Pss:", "Pss: kB\n", "Pss: -1 kB\n",
+                           "Pss: 18446744073709551615 kB\n", "SwapPss: 5 kB\n"}) {
+    EXPECT_FALSE(parseProportionalSize(head + rest)) << rest;
   }
 }
 
@@ -135,14 +146,14 @@ TEST(ProcessCommand, TellsWhatRuns) {
     std::string zeros = line;
     std::replace(zeros.begin(), zeros.end(), ' ', '\0');
     const auto command = processCommand(executable, parseCommandLine(zeros), "kernel name");
-    const char* roles[] = {"program", "shell", "wrapper", "sessionRoot"};
+    const char* roles[] = {"program", "shell", "script", "wrapper", "launcher", "sessionRoot"};
     return std::string(roles[static_cast<int>(command.role)]) + " " + command.name + " " +
            command.path;
   };
   EXPECT_EQ(told("/usr/bin/tool", "tool"), "program tool /usr/bin/tool");
   EXPECT_EQ(told("", "agent"), "program kernel name ");
   EXPECT_EQ(told("/memfd:sealed", "x"), "program kernel name /memfd:sealed");
-  EXPECT_EQ(told("/usr/bin/dash", "/bin/sh -e /usr/bin/app"), "wrapper app /usr/bin/app");
+  EXPECT_EQ(told("/usr/bin/dash", "/bin/sh -e /usr/bin/app"), "script app /usr/bin/app");
   EXPECT_EQ(told("/usr/bin/bash", "-bash"), "shell bash ");
   EXPECT_EQ(told("/usr/bin/zsh", "zsh -i"), "shell zsh ");
   EXPECT_EQ(told("/usr/bin/bash", "bash /dev/fd/3"), "shell bash ");
@@ -153,6 +164,7 @@ TEST(ProcessCommand, TellsWhatRuns) {
   EXPECT_EQ(told("/usr/bin/bwrap", "bwrap --args 3 app"), "wrapper bwrap /usr/bin/bwrap");
   EXPECT_EQ(told("/usr/bin/xfce4-session", "xfce4-session"),
             "sessionRoot xfce4-session /usr/bin/xfce4-session");
+  EXPECT_EQ(told("/usr/bin/waybar", "waybar"), "launcher waybar /usr/bin/waybar");
   EXPECT_EQ(told("/usr/bin/dash", "sh /usr/bin/startx"), "sessionRoot startx /usr/bin/startx");
   EXPECT_EQ(processCommand("/bin/bash", {{"bash", "-c", "exec/gimp --new; true"}}, "").name,
             "gimp");

@@ -9,6 +9,7 @@
 
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/x11_windows.h"
+#include "tests/fakes/virtual_time.h"
 #include "tests/unit/child_process.h"
 #include "tests/unit/test_files.h"
 
@@ -73,9 +74,13 @@ class X11ApplicationsTest : public testing::Test {
   }
 
   Desktop desktop_;
+  fakes::VirtualTime time_;
   LinuxApplications applications_{{.display = desktop_.display(),
                                    .applicationDirectories = {"/usr/share/applications"},
-                                   .descriptorLimit = 4000}};
+                                   .descriptorLimit = 4000,
+                                   .isWatched = {}},
+                                  time_,
+                                  time_};
 };
 
 TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
@@ -108,7 +113,7 @@ TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
   })) << "the terminal with what runs in it";
 }
 
-TEST_F(X11ApplicationsTest, ListsOrdinaryWindowsUntilTheServerIsGone) {
+TEST_F(X11ApplicationsTest, ListsWindowsAndPanelsUntilTheServerIsGone) {
   X11Windows windows(desktop_.display());
   const auto has = [](X11Windows& of, const std::string& instance) {
     of.update();
@@ -132,7 +137,15 @@ TEST_F(X11ApplicationsTest, ListsOrdinaryWindowsUntilTheServerIsGone) {
   ASSERT_TRUE(dock.hasExited());
   X11Windows later(desktop_.display());
   ASSERT_TRUE(eventually([&] { return has(later, "ordinary"); }));
-  EXPECT_FALSE(has(later, "panel"));
+  ASSERT_TRUE(has(later, "panel"));
+  for (const auto& window : later.windows()) {
+    EXPECT_EQ(window.isDesktopPart, window.instance == "panel");
+  }
+  // What runs in an ordinary terminal is a part of it; what a panel starts is not.
+  EXPECT_TRUE(eventually([&] {
+    return ledBy(first.pid()) && applications_.taskFigures(first.pid())->threadCount == 2 &&
+           ledBy(second.pid()) && applications_.taskFigures(second.pid())->threadCount == 1;
+  }));
 
   ::kill(second.pid(), SIGKILL);
   EXPECT_TRUE(eventually([&] { return !has(windows, "panel"); }));

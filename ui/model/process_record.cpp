@@ -21,4 +21,8 @@ QString ProcessRecord::path() const {
   return info_ ? QString::fromUtf8(info_->processPath.c_str()) : QString();
 }
 
+QString ProcessRecord::distinction() const {
+  return info_ ? QString::fromStdString(info_->distinction) : QString();
+}
+
 }  // namespace orvane

@@ -22,8 +22,9 @@ class ProcessRecord {
   Q_PROPERTY(int pid READ pid CONSTANT)
   /// For Image; empty when there is no icon.
   Q_PROPERTY(QString iconSource READ iconSource CONSTANT)
-  Q_PROPERTY(QString path READ path CONSTANT)            ///< of the executable, may be empty
-  Q_PROPERTY(int threadCount READ threadCount CONSTANT)  ///< 0 when unknown
+  Q_PROPERTY(QString path READ path CONSTANT)                ///< of the executable, may be empty
+  Q_PROPERTY(QString distinction READ distinction CONSTANT)  ///< empty when no other has its name
+  Q_PROPERTY(int threadCount READ threadCount CONSTANT)      ///< 0 when unknown
   Q_PROPERTY(double memoryBytes READ memoryBytes CONSTANT)
   Q_PROPERTY(double privateBytes READ privateBytes CONSTANT)
   Q_PROPERTY(double virtualBytes READ virtualBytes CONSTANT)
@@ -42,6 +43,7 @@ class ProcessRecord {
   [[nodiscard]] int pid() const { return info_ ? info_->pid : 0; }
   [[nodiscard]] QString iconSource() const;
   [[nodiscard]] QString path() const;
+  [[nodiscard]] QString distinction() const;
   [[nodiscard]] int threadCount() const { return info_ ? info_->threadCount : 0; }
   [[nodiscard]] double memoryBytes() const { return bytes(&ProcessInfo::memoryUsage); }
   [[nodiscard]] double privateBytes() const { return bytes(&ProcessInfo::privateMemory); }

@@ -39,7 +39,11 @@ Item {
         }
 
         Text {
-            text: ProcessText.pid(root.record)
+            width: parent.width
+            text: ProcessText.identity(root.record)
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            maximumLineCount: 1
             font: Theme.caption
             color: Theme.secondaryLabel
         }

@@ -61,6 +61,12 @@ QString pidText(const ProcessRecord& record) {
   return QStringLiteral("PID: %1").arg(record.pid());
 }
 
+QString identityText(const ProcessRecord& record) {
+  const QString distinction = record.distinction();
+  return distinction.isEmpty() ? pidText(record)
+                               : pidText(record) + QStringLiteral(" \u00b7 ") + distinction;
+}
+
 QString locationText(const ProcessRecord& record) {
   const QString path = record.path();
   return path.isEmpty() ? pidText(record) : path;

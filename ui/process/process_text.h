@@ -25,6 +25,9 @@ inline constexpr int historySecondsPerPoint = 5;
 /// "PID: 4242"
 [[nodiscard]] QString pidText(const ProcessRecord& record);
 
+/// "PID: 4242", and what tells the application apart where others have its name.
+[[nodiscard]] QString identityText(const ProcessRecord& record);
+
 /// What the user is asked before an application is ended.
 [[nodiscard]] QString killQuestion(const ProcessRecord& record);
 
@@ -54,6 +57,9 @@ class ProcessText : public QObject {
   }
   Q_INVOKABLE [[nodiscard]] QString pid(const orvane::ProcessRecord& record) const {
     return pidText(record);
+  }
+  Q_INVOKABLE [[nodiscard]] QString identity(const orvane::ProcessRecord& record) const {
+    return identityText(record);
   }
   Q_INVOKABLE [[nodiscard]] QString killQuestion(const orvane::ProcessRecord& record) const {
     return orvane::killQuestion(record);
