@@ -12,4 +12,5 @@ target_sources(orvane_platform PRIVATE
   process_table.cpp
   proportional_size_reader.cpp
   systemd_unit.cpp
+  x11_connection.cpp
   x11_windows.cpp)

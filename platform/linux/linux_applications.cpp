@@ -3,9 +3,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "platform/linux/linux_process_signals.h"
+#include "platform/linux/x11_connection.h"
+#include "platform/linux/x11_windows.h"
 
 namespace orvane {
 namespace {
@@ -29,14 +30,15 @@ LinuxApplications::LinuxApplications(Options options, MainQueue& mainQueue,
     : table_({.user = ::getuid(), .heldDescriptors = heldDescriptors(options.descriptorLimit)}),
       entries_(std::move(options.applicationDirectories)),
       reader_(table_, entries_),
-      windows_(std::move(options.display)),
+      windows_(std::make_unique<X11Windows>(options.x11)),
       sizes_(mainQueue, backgroundQueue),
       isWatched_(std::move(options.isWatched)) {}
 
+LinuxApplications::~LinuxApplications() = default;
+
 LinuxApplications::Options LinuxApplications::desktopOptions(std::size_t descriptorLimit,
                                                              std::function<bool()> isWatched) {
-  const char* display = std::getenv("DISPLAY");
-  return {.display = display == nullptr ? "" : display,
+  return {.x11 = x11Connection(),
           .applicationDirectories = DesktopEntries::standardDirectories(),
           .descriptorLimit = descriptorLimit,
           .isWatched = std::move(isWatched)};
@@ -45,7 +47,7 @@ LinuxApplications::Options LinuxApplications::desktopOptions(std::size_t descrip
 std::vector<RunningApplication> LinuxApplications::runningApplications() {
   table_.update();
   sizes_.deliver(table_);
-  const bool windowsChanged = windows_.update();
+  const bool windowsChanged = windows_->update();
   const bool evidenceChanged = gatherEvidence();
   if (windowsChanged || evidenceChanged || table_.structureChanged() || memoryShifted_) group();
   measure();
@@ -69,7 +71,7 @@ bool LinuxApplications::gatherEvidence() {
 }
 
 void LinuxApplications::group() {
-  const auto windows = windows_.windows();
+  const auto windows = windows_->windows();
   const auto all = candidates(windows);
   std::vector<GroupedProcess> processes;
   processes.reserve(all.size());

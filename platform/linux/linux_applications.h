@@ -14,11 +14,15 @@
 #include "platform/linux/evidence_reader.h"
 #include "platform/linux/process_table.h"
 #include "platform/linux/proportional_size_reader.h"
-#include "platform/linux/x11_windows.h"
 #include "platform/running_applications.h"
 #include "platform/task_inspector.h"
 
+struct xcb_connection_t;
+
 namespace orvane {
+
+class X11Windows;
+struct X11Window;
 
 /// The user's running applications, each a group of processes, and what they use.
 ///
@@ -30,7 +34,7 @@ namespace orvane {
 class LinuxApplications : public RunningApplications, public TaskInspector {
  public:
   struct Options {
-    std::string display;                              ///< X11 display, empty for none
+    xcb_connection_t* x11 = nullptr;                  ///< where windows are; null for none
     std::vector<std::string> applicationDirectories;  ///< folders of desktop entries
     std::size_t descriptorLimit = 0;                  ///< how many this process may have open
     std::function<bool()> isWatched;  ///< somebody looks at the figures; empty for never
@@ -38,8 +42,11 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
 
   /// The queues must outlive every block submitted to them.
   LinuxApplications(Options options, MainQueue& mainQueue, BackgroundQueue& backgroundQueue);
+  LinuxApplications(const LinuxApplications&) = delete;
+  LinuxApplications& operator=(const LinuxApplications&) = delete;
+  ~LinuxApplications() override;
 
-  /// What a desktop session has: $DISPLAY and the standard folders.
+  /// What a desktop session has: Qt's X11 connection, if any, and the standard folders.
   [[nodiscard]] static Options desktopOptions(std::size_t descriptorLimit,
                                               std::function<bool()> isWatched);
 
@@ -88,7 +95,7 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
   ProcessTable table_;
   DesktopEntries entries_;
   EvidenceReader reader_;
-  X11Windows windows_;
+  std::unique_ptr<X11Windows> windows_;
   std::vector<Application> applications_;
   std::map<std::int32_t, std::size_t> byLeader_;
   std::map<std::int32_t, KnownLeader> leaders_;

@@ -1,5 +1,8 @@
 """A desktop that lacks something: the program starts, says so in its lines only, and recovers."""
 
+import contextlib
+import os
+import select
 import socket
 import unittest
 
@@ -69,6 +72,26 @@ class SilentBus(unittest.TestCase):
             orvane = Orvane(desktop, PROGRAM, first_launch=True, environment=address)
             wait_for("main window", 10, lambda: desktop.screen.colours(500, 200, 280, 280) > 20)
             self.assertEqual(orvane.stop(), 0)
+
+
+class XServerOnDemand(DesktopCase):
+    """As on Wayland: connecting to $DISPLAY would start one."""
+
+    def test_no_x_server_is_contacted(self):
+        name = f":{50000 + os.getpid() % 10000}"
+        path = f"/tmp/.X11-unix/X{name[1:]}"
+        os.makedirs("/tmp/.X11-unix", exist_ok=True)
+        with contextlib.ExitStack() as stack:
+            waiting = []
+            for address in (path, "\0" + path):
+                waiting.append(stack.enter_context(socket.socket(socket.AF_UNIX)))
+                waiting[-1].bind(address)
+                waiting[-1].listen(4)
+            stack.callback(os.unlink, path)
+            orvane = self.start_orvane(environment={"DISPLAY": name, "QT_QPA_PLATFORM": "offscreen"})
+            orvane.wait_for_item()
+            # The first list is built within five seconds and may still be read when it is there.
+            self.assertEqual(select.select(waiting, [], [], 7)[0], [])
 
 
 if __name__ == "__main__":

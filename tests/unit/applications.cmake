@@ -5,4 +5,4 @@ orvane_add_tests(applications_tests unit
   LIBRARIES orvane_platform Qt6::Core)
 orvane_add_tests(x11_applications_tests desktop
   SOURCES x11_applications_test.cpp
-  LIBRARIES orvane_platform Qt6::Core)
+  LIBRARIES orvane_platform Qt6::Core Qt6::Gui PkgConfig::XCB)

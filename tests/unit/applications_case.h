@@ -81,7 +81,7 @@ class LinuxApplicationsTest : public testing::Test {
   TestDirectory directory_;
   fs::path folder_ = directory_.path();
   fakes::VirtualTime time_;
-  LinuxApplications applications_{{.display = "",
+  LinuxApplications applications_{{.x11 = nullptr,
                                    .applicationDirectories = {folder_.string()},
                                    .descriptorLimit = 4000,
                                    .isWatched = [] { return true; }},

@@ -26,7 +26,7 @@ TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
   EXPECT_GT(figures->virtualSize, figures->residentSize);
   fs::remove(program);  // as an upgrade does
   LinuxApplications later(
-      {.display = "", .applicationDirectories = {}, .descriptorLimit = 0, .isWatched = {}}, time_,
+      {.x11 = nullptr, .applicationDirectories = {}, .descriptorLimit = 0, .isWatched = {}}, time_,
       time_);
   EXPECT_FALSE(later.runningApplications().empty());
   EXPECT_EQ(later.executablePath(child.pid()), program);
