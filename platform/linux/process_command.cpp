@@ -11,6 +11,10 @@ using namespace std::string_view_literals;
 
 constexpr std::array shells{"sh"sv, "bash"sv, "dash"sv, "zsh"sv, "ksh"sv, "mksh"sv, "fish"sv};
 constexpr std::array interpreters{"python"sv, "perl"sv, "ruby"sv, "gjs"sv, "node"sv, "lua"sv};
+/// Options of interpreters whose value is the program itself, which is no name.
+constexpr std::array inlineCode{"-c"sv, "-e"sv, "-E"sv, "-p"sv, "--eval"sv, "--print"sv};
+constexpr std::array optionsWithValue{"-W"sv, "-X"sv,        "-I"sv,       "-r"sv,
+                                      "-C"sv, "--require"sv, "--import"sv, "--loader"sv};
 constexpr std::array wrappers{
     "bwrap"sv,    "unshare"sv,      "env"sv,     "nohup"sv,       "setsid"sv,         "timeout"sv,
     "firejail"sv, "snap-confine"sv, "flatpak"sv, "gamemoderun"sv, "systemd-inhibit"sv};
@@ -72,6 +76,11 @@ std::string_view interpretedProgram(const std::vector<std::string>& arguments, b
     if (shell && !argument.starts_with("--") && argument.starts_with('-') &&
         argument.find('c') != std::string::npos) {
       return last ? std::string_view{} : firstWord(arguments[i + 1]);
+    }
+    if (!shell && contains(inlineCode, argument)) return {};
+    if (!shell && contains(optionsWithValue, argument)) {
+      ++i;
+      continue;
     }
     if (argument == "-m" && !shell) return last ? ""sv : std::string_view(arguments[i + 1]);
     // A script without a file of its own has no name either.

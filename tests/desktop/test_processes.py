@@ -4,6 +4,8 @@ import unittest
 
 from window_case import WindowCase
 
+from tools.desktop.processes import run_alone
+
 # With enough lines to scroll back to that it is high up in the list.
 TERMINAL = ["xterm", "-geometry", "40x10+0+600", "-sl", "60000", "-e", "sh", "-c",
             "seq 60000; exec sleep 600"]
@@ -110,4 +112,5 @@ class Processes(WindowCase):
 
 
 if __name__ == "__main__":
+    run_alone()
     unittest.main()

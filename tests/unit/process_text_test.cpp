@@ -160,6 +160,8 @@ TEST(ProcessCommand, TellsWhatRuns) {
   EXPECT_EQ(told("/usr/bin/python3.11", "python3 -u /bin/meld"), "program meld /bin/meld");
   EXPECT_EQ(told("/usr/bin/python3.11", "python3 -m http.server"),
             "program http.server http.server");
+  EXPECT_EQ(told("/usr/bin/python3.11", "python3 -W ignore -c x=1"), "program python3.11 ");
+  EXPECT_EQ(told("/usr/bin/node", "node --require ts app.js"), "program app.js app.js");
   EXPECT_EQ(told("/bin/pythonista", "pythonista x"), "program pythonista /bin/pythonista");
   EXPECT_EQ(told("/usr/bin/bwrap", "bwrap --args 3 app"), "wrapper bwrap /usr/bin/bwrap");
   EXPECT_EQ(told("/usr/bin/xfce4-session", "xfce4-session"),

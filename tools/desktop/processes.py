@@ -5,6 +5,7 @@ import os
 import pathlib
 import signal
 import subprocess
+import sys
 import time
 
 _PR_SET_PDEATHSIG, _PR_SET_CHILD_SUBREAPER = 1, 36
@@ -14,6 +15,20 @@ _libc = ctypes.CDLL(None, use_errno=True)
 def adopt_orphans():
     """From now on whatever our children leave behind becomes our child, so that it can be ended."""
     _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
+
+
+def run_alone():
+    """Starts the script again where no other process is to be seen, if the system lets us: what the
+    user has running is none of a test's business."""
+    if "ORVANE_ALONE" in os.environ:
+        return
+    unshare = ["unshare", "--pid", "--fork", "--mount-proc", "--kill-child"]
+    if os.geteuid() != 0:
+        unshare += ["--user", "--map-current-user", "--keep-caps"]
+    possible = subprocess.run([*unshare, "true"], stderr=subprocess.DEVNULL, check=False)
+    if possible.returncode == 0:
+        os.environ["ORVANE_ALONE"] = "1"
+        os.execvp("unshare", [*unshare, sys.executable, *sys.argv])
 
 
 def start(command, own_input=subprocess.DEVNULL, **options):
