@@ -1,11 +1,14 @@
 #include "core/utf8.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace orvane {
 namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
+constexpr std::string_view ellipsis = "\xE2\x80\xA6";
+constexpr std::size_t longestLine = 256;  // code points
 
 unsigned char byteAt(std::string_view bytes, std::size_t index) {
   return static_cast<unsigned char>(bytes[index]);
@@ -50,6 +53,73 @@ Sequence sequenceAt(std::string_view bytes, std::size_t start) {
   return {length, length == lead.length};
 }
 
+/// The code point of a valid sequence.
+char32_t codePoint(std::string_view sequence) {
+  char32_t point = byteAt(sequence, 0);
+  if (sequence.size() > 1) point &= 0x7FU >> sequence.size();
+  for (std::size_t index = 1; index < sequence.size(); ++index) {
+    point = (point << 6U) | (byteAt(sequence, index) & 0x3FU);
+  }
+  return point;
+}
+
+bool isControl(char32_t point) {
+  return point < 0x20 || (point >= 0x7F && point <= 0x9F) || point == 0x2028 || point == 0x2029;
+}
+
+bool isDirectionMark(char32_t point) {
+  return point == 0x061C || point == 0x200E || point == 0x200F ||
+         (point >= 0x202A && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069) ||
+         point == 0xFEFF;
+}
+
+/// Takes characters one by one and keeps those that a line may have.
+class LineBuilder {
+ public:
+  void append(std::string_view character) {
+    const char32_t point = codePoint(character);
+    if (point == U' ') {
+      ++spaces_;
+    } else if (isControl(point)) {
+      breakPending_ = true;
+    } else if (!isDirectionMark(point)) {
+      addGap();
+      add(character);
+    }
+  }
+
+  [[nodiscard]] bool isFull() const { return length_ > longestLine; }
+
+  [[nodiscard]] std::string finish() {
+    if (isFull()) {
+      text_.resize(lastThatFits_);
+      text_.resize(text_.find_last_not_of(' ') + 1);
+      text_ += ellipsis;
+    }
+    return std::move(text_);
+  }
+
+ private:
+  /// The space that is due before the next character, none at the very front.
+  void addGap() {
+    if (spaces_ == 0 && breakPending_) spaces_ = 1;
+    for (; spaces_ > 0 && !text_.empty() && !isFull(); --spaces_) add(" ");
+    spaces_ = 0;
+    breakPending_ = false;
+  }
+
+  void add(std::string_view character) {
+    text_ += character;
+    if (++length_ == longestLine - 1) lastThatFits_ = text_.size();
+  }
+
+  std::string text_;
+  std::size_t length_ = 0;        // in code points
+  std::size_t lastThatFits_ = 0;  // where the text ends that has room for an ellipsis
+  std::size_t spaces_ = 0;        // read, but not in the text yet
+  bool breakPending_ = false;
+};
+
 }  // namespace
 
 std::string decodeUtf8(std::string_view bytes) {
@@ -62,6 +132,16 @@ std::string decodeUtf8(std::string_view bytes) {
     index += sequence.length;
   }
   return text;
+}
+
+std::string singleLineText(std::string_view bytes) {
+  LineBuilder line;
+  for (std::size_t index = 0; index < bytes.size() && !line.isFull();) {
+    const Sequence sequence = sequenceAt(bytes, index);
+    line.append(sequence.valid ? bytes.substr(index, sequence.length) : replacement);
+    index += sequence.length;
+  }
+  return line.finish();
 }
 
 }  // namespace orvane

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/utf8.h"
 #include "platform/linux/linux_process_signals.h"
 #include "platform/linux/x11_connection.h"
 #include "platform/linux/x11_windows.h"
@@ -19,8 +20,10 @@ std::size_t heldDescriptors(std::size_t limit) {
   return limit > reservedDescriptors ? (limit - reservedDescriptors) / 3 * 2 : 0;
 }
 
+/// A name as views can show it; what other programs wrote into it may be anything.
 std::optional<std::string> textOrNone(const std::string& text) {
-  return text.empty() ? std::nullopt : std::optional(text);
+  std::string line = singleLineText(text);
+  return line.empty() ? std::nullopt : std::optional(std::move(line));
 }
 
 }  // namespace
@@ -265,7 +268,8 @@ std::optional<TaskFigures> LinuxApplications::taskFigures(std::int32_t pid) {
 std::optional<std::string> LinuxApplications::executablePath(std::int32_t pid) {
   const auto found = byLeader_.find(pid);
   if (found == byLeader_.end()) return table_.executablePath(pid);
-  return textOrNone(applications_[found->second].leader->evidence.executable);
+  const std::string& path = applications_[found->second].leader->evidence.executable;
+  return path.empty() ? std::nullopt : std::optional(path);
 }
 
 }  // namespace orvane
