@@ -8,8 +8,12 @@
 #include <filesystem>
 #include <span>
 
+#include "platform/linux/regular_file.h"
+
 namespace orvane {
 namespace {
+
+constexpr std::size_t largestEntry = std::size_t{1} << 20U;
 
 struct Release {
   void operator()(GKeyFile* file) const { g_key_file_unref(file); }
@@ -27,7 +31,10 @@ std::string textOf(const char* text) {
 class EntryFile {
  public:
   explicit EntryFile(const std::string& path) : file_(g_key_file_new()) {
-    isRead_ = g_key_file_load_from_file(file_.get(), path.c_str(), G_KEY_FILE_NONE, nullptr) != 0;
+    // Not by the path: anybody may have put a pipe there, and reading that would never end.
+    const auto content = readRegularFile(path, largestEntry);
+    isRead_ = content && g_key_file_load_from_data(file_.get(), content->data(), content->size(),
+                                                   G_KEY_FILE_NONE, nullptr) != 0;
   }
 
   [[nodiscard]] bool isRead() const { return isRead_; }

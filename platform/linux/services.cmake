@@ -33,6 +33,8 @@ target_sources(orvane_platform PRIVATE
   linux_standard_output.h
   meminfo.cpp
   meminfo.h
+  regular_file.cpp
+  regular_file.h
   session_bus.cpp
   session_bus.h
   text_pieces.cpp

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 
+#include "platform/linux/regular_file.h"
 #include "tests/unit/test_files.h"
 
 namespace orvane {
@@ -11,9 +13,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+const std::string application = "[Desktop Entry]\nType=Application\n";
+
 class DesktopEntriesTest : public testing::Test {
  protected:
-  void SetUp() override { EXPECT_TRUE(entries_.refresh()); }
+  void SetUp() override {
+    // What is written from now on shows in the folder's time, however coarse that is.
+    fs::last_write_time(own_.path(), fs::file_time_type::clock::now() - std::chrono::hours(1));
+    EXPECT_TRUE(entries_.refresh());
+  }
 
   static std::string idOf(const DesktopEntries::Entry& entry) { return entry ? entry->id : ""; }
 
@@ -66,7 +74,6 @@ TEST_F(DesktopEntriesTest, FindsByCommand) {
 TEST_F(DesktopEntriesTest, ReadsAgainWhenAFolderChanged) {
   EXPECT_FALSE(entries_.refresh());
   const auto before = entries_.byId("cat");
-  const std::string application = "[Desktop Entry]\nType=Application\n";
   own_.write("cat.desktop", application + "Hidden=true\nName=Cat\nExec=cat\n");
   own_.write("new.desktop", application + "Name=New\nExec=ls\n");
   EXPECT_TRUE(entries_.refresh());
@@ -74,6 +81,47 @@ TEST_F(DesktopEntriesTest, ReadsAgainWhenAFolderChanged) {
   EXPECT_TRUE(entries_.byId("new"));
   EXPECT_FALSE(entries_.byId("cat")) << "deleted by the user";
   EXPECT_EQ(before->name, "Cat") << "entries in use stay valid";
+}
+
+TEST_F(DesktopEntriesTest, PassesOverWhatOnlyLooksLikeAFile) {
+  const std::string pipe = makePipe(own_.path("pipe.desktop"));
+  own_.write("folder.desktop/inner.desktop", application + "Name=Inner\nExec=ls\n");
+  fs::create_symlink("/dev/zero", own_.path("device.desktop"));
+  fs::create_symlink("circle.desktop", own_.path("circle.desktop"));
+  own_.write("empty.desktop", "");
+  own_.write("huge.desktop",
+             application + "Name=Huge\nExec=ls\n" + std::string(std::size_t{1} << 20U, '#'));
+  own_.write("good.desktop", application + "Name=Good\nExec=ls\n");
+  ASSERT_TRUE(endsWithoutWriter(pipe, [this] { EXPECT_TRUE(entries_.refresh()); }));
+  for (const char* id : {"pipe", "folder.desktop", "device", "circle", "empty", "huge"}) {
+    EXPECT_FALSE(entries_.byId(id)) << id;
+  }
+  EXPECT_TRUE(entries_.byId("good"));
+  EXPECT_TRUE(entries_.byId("folder.desktop-inner"));
+  EXPECT_FALSE(entries_.refresh());
+}
+
+TEST(ReadRegularFile, GivesWholeFilesOfAtMostTheLimitAndNothingElse) {
+  const TestDirectory folder;
+  const std::string bytes = std::string(9999, 'x') + std::string("\0\xFF", 2);
+  const std::string file = folder.write("file", bytes);
+  EXPECT_EQ(readRegularFile(file, bytes.size()), bytes);
+  EXPECT_EQ(readRegularFile(file, bytes.size() - 1), std::nullopt);
+  EXPECT_EQ(readRegularFile(folder.write("empty", ""), 0), "");
+  fs::create_symlink(file, folder.path("link"));
+  EXPECT_EQ(readRegularFile(folder.path("link"), 1U << 20U), bytes);
+  // The kernel's files say that they are empty.
+  const auto mounts = readRegularFile("/proc/self/maps", 1U << 24U);
+  ASSERT_TRUE(mounts);
+  EXPECT_GT(mounts->size(), 4096U);
+  EXPECT_EQ(readRegularFile("/proc/self/maps", 4096), std::nullopt);
+  const std::string pipe = makePipe(folder.path("pipe"));
+  EXPECT_TRUE(endsWithoutWriter(pipe, [&] {
+    for (const std::string& path : {pipe, folder.path(), folder.path("missing"), std::string(),
+                                    std::string("/dev/null"), file + std::string("\0", 1)}) {
+      EXPECT_EQ(readRegularFile(path, 100), std::nullopt) << path;
+    }
+  }));
 }
 
 }  // namespace

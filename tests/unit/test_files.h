@@ -1,10 +1,17 @@
 #pragma once
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QtCore/QByteArray>
 #include <QtCore/QTemporaryDir>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <future>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -30,6 +37,24 @@ class TestDirectory {
  private:
   QTemporaryDir directory_;
 };
+
+/// Makes a pipe that nobody writes to. Returns its path.
+inline std::string makePipe(const std::string& path) {
+  return ::mkfifo(path.c_str(), 0600) == 0 ? path : std::string();
+}
+
+/// Runs `work` beside the test. False when it waits for somebody to write to `pipe`; it ends then
+/// all the same.
+inline bool endsWithoutWriter(const std::string& pipe, const std::function<void()>& work) {
+  using namespace std::chrono_literals;
+  const auto ended = std::async(std::launch::async, work);
+  if (ended.wait_for(10s) == std::future_status::ready) return true;
+  while (ended.wait_for(10ms) != std::future_status::ready) {
+    const int writer = ::open(pipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (writer >= 0) ::close(writer);
+  }
+  return false;
+}
 
 inline std::string readFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
