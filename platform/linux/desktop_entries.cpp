@@ -23,6 +23,10 @@ timespec modificationTime(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 ? status.st_mtim : timespec{};
 }
 
+bool isSameTime(const timespec& a, const timespec& b) {
+  return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+}
+
 bool equalApartFromCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
     return std::tolower(static_cast<unsigned char>(x)) ==
@@ -93,10 +97,11 @@ std::vector<std::string> DesktopEntries::standardDirectories() {
 }
 
 bool DesktopEntries::refresh() {
-  if (wasRead_ && !foldersChanged()) return false;
+  if (wasRead_ && !foldersChanged() && !nextFilesChanged()) return false;
   wasRead_ = true;
   entries_.clear();
   folders_.clear();
+  files_.clear();
   // An entry of a more important folder hides its namesakes, even when it only says "deleted".
   std::set<std::string> ids;
   for (const auto& directory : directories_) readDirectory(directory, ids);
@@ -107,9 +112,26 @@ bool DesktopEntries::refresh() {
 
 bool DesktopEntries::foldersChanged() const {
   return std::any_of(folders_.begin(), folders_.end(), [](const Folder& folder) {
-    const timespec now = modificationTime(folder.path);
-    return now.tv_sec != folder.modified.tv_sec || now.tv_nsec != folder.modified.tv_nsec;
+    return !isSameTime(modificationTime(folder.path), folder.modified);
   });
+}
+
+bool DesktopEntries::nextFilesChanged() {
+  const std::size_t count = std::min(files_.size(), filesPerRefresh);
+  for (std::size_t i = 0; i < count; ++i) {
+    nextFile_ = nextFile_ + 1 < files_.size() ? nextFile_ + 1 : 0;
+    const File& known = files_[nextFile_];
+    const File now = fileNow(known.path);
+    if (!isSameTime(now.changed, known.changed) || now.size != known.size) return true;
+  }
+  return false;
+}
+
+DesktopEntries::File DesktopEntries::fileNow(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return {.path = path};
+  // Not st_mtim, which tools that copy a file set back.
+  return {.path = path, .changed = status.st_ctim, .size = status.st_size};
 }
 
 void DesktopEntries::readDirectory(const std::string& directory, std::set<std::string>& ids) {
@@ -128,6 +150,7 @@ void DesktopEntries::readDirectory(const std::string& directory, std::set<std::s
     } else if (path.ends_with(fileEnding)) {
       const std::string id = idOf(path.substr(directory.size() + 1));
       if (!ids.insert(id).second) continue;
+      files_.push_back(fileNow(path));  // before it is read: later changes show
       if (auto entry = readDesktopEntry(path, id)) entries_.push_back(std::move(entry));
     }
   }

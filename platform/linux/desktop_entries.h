@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <ctime>
 #include <memory>
 #include <set>
@@ -36,8 +38,11 @@ class DesktopEntries {
   /// The application folders of this user, of the system and of what it has installed.
   [[nodiscard]] static std::vector<std::string> standardDirectories();
 
-  /// Reads everything when a folder has changed since the last time; true when that was so.
+  /// Reads everything when a folder or a file has changed since it was read; true when that was
+  /// so. Cheap otherwise, as each call looks at the folders and at `filesPerRefresh` files only,
+  /// the next ones at the next call: a file edited in place is noticed when its turn has come.
   bool refresh();
+  static constexpr std::size_t filesPerRefresh = 64;
 
   /// The entry with this id, letter case apart when none fits exactly; null when there is none.
   [[nodiscard]] Entry byId(std::string_view id) const;
@@ -58,12 +63,21 @@ class DesktopEntries {
     std::string path;
     timespec modified{};
   };
+  struct File {
+    std::string path;
+    timespec changed{};
+    off_t size = 0;
+  };
 
   [[nodiscard]] bool foldersChanged() const;
+  [[nodiscard]] bool nextFilesChanged();
+  [[nodiscard]] static File fileNow(const std::string& path);
   void readDirectory(const std::string& directory, std::set<std::string>& ids);
 
   std::vector<std::string> directories_;
   std::vector<Folder> folders_;
+  std::vector<File> files_;   ///< those that count, also where they give no entry
+  std::size_t nextFile_ = 0;  ///< to be looked at
   std::vector<Entry> entries_;
   bool wasRead_ = false;
 };

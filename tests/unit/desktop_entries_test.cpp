@@ -83,6 +83,31 @@ TEST_F(DesktopEntriesTest, ReadsAgainWhenAFolderChanged) {
   EXPECT_EQ(before->name, "Cat") << "entries in use stay valid";
 }
 
+TEST_F(DesktopEntriesTest, NoticesAFileEditedInPlaceWhenItsTurnHasCome) {
+  constexpr std::size_t count = 2 * DesktopEntries::filesPerRefresh + 2;
+  for (std::size_t i = 0; i < count; ++i) {
+    own_.write("app" + std::to_string(i) + ".desktop",
+               i == 0 ? "not yet an entry" : application + "Name=App\nExec=ls\n");
+  }
+  EXPECT_TRUE(entries_.refresh());
+  const auto folder = fs::last_write_time(own_.path());
+  const auto refreshesUntilNoticed = [this] {
+    int calls = 1;
+    while (!entries_.refresh() && calls < 20) ++calls;
+    return calls;
+  };
+  for (const std::size_t edited : {count - 1, std::size_t{0}, std::size_t{1}}) {
+    const std::string id = "app" + std::to_string(edited);
+    own_.write(id + ".desktop", application + "Name=Edited\nExec=ls\n");
+    EXPECT_EQ(fs::last_write_time(own_.path()), folder);
+    // With those of the test data they take two calls and a part of a third.
+    EXPECT_LE(refreshesUntilNoticed(), 3) << id;
+    ASSERT_TRUE(entries_.byId(id));
+    EXPECT_EQ(entries_.byId(id)->name, "Edited");
+  }
+  for (int i = 0; i < 8; ++i) EXPECT_FALSE(entries_.refresh()) << "nothing changes any more";
+}
+
 TEST_F(DesktopEntriesTest, PassesOverWhatOnlyLooksLikeAFile) {
   const std::string pipe = makePipe(own_.path("pipe.desktop"));
   own_.write("folder.desktop/inner.desktop", application + "Name=Inner\nExec=ls\n");
