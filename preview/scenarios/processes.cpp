@@ -131,6 +131,18 @@ void longNames(PreviewStage& stage) {
   select(stage, 0);
 }
 
+void rightToLeftNames(PreviewStage& stage) {
+  list(stage, 2);
+  add(stage, {3000, "עורך Pro (2)!", "#f2b400", 1400, 3, "/usr/bin/text-editor"});
+  add(stage, {3001, "متصفح الويب", "#3478f6", 612, 3, "/usr/bin/browser"});
+  add(stage,
+      {3002, "יישום ארוך במיוחד לכל דבר ועניין ועוד כמה דברים שאינם נכנסים בשורה אחת של החלון",
+       "#2f9e44", 88, 3, "/usr/bin/everything"});
+  add(stage, {3003, "Editor (עורך) 2", "#d6336c", 12, 3, "/usr/bin/editor"});
+  showList(stage);
+  select(stage, 0);
+}
+
 void selected(PreviewStage& stage) {
   listOf<10>(stage);
   select(stage, 2);
@@ -155,18 +167,25 @@ void selectedWithoutPath(PreviewStage& stage) {
   select(stage, 0);
 }
 
-void confirmation(PreviewStage& stage) {
-  selected(stage);
+void askToKill(PreviewStage& stage) {
   QCoreApplication::processEvents();
   QMetaObject::invokeMethod(&stage.item("killSelection"), "clicked");
   pictureTransient(stage);
 }
 
+void confirmation(PreviewStage& stage) {
+  selected(stage);
+  askToKill(stage);
+}
+
 void confirmationLong(PreviewStage& stage) {
   longNames(stage);
-  QCoreApplication::processEvents();
-  QMetaObject::invokeMethod(&stage.item("killSelection"), "clicked");
-  pictureTransient(stage);
+  askToKill(stage);
+}
+
+void confirmationRightToLeft(PreviewStage& stage) {
+  rightToLeftNames(stage);
+  askToKill(stage);
 }
 
 void sortMenu(PreviewStage& stage) {
@@ -213,6 +232,11 @@ void detailsLong(PreviewStage& stage) {
   openDetails(stage);
 }
 
+void detailsRightToLeft(PreviewStage& stage) {
+  rightToLeftNames(stage);
+  openDetails(stage);
+}
+
 void detailsUnknown(PreviewStage& stage) {
   stage.services().applications.add(4242, "No Path, no Threads", 640U << 20U, 0);
   showList(stage);
@@ -234,6 +258,7 @@ std::vector<Scenario> processScenarios() {
           {"list-10", "list of ten applications", listOf<10>},
           {"list-no-icons", "list of applications without icons", noIcons},
           {"list-long-names", "names and a path too long for their places", longNames},
+          {"list-right-to-left", "names written from right to left", rightToLeftNames},
           {"list-selected", "an application is selected", selected},
           {"list-selected-key", "the selection moved down by key", selectedByKey, settled},
           {"list-selected-stale", "the selected record is of an earlier list", selectedStale},
@@ -241,6 +266,8 @@ std::vector<Scenario> processScenarios() {
           {"list-keyboard", "the keyboard on a row's details", focusOnInfo},
           {"kill-confirmation", "the question before a kill", confirmation},
           {"kill-confirmation-long", "the question about a long name", confirmationLong},
+          {"kill-confirmation-right-to-left", "the question about a name from right to left",
+           confirmationRightToLeft},
           {"sort-menu", "the sort menu", sortMenu},
           {"row-menu", "a row's context menu", contextMenu},
           {"details-1", "an application's details with one point: no chart", details<1>},
@@ -249,6 +276,7 @@ std::vector<Scenario> processScenarios() {
           {"details-60", "an application's details with a full history", details<60>},
           {"details-flat", "an application's details with a flat history", detailsFlat},
           {"details-long", "details with a long name and path", detailsLong},
+          {"details-right-to-left", "details with a name from right to left", detailsRightToLeft},
           {"details-unknown", "details without path and threads", detailsUnknown}};
 }
 

@@ -146,7 +146,8 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
   ASSERT_NE(openWindow(), nullptr);
   EXPECT_EQ(
       text(item("message", openWindow())),
-      QStringLiteral("Are you sure you want to kill 'Application 2'? Unsaved data will be lost."));
+      QStringLiteral(
+          "Are you sure you want to kill '\u2068Application 2\u2069'? Unsaved data will be lost."));
   click(item("kill", openWindow()));
   EXPECT_EQ(services_.signals.killed, std::vector<std::int32_t>{2});
   EXPECT_EQ(selectedPid(), 0);
@@ -226,6 +227,26 @@ TEST_F(Processes, LeavesTheArrowsToAnOpenMenu) {
   settle();
   EXPECT_EQ(manager_->processSortMode(), ProcessSortMode::peak);
   EXPECT_EQ(selectedPid(), 0);
+}
+
+TEST_F(Processes, TextFromRightToLeftStandsWhereAllTextStands) {
+  const std::string name = "\u05E2\u05D5\u05E8\u05DA Pro";
+  services_.applications.add(7, name, 1200 * megabyte);
+  services_.applications.paths[7] = "/\u05E2\u05D5\u05E8\u05DA";
+  start(1);
+  const auto isAtTheLeft = [](const QQuickItem& of) {
+    return of.property("effectiveHorizontalAlignment").toInt() == Qt::AlignLeft;
+  };
+  auto* first = rows(view_->contentItem()).front();
+  ASSERT_EQ(first->property("name").toString().toStdString(), name);
+  EXPECT_TRUE(isAtTheLeft(*findIn(first, QStringLiteral("name"))));
+  click(*first);
+  EXPECT_TRUE(isAtTheLeft(item("selectionName")));
+  EXPECT_TRUE(isAtTheLeft(item("selectionLocation")));
+  click(*findIn(first, QStringLiteral("info")));
+  ASSERT_NE(openWindow(), nullptr);
+  EXPECT_TRUE(isAtTheLeft(item("detailsName", openWindow())));
+  EXPECT_TRUE(isAtTheLeft(item("path", openWindow())));
 }
 
 }  // namespace

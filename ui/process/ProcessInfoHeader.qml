@@ -29,6 +29,7 @@ Item {
         Text {
             objectName: "detailsName"
             width: parent.width
+            horizontalAlignment: Text.AlignLeft  // whatever it is written in
             text: root.record.name
             textFormat: Text.PlainText
             font: Theme.systemFont(15, Font.DemiBold)

@@ -82,6 +82,7 @@ ProcessInfoSection {
             x: 8
             y: 8
             width: root.width - 16
+            horizontalAlignment: TextEdit.AlignLeft  // whatever it is written in
             text: ProcessText.middleElided(root.record.path, font, width, 2)
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.WrapAnywhere

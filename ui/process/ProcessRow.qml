@@ -73,6 +73,7 @@ Item {
         anchors.right: info.left
         anchors.rightMargin: 20
         anchors.verticalCenter: parent.verticalCenter
+        horizontalAlignment: Text.AlignLeft  // whatever it is written in
         text: root.name
         textFormat: Text.PlainText
         font: Theme.systemFont(13, Font.Medium)

@@ -46,6 +46,7 @@ Item {
         Text {
             objectName: "selectionName"
             width: parent.width
+            horizontalAlignment: Text.AlignLeft  // whatever it is written in
             text: root.record.name
             textFormat: Text.PlainText
             font: Theme.headline
@@ -57,6 +58,7 @@ Item {
         Text {
             objectName: "selectionLocation"
             width: parent.width
+            horizontalAlignment: Text.AlignLeft  // whatever it is written in
             text: ProcessText.location(root.record)
             textFormat: Text.PlainText
             font: Theme.caption

@@ -73,9 +73,10 @@ QString locationText(const ProcessRecord& record) {
 }
 
 QString killQuestion(const ProcessRecord& record) {
-  // Not arg(): a name may contain "%1" itself.
-  return QStringLiteral("Are you sure you want to kill '") + record.name() +
-         QStringLiteral("'? Unsaved data will be lost.");
+  // Not arg(): a name may contain "%1" itself. The isolates keep a name written from right to left
+  // from turning what follows it.
+  return QStringLiteral("Are you sure you want to kill '\u2068") + record.name() +
+         QStringLiteral("\u2069'? Unsaved data will be lost.");
 }
 
 QString middleElidedText(const QString& text, const QFont& font, double width, int lines) {
