@@ -7,6 +7,7 @@
 #include "app/popover.h"
 #include "app/quick_main_window.h"
 #include "app/quick_update_window.h"
+#include "platform/linux/regular_file.h"
 
 namespace orvane {
 
@@ -27,7 +28,7 @@ QuickWindows::~QuickWindows() {
 
 Views& QuickWindows::views(const std::shared_ptr<MemoryManager>& manager) {
   if (!views_) {
-    views_ = std::make_unique<Views>(manager);
+    views_ = std::make_unique<Views>(manager, readRegularFile);
     views_->setColorScheme(appearance_.colorScheme());
   }
   return *views_;

@@ -3,8 +3,24 @@
 #include <QQuickItem>
 #include <QtGlobal>
 #include <cmath>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace orvane::preview {
+
+namespace {
+
+/// Scenarios make their files themselves: none of them is a pipe.
+std::optional<std::string> readFile(const std::string& path, std::size_t limit) {
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  return file.is_open() && bytes.size() <= limit ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+}  // namespace
 
 PreviewStage::PreviewStage() {
   setMemory({});
@@ -39,7 +55,7 @@ const std::shared_ptr<MemoryManager>& PreviewStage::manager() {
 
 Views& PreviewStage::views() {
   if (views_) return *views_;
-  views_ = std::make_unique<Views>(manager());
+  views_ = std::make_unique<Views>(manager(), readFile);
   views_->setColorScheme(scheme_);
   views_->setTranslucentWindows(roundWindows_);
   return *views_;

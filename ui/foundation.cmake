@@ -1,6 +1,8 @@
 # What every view shares.
 list(APPEND ORVANE_UI_SOURCES
   views.cpp views.h
+  model/file_reader.h
+  model/icon_decoder.cpp model/icon_decoder.h
   model/icon_provider.cpp model/icon_provider.h
   model/memory_model.cpp model/memory_model.h
   model/popover_actions.cpp model/popover_actions.h

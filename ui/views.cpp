@@ -16,7 +16,8 @@ void qml_register_types_Orvane();
 
 namespace orvane {
 
-Views::Views(std::shared_ptr<MemoryManager> manager) : manager_(std::move(manager)) {
+Views::Views(std::shared_ptr<MemoryManager> manager, FileReader readFile)
+    : manager_(std::move(manager)), readFile_(std::move(readFile)) {
   // The same scene costs a third of the memory without a graphics driver.
   if (QQuickWindow::sceneGraphBackend() != QStringLiteral("software")) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -45,7 +46,7 @@ QQmlEngine& Views::engine() {
   qml_register_types_Orvane();
   engine_ = std::make_unique<QQmlEngine>();
   engine_->addImportPath(QStringLiteral(":/qt/qml"));
-  engine_->addImageProvider(QLatin1String(IconProvider::providerId), new IconProvider);
+  engine_->addImageProvider(QLatin1String(IconProvider::providerId), new IconProvider(readFile_));
   theme().setScheme(scheme_);
   theme().setTranslucentWindows(translucentWindows_);
   return *engine_;

@@ -10,6 +10,7 @@
 #include "core/memory_manager.h"
 #include "platform/appearance.h"
 #include "platform/software_updater.h"
+#include "ui/model/file_reader.h"
 
 class QQmlEngine;
 class QQuickView;
@@ -63,7 +64,8 @@ struct ProductFacts {
 /// must be destroyed before it.
 class Views {
  public:
-  explicit Views(std::shared_ptr<MemoryManager> manager);
+  /// Icons that applications name by path are read with `readFile`.
+  Views(std::shared_ptr<MemoryManager> manager, FileReader readFile);
   Views(const Views&) = delete;
   Views& operator=(const Views&) = delete;
   ~Views();
@@ -106,6 +108,7 @@ class Views {
   std::unique_ptr<QQuickView> makeView(const QString& file, const QVariantMap& properties);
 
   std::shared_ptr<MemoryManager> manager_;
+  FileReader readFile_;
   std::optional<ColorScheme> scheme_;
   bool translucentWindows_ = false;
   std::unique_ptr<MemoryModel> model_;

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "tests/ui/view_case.h"
+#include "tests/unit/test_files.h"
 
 namespace orvane {
 namespace {
@@ -247,6 +248,27 @@ TEST_F(Processes, TextFromRightToLeftStandsWhereAllTextStands) {
   ASSERT_NE(openWindow(), nullptr);
   EXPECT_TRUE(isAtTheLeft(item("detailsName", openWindow())));
   EXPECT_TRUE(isAtTheLeft(item("path", openWindow())));
+}
+
+TEST_F(Processes, AnIconThatCannotBeShownIsThePlaceholderWithoutAWord) {
+  const TestDirectory folder;
+  QImage(4, 4, QImage::Format_RGB32).save(QString::fromStdString(folder.path("good.png")));
+  services_.applications.add(7, "Pipe", 4000 * megabyte);
+  services_.applications.applications.back().icon =
+      ApplicationIcon{makePipe(folder.path("pipe.png"))};
+  services_.applications.add(8, "Broken", 3000 * megabyte);
+  services_.applications.applications.back().icon =
+      ApplicationIcon{folder.write("broken.svg", "<svg><image href='x'/>")};
+  services_.applications.add(9, "Good", 2000 * megabyte);
+  services_.applications.applications.back().icon = ApplicationIcon{folder.path("good.png")};
+  testing::internal::CaptureStderr();
+  start(1);
+  QList<bool> shown;
+  for (const auto* row : rows(view_->contentItem())) {
+    shown << findIn(const_cast<QQuickItem*>(row), QStringLiteral("picture"))->isVisible();
+  }
+  EXPECT_EQ(shown, (QList<bool>{false, false, true, false}));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 }  // namespace

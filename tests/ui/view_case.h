@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/linux/regular_file.h"
 #include "tests/fakes/fake_services.h"
 #include "ui/painted/symbol.h"
 #include "ui/views.h"
@@ -34,7 +35,7 @@ class ViewCase : public testing::Test {
   }
   void createViews() {
     manager_ = MemoryManager::create(services_.services());
-    views_ = std::make_unique<Views>(manager_);
+    views_ = std::make_unique<Views>(manager_, readRegularFile);
     views_->setColorScheme(ColorScheme::light);
   }
   static void settle() {

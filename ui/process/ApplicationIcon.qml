@@ -17,8 +17,10 @@ Item {
     Image {
         id: picture
 
+        objectName: "picture"
         anchors.fill: parent
-        visible: status === Image.Ready
+        // An icon that can't be shown is a single clear pixel.
+        visible: status === Image.Ready && implicitWidth > 1
         source: root.source
         // In pixels of the screen: an icon drawn smaller would be blurred there.
         sourceSize.width: root.side * Screen.devicePixelRatio
