@@ -45,13 +45,18 @@ class LinuxPreferences::File {
   void setValue(std::string_view key, const QString& value) {
     unsaved_[keyText(key)] = value;
     // What the library has been told it writes by itself, a moment later.
-    if (!isValid_ && !keepCopy()) return;
+    if (!mayBeLocked() || (!isValid_ && !keepCopy())) return;
     isValid_ = true;
     for (const auto& [name, text] : std::exchange(unsaved_, {})) settings_.setValue(name, text);
     settings_.sync();
   }
 
  private:
+  /// QSettings waits for ever for what is no file in the place of its lock.
+  [[nodiscard]] bool mayBeLocked() const {
+    return isFileOrMissing(path_ + QStringLiteral(".lock"));
+  }
+
   [[nodiscard]] bool hasNulBytes() const {
     QFile file(path_);
     return file.open(QIODevice::ReadOnly) && file.readAll().contains('\0');

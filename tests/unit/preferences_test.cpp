@@ -68,5 +68,29 @@ TEST(Preferences, aFileThatCannotBeKeptOrWrittenIsLeftAlone) {
   EXPECT_EQ(readFile(blocking), "x");
 }
 
+TEST(Preferences, waitsForNobodyWhenAPipeOrAFolderIsInTheWay) {
+  const TestDirectory directory;
+  const std::string before = "[General]\nother=1\n";
+  const std::string pipe = makePipe(directory.path("pipe.conf"));
+  const std::string locked = directory.write("locked.conf", before);
+  const std::string lock = makePipe(locked + ".lock");
+  const std::string shut = directory.write("shut.conf", before);
+  const std::string folder = shut + ".lock";
+  std::filesystem::create_directory(folder);
+  for (const auto& [path, obstacle] : {std::pair(pipe, pipe), {locked, lock}, {shut, folder}}) {
+    EXPECT_TRUE(endsDespite(obstacle, [&path = path] {
+      LinuxPreferences preferences(path);
+      preferences.setText("processSortMode", "average");
+      EXPECT_EQ(preferences.text("processSortMode"), "average") << "for this run";
+    })) << path;
+  }
+  EXPECT_EQ(readFile(locked), before);
+  LinuxPreferences preferences(locked);
+  preferences.setText("processSortMode", "average");
+  std::filesystem::remove(lock);
+  preferences.setBoolean("launchAtLogin", true);
+  EXPECT_EQ(LinuxPreferences(locked).text("processSortMode"), "average") << "once it is gone";
+}
+
 }  // namespace
 }  // namespace orvane
