@@ -34,6 +34,23 @@ TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
   EXPECT_TRUE(child.hasExited());
 }
 
+TEST_F(LinuxApplicationsTest, NamesAreOneLineOfTextAndPathsTheBytesTheyAre) {
+  const std::string file = "odd-\xFF\n\u202Etool";
+  const auto program = addProgram(file);
+  ChildProcess launcher({addScript("launch", "\"$1\" 600 &\n"), program});
+  ASSERT_TRUE(launcher.hasExited());
+  launcher.wait();
+  const auto unclaimed = awaitLeader("odd-\uFFFD tool", file);
+  ASSERT_TRUE(unclaimed);
+  EXPECT_EQ(applications_.executablePath(unclaimed->processIdentifier), program);
+  killLeader(*unclaimed);
+  fs::remove(program);  // QTemporaryDir can't
+  const auto claimed = addProgram("claimed");
+  addEntry("claimed", claimed, "Name=\\n The\\tclaimed\u2066\n");
+  const ChildProcess child({claimed, "600"});
+  EXPECT_TRUE(awaitLeader("The claimed", "claimed"));
+}
+
 TEST_F(LinuxApplicationsTest, UnclaimedTreesAreApplicationsOfTheirOwn) {
   const auto program = addProgram("unclaimed-tool");
   const ChildProcess child({program, "600"});
