@@ -25,7 +25,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   requestNotificationPermission();
   setupStatusItem();
   showMainWindowAtLaunch();
-  updaterController_ = std::make_unique<UpdateController>(services_.updater, services_.windows,
+  updaterController_ = std::make_unique<UpdateController>(services_.updates, services_.windows,
                                                           services_.desktop, memoryManager_);
   observeBoost();
 }

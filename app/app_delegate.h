@@ -30,7 +30,7 @@ struct AppServices {
   Application& application;
   StatusBar& statusBar;
   LoginItem& loginItem;
-  SoftwareUpdater& updater;
+  UpdateSettings updates;
   DesktopOpener& desktop;
   WindowFactory& windows;
   const StatusIcons& icons;

@@ -77,4 +77,9 @@ std::unique_ptr<UpdateWindow> LazyWindows::makeUpdateWindow(
   return factory->makeUpdateWindow(manager, std::move(closures));
 }
 
+std::unique_ptr<SoftwareUpdater> LazyWindows::makeUpdater(UpdateSettings settings) {
+  WindowFactory* factory = loaded();
+  return factory == nullptr ? nullptr : factory->makeUpdater(std::move(settings));
+}
+
 }  // namespace orvane

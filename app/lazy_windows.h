@@ -9,8 +9,8 @@
 
 namespace orvane {
 
-/// The program's windows, whose code is loaded when the first of them is wanted: Qt Quick and the
-/// views are most of the program, and most days nobody opens one.
+/// The program's windows, whose code is loaded when the first of them is wanted: Qt Quick, the
+/// views and the network are most of the program, and most days nobody opens one.
 ///
 /// Main thread only. A module that can't be loaded is told on standard error, and there are no
 /// windows then; the next one that is wanted tries again.
@@ -30,6 +30,7 @@ class LazyWindows : public WindowFactory {
       MainWindowDelegate delegate) override;
   [[nodiscard]] std::unique_ptr<UpdateWindow> makeUpdateWindow(
       const std::shared_ptr<MemoryManager>& manager, UpdateClosures closures) override;
+  [[nodiscard]] std::unique_ptr<SoftwareUpdater> makeUpdater(UpdateSettings settings) override;
 
  private:
   class LazyPopover;

@@ -25,7 +25,6 @@
 #include "platform/linux/linux_preferences.h"
 #include "platform/linux/linux_process_signals.h"
 #include "platform/linux/linux_random_source.h"
-#include "platform/linux/linux_software_updater.h"
 #include "platform/linux/linux_standard_output.h"
 #include "platform/linux/linux_status_bar.h"
 #include "platform/linux/session_bus.h"
@@ -100,8 +99,6 @@ struct MemoryMonitorApp::Services {
   LinuxAppearance appearance{bus};
   LinuxStatusBar statusBar{bus};
   LinuxLoginItem loginItem{QCoreApplication::applicationFilePath().toStdString()};
-  LinuxSoftwareUpdater updater{
-      {.feedUrl = std::string(updateFeed), .runningVersion = std::string(productVersion)}};
   StatusIconPainter icons;
   QtApplication application;
   LazyWindows windows{moduleFolders(),
@@ -136,7 +133,8 @@ AppServices MemoryMonitorApp::Services::forDelegate() {
           .application = application,
           .statusBar = statusBar,
           .loginItem = loginItem,
-          .updater = updater,
+          .updates = {.feedUrl = std::string(updateFeed),
+                      .runningVersion = std::string(productVersion)},
           .desktop = desktop,
           .windows = windows,
           .icons = icons,

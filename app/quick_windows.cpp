@@ -7,6 +7,7 @@
 #include "app/popover.h"
 #include "app/quick_main_window.h"
 #include "app/quick_update_window.h"
+#include "platform/linux/linux_software_updater.h"
 #include "platform/linux/regular_file.h"
 
 namespace orvane {
@@ -49,6 +50,10 @@ std::unique_ptr<MainWindow> QuickWindows::makeMainWindow(
 std::unique_ptr<UpdateWindow> QuickWindows::makeUpdateWindow(
     const std::shared_ptr<MemoryManager>& manager, UpdateClosures closures) {
   return std::make_unique<QuickUpdateWindow>(views(manager), std::move(closures), facts_.version);
+}
+
+std::unique_ptr<SoftwareUpdater> QuickWindows::makeUpdater(UpdateSettings settings) {
+  return std::make_unique<LinuxSoftwareUpdater>(std::move(settings));
 }
 
 void QuickWindows::showAbout() {

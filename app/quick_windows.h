@@ -25,6 +25,7 @@ class QuickWindows : public WindowFactory {
       MainWindowDelegate delegate) override;
   [[nodiscard]] std::unique_ptr<UpdateWindow> makeUpdateWindow(
       const std::shared_ptr<MemoryManager>& manager, UpdateClosures closures) override;
+  [[nodiscard]] std::unique_ptr<SoftwareUpdater> makeUpdater(UpdateSettings settings) override;
 
  private:
   Views& views(const std::shared_ptr<MemoryManager>& manager);

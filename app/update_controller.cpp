@@ -4,13 +4,12 @@
 
 namespace orvane {
 
-UpdateController::UpdateController(SoftwareUpdater& updater, WindowFactory& windows,
+UpdateController::UpdateController(UpdateSettings settings, WindowFactory& windows,
                                    DesktopOpener& desktop, std::shared_ptr<MemoryManager> manager)
-    : updater_(updater), windows_(windows), desktop_(desktop), manager_(std::move(manager)) {}
-
-UpdateController::~UpdateController() {
-  updater_.cancel();
-}
+    : settings_(std::move(settings)),
+      windows_(windows),
+      desktop_(desktop),
+      manager_(std::move(manager)) {}
 
 void UpdateController::checkForUpdates() {
   if (!window_) {
@@ -19,13 +18,14 @@ void UpdateController::checkForUpdates() {
                    .openPage = [this](const std::string& address) { desktop_.openUrl(address); },
                    .close =
                        [this] {
-                         updater_.cancel();
+                         updater_->cancel();
                          window_->close();
                        }});
   }
-  if (!window_) return;
+  if (!updater_) updater_ = windows_.makeUpdater(settings_);
+  if (!window_ || !updater_) return;
   window_->showChecking();
-  updater_.checkForUpdates([this](const UpdateResult& result) { window_->showResult(result); });
+  updater_->checkForUpdates([this](const UpdateResult& result) { window_->showResult(result); });
 }
 
 }  // namespace orvane

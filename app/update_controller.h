@@ -12,22 +12,22 @@ namespace orvane {
 /// Threads: main thread only.
 class UpdateController {
  public:
-  /// All of them must outlive the controller.
-  UpdateController(SoftwareUpdater& updater, WindowFactory& windows, DesktopOpener& desktop,
+  /// `windows` and `desktop` must outlive the controller.
+  UpdateController(UpdateSettings settings, WindowFactory& windows, DesktopOpener& desktop,
                    std::shared_ptr<MemoryManager> manager);
   UpdateController(const UpdateController&) = delete;
   UpdateController& operator=(const UpdateController&) = delete;
-  ~UpdateController();
 
   /// The user-initiated check. One that is running already starts over.
   void checkForUpdates();
 
  private:
-  SoftwareUpdater& updater_;
+  UpdateSettings settings_;
   WindowFactory& windows_;
   DesktopOpener& desktop_;
   std::shared_ptr<MemoryManager> manager_;
   std::unique_ptr<UpdateWindow> window_;
+  std::unique_ptr<SoftwareUpdater> updater_;
 };
 
 }  // namespace orvane

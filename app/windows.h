@@ -57,7 +57,8 @@ class UpdateWindow {
   virtual void close() = 0;
 };
 
-/// Makes the program's windows over one model. They must be destroyed before it.
+/// Makes the program's windows over one model, and what only they need. They must be destroyed
+/// before it.
 class WindowFactory {
  public:
   virtual ~WindowFactory() = default;
@@ -75,6 +76,9 @@ class WindowFactory {
   /// A window that isn't shown yet; null when it can't be made.
   [[nodiscard]] virtual std::unique_ptr<UpdateWindow> makeUpdateWindow(
       const std::shared_ptr<MemoryManager>& manager, UpdateClosures closures) = 0;
+
+  /// The check that the update window shows; null when windows can't be made.
+  [[nodiscard]] virtual std::unique_ptr<SoftwareUpdater> makeUpdater(UpdateSettings settings) = 0;
 };
 
 }  // namespace orvane

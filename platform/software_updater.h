@@ -32,6 +32,12 @@ struct UpdateError {
 using UpdateResult =
     std::variant<UpdateNotNeeded, UpdateOffer, UpdateByPackageManager, UpdateError>;
 
+/// What is set for this build.
+struct UpdateSettings {
+  std::string feedUrl;         ///< empty: updates come from the system's package manager
+  std::string runningVersion;  ///< as in the feed, for example 1.4.2
+};
+
 /// Looks for a newer version, only ever because the user asked.
 /// Threads: main thread only; the handler runs on it too, from the event loop.
 class SoftwareUpdater {

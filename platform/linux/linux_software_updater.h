@@ -12,12 +12,6 @@
 
 namespace orvane {
 
-/// What is set for this build.
-struct UpdateSettings {
-  std::string feedUrl;         ///< empty: updates come from the system's package manager
-  std::string runningVersion;  ///< as in the feed, for example 1.4.2
-};
-
 /// Looks into the update feed (see appcast.h), at the user's request only. Between checks it holds
 /// no network machinery. `UpdateNotNeeded` names the running version, also when it is newer than
 /// everything in the feed.

@@ -5,6 +5,8 @@ target_sources(orvane_platform PRIVATE
   bus_address.h
   cgroup_limits.cpp
   cgroup_limits.h
+  detached_launch.cpp
+  detached_launch.h
   file_descriptor.h
   held_file.cpp
   held_file.h
@@ -15,6 +17,8 @@ target_sources(orvane_platform PRIVATE
   linux_background_queue.cpp
   linux_background_queue.h
   linux_clock.h
+  linux_desktop_opener.cpp
+  linux_desktop_opener.h
   linux_dispatch.cpp
   linux_dispatch.h
   linux_login_item.cpp

@@ -1,11 +1,15 @@
-# Software updates, and what is handed to other programs of the desktop.
-include(${PROJECT_SOURCE_DIR}/cmake/product_settings.cmake)
-
-target_sources(orvane_platform PRIVATE
+# The update check is a library of its own: the network is part of the windows' module alone.
+add_library(orvane_updates STATIC
   appcast.cpp
-  detached_launch.cpp
+  appcast.h
   feed_download.cpp
-  linux_desktop_opener.cpp
+  feed_download.h
   linux_software_updater.cpp
+  linux_software_updater.h
   plain_text.cpp
-  version_order.cpp)
+  plain_text.h
+  version_order.cpp
+  version_order.h)
+target_link_libraries(orvane_updates
+  PUBLIC orvane_core
+  PRIVATE Qt6::Core Qt6::Network)

@@ -10,6 +10,7 @@
 #include "app/application.h"
 #include "app/status_icon.h"
 #include "app/windows.h"
+#include "tests/fakes/fake_software_updater.h"
 
 namespace orvane::fakes {
 
@@ -51,8 +52,14 @@ class FakeWindows : public WindowFactory {
     updateClosures = std::move(newClosures);
     return std::make_unique<FakeUpdateWindow>(journal_);
   }
+  std::unique_ptr<SoftwareUpdater> makeUpdater(UpdateSettings /*settings*/) override {
+    auto made = std::make_unique<FakeSoftwareUpdater>();
+    updater = made.get();
+    return made;
+  }
 
   UpdateClosures updateClosures;
+  FakeSoftwareUpdater* updater = nullptr;
   bool popoverShown = false;
   std::optional<PopoverClosures> closures;
   MainWindow* mainWindow = nullptr;

@@ -6,7 +6,6 @@
 #include "tests/fakes/fake_login_item.h"
 #include "tests/fakes/fake_services.h"
 #include "tests/fakes/fake_shell.h"
-#include "tests/fakes/fake_software_updater.h"
 #include "tests/fakes/fake_status_bar.h"
 
 namespace orvane {
@@ -26,7 +25,7 @@ class AppDelegateTest : public testing::Test {
                                      .application = application_,
                                      .statusBar = statusBar_,
                                      .loginItem = loginItem_,
-                                     .updater = updater_,
+                                     .updates = {},
                                      .desktop = opener_,
                                      .windows = windows_,
                                      .icons = icons_,
@@ -50,7 +49,6 @@ class AppDelegateTest : public testing::Test {
   RecordingApplication application_{journal_};
   fakes::FakeStatusBar statusBar_;
   fakes::FakeLoginItem loginItem_;
-  fakes::FakeSoftwareUpdater updater_;
   fakes::RecordingDesktopOpener opener_;
   FakeWindows windows_{journal_};
   FakeIcons icons_;
@@ -200,10 +198,10 @@ TEST_F(AppDelegateTest, AnUpdateCheckEndsWithItsWindow) {
   launch();
   journal_.clear();
   menuEntry("Check for Updates...").activate();
-  EXPECT_TRUE(updater_.answer(UpdateNotNeeded{}));
+  EXPECT_TRUE(windows_.updater->answer(UpdateNotNeeded{}));
   windows_.updateClosures.tryAgain();
   windows_.updateClosures.close();
-  EXPECT_FALSE(updater_.answer(UpdateNotNeeded{})) << "cancelled";
+  EXPECT_FALSE(windows_.updater->answer(UpdateNotNeeded{})) << "cancelled";
   windows_.updateClosures.openPage("https://orvane.example/");
   EXPECT_THAT(opener_.urls, ElementsAre("https://orvane.example/"));
   EXPECT_THAT(journal_, ElementsAre("checking", "result", "checking", "close update"));

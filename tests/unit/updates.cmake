@@ -5,4 +5,4 @@ orvane_add_tests(updates_test unit
     software_updater_test.cpp
     test_bus.cpp
     services_test_main.cpp
-  LIBRARIES orvane_platform Qt6::Core Qt6::DBus Qt6::Network)
+  LIBRARIES orvane_platform orvane_updates Qt6::Core Qt6::DBus Qt6::Network)
