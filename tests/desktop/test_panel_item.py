@@ -1,6 +1,7 @@
 """The item in a real panel: when it comes, what it says, and panels that come and go."""
 
 import os
+import pathlib
 import signal
 import subprocess
 import time
@@ -34,6 +35,9 @@ class PanelItem(DesktopCase):
         self.assertRegex(item.label(), r"^ \d+%$")
         self.assertIn(item.label().strip(), str(item.get("ToolTip")))
         self.assertIn(item.label().strip(), item.get("Title"))
+        loaded = pathlib.Path(f"/proc/{orvane.pid}/maps").read_text()
+        self.assertIn("libQt6Gui", loaded)
+        self.assertNotRegex(loaded, "libQt6(Network|Qml|Quick)", "only the windows need these")
         before = used_percent()
 
         filler = subprocess.Popen(["/usr/bin/python3", "-c",
