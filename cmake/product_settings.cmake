@@ -10,7 +10,7 @@ foreach(setting ORVANE_UPDATE_FEED ORVANE_SUPPORT_ADDRESS)
     message(FATAL_ERROR "${setting} may hold no quote, backslash or line break")
   endif()
 endforeach()
-if(NOT ORVANE_UPDATE_FEED MATCHES "^$|^https://|^http://(localhost|127\\.|\\[::1\\])")
+if(NOT ORVANE_UPDATE_FEED MATCHES "^$|^https://")
   message(FATAL_ERROR "ORVANE_UPDATE_FEED must be an https address")
 endif()
 

@@ -1,201 +1,158 @@
 #include "platform/linux/appcast.h"
 
-#include <QtCore/QString>
+#include <QtCore/QHash>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QUrl>
+#include <QtCore/QVersionNumber>
 #include <QtCore/QXmlStreamReader>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextDocumentFragment>
 
-#include <algorithm>
-#include <array>
+#include <cstdint>
+#include <optional>
 #include <utility>
-
-#include "platform/linux/plain_text.h"
-#include "platform/linux/version_order.h"
 
 namespace orvane {
 
 namespace {
 
 constexpr qsizetype longestNotes = 4000;
-constexpr qsizetype longestAddress = 2048;
-// The XML reader compares each attribute of an element with all the others: this many take it less
-// than half a second, those that fit into a feed of 1 MiB half a minute.
-constexpr qsizetype mostAttributes = 20'000;
+constexpr qsizetype longestMarkup = 16'384;  // reading nested tags takes the square of their number
+constexpr qsizetype longestVersion = 64;
 
-/// Whether "=" is the byte of that character in the encoding, so that attributes can be counted
-/// before they are read. Empty: the document names none, and is UTF-8 or begins with a mark.
-bool showsAttributes(QStringView encoding) {
-  static constexpr std::array known = {QLatin1String(""), QLatin1String("utf-8"),
-                                       QLatin1String("utf-16"), QLatin1String("us-ascii"),
-                                       QLatin1String("iso-8859-1")};
-  return std::any_of(known.begin(), known.end(), [encoding](QLatin1String name) {
-    return encoding.compare(name, Qt::CaseInsensitive) == 0;
-  });
+QRegularExpression pattern(QLatin1String text) {
+  return QRegularExpression(text, QRegularExpression::CaseInsensitiveOption);
 }
 
-/// The name without its prefix.
-QStringView localName(QStringView name) {
-  return name.mid(name.lastIndexOf(u':') + 1);
-}
+/// Orders versions: their numbers, and what follows them in a form that sorts as text.
+using VersionRank = std::pair<QVersionNumber, QString>;
 
-/// The address when a browser may be sent there, else empty.
-std::string pageAddress(QStringView text) {
-  const QStringView trimmed = text.trimmed();
-  if (trimmed.size() > longestAddress) return {};
-  const QUrl url(trimmed.toString(), QUrl::StrictMode);
-  const bool usable = url.isValid() && url.scheme() == QLatin1String("https") &&
-                      !url.host().isEmpty() && url.userInfo().isEmpty();
-  return usable ? url.toEncoded().toStdString() : std::string();
-}
-
-std::optional<std::uint64_t> knownLength(QStringView text) {
-  bool isNumber = false;
-  const qulonglong length = text.trimmed().toULongLong(&isNumber);
-  return isNumber && length > 0 ? std::optional<std::uint64_t>(length) : std::nullopt;
-}
-
-/// An item as it stands in the document.
-struct RawItem {
-  QString version;
-  QString length;
-  QString enclosure;
-  QString link;
-  QString notesLink;
-  QString description;
-};
-
-class AppcastReader {
- public:
-  explicit AppcastReader(const QByteArray& document) : xml_(document) {
-    // A prefix nobody declared is no reason to refuse a feed.
-    xml_.setNamespaceProcessing(false);
+std::optional<VersionRank> versionRank(const QString& version) {
+  static const QRegularExpression form = pattern(QLatin1String(
+      R"(^v?(\d{1,9}(?:\.\d{1,9})*)\.?([-~_a-z][-~_.a-z\d]*)?(?:\+[-~_+.a-z\d]*)?$)"));
+  static const QRegularExpression piece = pattern(QLatin1String(R"(\d+|[a-z]+)"));
+  const QRegularExpressionMatch match = form.match(version);
+  if (version.size() > longestVersion || !match.hasMatch()) return std::nullopt;
+  QString preRelease;
+  for (const auto& found : piece.globalMatch(match.captured(2).toLower())) {
+    const QString text = found.captured();
+    preRelease += u'.' + (text[0].isDigit() ? text.rightJustified(longestVersion, u'0') : text);
   }
+  // The version itself comes after all its pre-releases.
+  return VersionRank(QVersionNumber::fromString(match.captured(1)).normalized(),
+                     preRelease.isEmpty() ? QStringLiteral("~") : preRelease);
+}
 
-  std::optional<Appcast> read() {
-    while (!xml_.atEnd()) {
-      switch (xml_.readNext()) {
-        case QXmlStreamReader::StartDocument:
-          if (!showsAttributes(xml_.documentEncoding())) return std::nullopt;
-          break;
-        case QXmlStreamReader::DTD:
-          return std::nullopt;
-        case QXmlStreamReader::StartElement:
-          if (!startElement()) return std::nullopt;
-          break;
-        case QXmlStreamReader::Characters:
-          if (text_ != nullptr) text_->append(xml_.text());
-          break;
-        case QXmlStreamReader::EndElement:
-          endElement();
-          break;
-        default:
-          break;
+/// Controls and marks that change the direction of the text around them, and where pictures were.
+bool isDisguise(QChar c) {
+  if (c == QChar::LineFeed || c == u'\u200c' || c == u'\u200d') return false;
+  return c.category() == QChar::Other_Control || c.category() == QChar::Other_Format ||
+         c == QChar::ObjectReplacementCharacter;
+}
+
+/// The text of a piece of HTML; a text without tags keeps its own line breaks.
+std::string plainText(QString html) {
+  static const QRegularExpression tag = pattern(QLatin1String("<[/!?a-z]"));
+  const bool isCut = html.size() > longestMarkup;
+  html.truncate(longestMarkup);
+  if (!html.contains(tag)) {
+    html.replace(u'<', QLatin1String("&lt;")).replace(u'\n', QLatin1String("<br>"));
+  }
+  QTextDocument document;
+  QTextCursor(&document).insertFragment(QTextDocumentFragment::fromHtml(html));
+  QString text;
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    if (block.textList() != nullptr) text += QStringLiteral("\u2022 ");
+    text += block.text() + u'\n';
+  }
+  text.replace(QChar::LineSeparator, u'\n').replace(QChar::Nbsp, u' ').removeIf(isDisguise);
+  text = text.trimmed();
+  if (isCut || text.size() > longestNotes) {
+    text.truncate(longestNotes - 1);
+    if (!text.isEmpty() && text.back().isHighSurrogate()) text.chop(1);
+    text += u'\u2026';
+  }
+  return text.toStdString();
+}
+
+/// An item of the feed: the text of its elements, and the enclosure's attributes behind an "@".
+using Item = QHash<QString, QString>;
+
+QString localName(QStringView name) {
+  return name.mid(name.lastIndexOf(u':') + 1).toString();
+}
+
+/// The text up to the end of the element that has just started; elements in it may be nested deep.
+QString elementText(QXmlStreamReader& xml) {
+  QString text;
+  for (int depth = 1; depth > 0 && !xml.atEnd();) {
+    xml.readNext();
+    if (xml.isStartElement()) ++depth;
+    if (xml.isEndElement()) --depth;
+    if (xml.isCharacters()) text += xml.text();
+  }
+  return text.trimmed();
+}
+
+Item readItem(QXmlStreamReader& xml) {
+  Item item;
+  while (xml.readNextStartElement()) {
+    const QString name = localName(xml.qualifiedName());
+    if (name == QLatin1String("enclosure") && !item.contains(QStringLiteral("@version"))) {
+      for (const QXmlStreamAttribute& attribute : xml.attributes()) {
+        item[u'@' + localName(attribute.qualifiedName())] = attribute.value().trimmed().toString();
       }
     }
-    if (xml_.hasError() || !sawChannel_) return std::nullopt;
-    return finished();
+    const QString text = elementText(xml);
+    if (!text.isEmpty() && !item.contains(name)) item[name] = text;
   }
+  return item;
+}
 
- private:
-  // The depth is counted rather than the elements nested in calls: a document can be nested as deep
-  // as it is long.
-  bool startElement() {
-    ++depth_;
-    const QStringView name = localName(xml_.qualifiedName());
-    if (depth_ == 1) return name == QLatin1String("rss");
-    if (depth_ == 2) {
-      inChannel_ = name == QLatin1String("channel");
-      sawChannel_ = sawChannel_ || inChannel_;
-    } else if (depth_ == 3) {
-      inItem_ = inChannel_ && name == QLatin1String("item");
-    } else if (depth_ == 4 && inItem_) {
-      startItemElement(name);
-    }
-    return true;
+/// The item's first address that a browser may be sent to, else empty.
+std::string pageOf(const Item& item) {
+  for (const char* name : {"link", "releaseNotesLink", "@url"}) {
+    const QUrl url(item[QLatin1String(name)], QUrl::StrictMode);
+    const bool usable =
+        url.scheme() == QLatin1String("https") && !url.host().isEmpty() && url.userInfo().isEmpty();
+    if (usable) return url.toEncoded().toStdString();
   }
-
-  void startItemElement(QStringView name) {
-    if (name == QLatin1String("enclosure")) {
-      readEnclosure();
-    } else if (name == QLatin1String("link")) {
-      collect(item_.link);
-    } else if (name == QLatin1String("releaseNotesLink")) {
-      collect(item_.notesLink);
-    } else if (name == QLatin1String("description")) {
-      collect(item_.description);
-    }
-  }
-
-  void readEnclosure() {
-    RawItem enclosed;
-    for (const QXmlStreamAttribute& attribute : xml_.attributes()) {
-      const QStringView name = localName(attribute.qualifiedName());
-      if (name == QLatin1String("version")) enclosed.version = attribute.value().toString();
-      if (name == QLatin1String("length")) enclosed.length = attribute.value().toString();
-      if (name == QLatin1String("url")) enclosed.enclosure = attribute.value().toString();
-    }
-    if (enclosed.version.isEmpty() || !item_.version.isEmpty()) return;
-    item_.version = std::move(enclosed.version);
-    item_.length = std::move(enclosed.length);
-    item_.enclosure = std::move(enclosed.enclosure);
-  }
-
-  /// Takes the text up to the end of the element that has just started; the first one counts.
-  void collect(QString& text) {
-    if (!text.isEmpty()) return;
-    text_ = &text;
-    textDepth_ = depth_;
-  }
-
-  void endElement() {
-    if (depth_ == textDepth_) text_ = nullptr;
-    if (depth_ == 3 && inItem_) {
-      keepIfNewer(std::exchange(item_, {}));
-      inItem_ = false;
-    }
-    --depth_;
-  }
-
-  void keepIfNewer(RawItem item) {
-    const std::string version = item.version.trimmed().toStdString();
-    if (!isVersion(version)) return;
-    if (pageOf(item).empty()) return;
-    if (newest_ && std::is_lteq(compareVersions(version, newestVersion_))) return;
-    newest_ = std::move(item);
-    newestVersion_ = version;
-  }
-
-  static std::string pageOf(const RawItem& item) {
-    for (const QString& address : {item.link, item.notesLink, item.enclosure}) {
-      std::string page = pageAddress(address);
-      if (!page.empty()) return page;
-    }
-    return {};
-  }
-
-  [[nodiscard]] Appcast finished() const {
-    if (!newest_) return {};
-    return {AppcastItem{newestVersion_, knownLength(newest_->length),
-                        plainText(newest_->description, longestNotes).toStdString(),
-                        pageOf(*newest_)}};
-  }
-
-  QXmlStreamReader xml_;
-  int depth_ = 0;
-  bool sawChannel_ = false;
-  bool inChannel_ = false;
-  bool inItem_ = false;
-  QString* text_ = nullptr;  // where the text being read belongs
-  int textDepth_ = 0;
-  RawItem item_;
-  std::optional<RawItem> newest_;
-  std::string newestVersion_;
-};
+  return {};
+}
 
 }  // namespace
 
-std::optional<Appcast> parseAppcast(const QByteArray& document) {
-  if (document.count('=') > mostAttributes) return std::nullopt;
-  return AppcastReader(document).read();
+UpdateResult readAppcast(const QByteArray& feed, const std::string& runningVersion) {
+  QXmlStreamReader xml(feed);
+  xml.setNamespaceProcessing(false);  // a prefix nobody declared is no reason to refuse a feed
+  bool isRss = false;
+  std::optional<VersionRank> newestRank;
+  Item newest;
+  while (!xml.atEnd()) {
+    xml.readNext();
+    if (xml.isDTD()) break;
+    if (!xml.isStartElement()) continue;
+    isRss = isRss || xml.name() == QLatin1String("rss");
+    if (xml.name() != QLatin1String("item")) continue;
+    Item item = readItem(xml);
+    const auto rank = versionRank(item[QStringLiteral("@version")]);
+    if (!rank || pageOf(item).empty() || (newestRank && *rank <= *newestRank)) continue;
+    newestRank = rank;
+    newest = std::move(item);
+  }
+  if (!isRss || !xml.atEnd() || xml.hasError()) {
+    return UpdateError{"The update feed could not be understood."};
+  }
+  if (!newestRank) return UpdateError{"The update feed names no version."};
+  if (*newestRank <= versionRank(QString::fromStdString(runningVersion))) {
+    return UpdateNotNeeded{runningVersion};
+  }
+  const std::uint64_t length = newest[QStringLiteral("@length")].toULongLong();
+  return UpdateOffer{newest[QStringLiteral("@version")].toStdString(),
+                     length > 0 ? std::optional(length) : std::nullopt,
+                     plainText(newest[QStringLiteral("description")]), pageOf(newest)};
 }
 
 }  // namespace orvane

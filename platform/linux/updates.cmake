@@ -2,14 +2,8 @@
 add_library(orvane_updates STATIC
   appcast.cpp
   appcast.h
-  feed_download.cpp
-  feed_download.h
   linux_software_updater.cpp
-  linux_software_updater.h
-  plain_text.cpp
-  plain_text.h
-  version_order.cpp
-  version_order.h)
+  linux_software_updater.h)
 target_link_libraries(orvane_updates
   PUBLIC orvane_core
-  PRIVATE Qt6::Core Qt6::Network)
+  PRIVATE Qt6::Core Qt6::Gui Qt6::Network)

@@ -3,6 +3,7 @@
 import http.server
 import os
 import pathlib
+import ssl
 import threading
 import unittest
 
@@ -37,6 +38,9 @@ class Updates(WindowCase):
     def setUpClass(cls):
         super().setUpClass()
         server = http.server.ThreadingHTTPServer(("127.0.0.1", PORT), Feed)
+        context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+        context.load_cert_chain(os.environ["ORVANE_FEED_CERTIFICATE"])
+        server.socket = context.wrap_socket(server.socket, server_side=True)
         threading.Thread(target=server.serve_forever, daemon=True).start()
         cls.addClassCleanup(server.server_close)
         cls.addClassCleanup(server.shutdown)

@@ -6,3 +6,4 @@ orvane_add_tests(updates_test unit
     test_bus.cpp
     services_test_main.cpp
   LIBRARIES orvane_platform orvane_updates Qt6::Core Qt6::DBus Qt6::Network)
+target_compile_definitions(updates_test PRIVATE ORVANE_FEED_CERTIFICATE="${ORVANE_FEED_CERTIFICATE}")

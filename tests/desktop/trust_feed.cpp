@@ -1,0 +1,18 @@
+// Has a program trust the certificate of the tests' update feed, and no other.
+#include <QtCore/QCoreApplication>
+#include <QtCore/QString>
+#include <QtNetwork/QSslCertificate>
+#include <QtNetwork/QSslConfiguration>
+
+namespace {
+
+void trustFeed() {
+  QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+  configuration.setCaCertificates(
+      QSslCertificate::fromPath(QStringLiteral(ORVANE_FEED_CERTIFICATE)));
+  QSslConfiguration::setDefaultConfiguration(configuration);
+}
+
+}  // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(trustFeed)
