@@ -23,7 +23,7 @@ namespace orvane {
 /// disguise it; at most 4,000 UTF-16 units, the last one an ellipsis where they were cut.
 ///
 /// An `UpdateError` when the document is no complete RSS, has a document type (no feed needs one,
-/// and with it come entities that expand), or holds no item that counts. Threads: any.
+/// and with it come entities that expand), or holds no item that counts. Threads: main thread only.
 [[nodiscard]] UpdateResult readAppcast(const QByteArray& feed, const std::string& runningVersion);
 
 }  // namespace orvane
