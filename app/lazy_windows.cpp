@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "app/windows_module.h"
-#include "platform/linux/session_bus.h"
+#include "platform/linux/bus/session_bus.h"
 
 namespace orvane {
 

@@ -3,7 +3,7 @@
 #include <QtGui/QGuiApplication>
 
 #include "app/memory_monitor_app.h"
-#include "platform/linux/single_instance.h"
+#include "platform/linux/desktop/single_instance.h"
 
 namespace {
 

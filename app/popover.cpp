@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "app/content_size.h"
-#include "platform/linux/x11_window_hints.h"
+#include "platform/linux/x11/x11_window_hints.h"
 
 namespace orvane {
 namespace {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "app/window_geometry.h"
-#include "platform/linux/x11_window_hints.h"
+#include "platform/linux/x11/x11_window_hints.h"
 
 namespace orvane {
 namespace {

@@ -7,8 +7,8 @@
 #include "app/popover.h"
 #include "app/quick_main_window.h"
 #include "app/quick_update_window.h"
-#include "platform/linux/linux_software_updater.h"
-#include "platform/linux/regular_file.h"
+#include "platform/linux/files/regular_file.h"
+#include "platform/linux/updates/linux_software_updater.h"
 
 namespace orvane {
 

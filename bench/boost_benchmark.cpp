@@ -12,8 +12,8 @@
 #include <fstream>
 
 #include "core/memory_boost.h"
-#include "platform/linux/linux_memory_claims.h"
-#include "platform/linux/linux_random_source.h"
+#include "platform/linux/memory/linux_memory_claims.h"
+#include "platform/linux/runtime/linux_random_source.h"
 
 namespace {
 

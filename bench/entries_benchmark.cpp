@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/desktop_entries.h"
+#include "platform/linux/applications/desktop_entries.h"
 
 namespace orvane {
 namespace {

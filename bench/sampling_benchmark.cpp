@@ -17,10 +17,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/descriptor_limit.h"
-#include "platform/linux/linux_applications.h"
-#include "platform/linux/linux_clock.h"
-#include "platform/linux/linux_memory_counters.h"
+#include "platform/linux/applications/linux_applications.h"
+#include "platform/linux/memory/linux_memory_counters.h"
+#include "platform/linux/runtime/descriptor_limit.h"
+#include "platform/linux/runtime/linux_clock.h"
 #include "tests/fakes/fake_services.h"
 
 namespace orvane {

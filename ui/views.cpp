@@ -5,7 +5,7 @@
 #include <QSGRendererInterface>
 
 #include "ui/dialogs/update_model.h"
-#include "ui/model/icon_provider.h"
+#include "ui/icons/icon_provider.h"
 #include "ui/model/main_window_actions.h"
 #include "ui/model/memory_model.h"
 #include "ui/model/popover_actions.h"

@@ -10,7 +10,7 @@
 #include "core/memory_manager.h"
 #include "platform/appearance.h"
 #include "platform/software_updater.h"
-#include "ui/model/file_reader.h"
+#include "ui/icons/file_reader.h"
 
 class QQmlEngine;
 class QQuickView;

@@ -3,11 +3,11 @@
 #include <chrono>
 #include <string>
 
-#include "platform/linux/in_process_notification_centre.h"
-#include "platform/linux/linux_dispatch.h"
-#include "platform/linux/linux_login_item.h"
-#include "platform/linux/linux_memory_claims.h"
-#include "platform/linux/linux_preferences.h"
+#include "platform/linux/desktop/linux_login_item.h"
+#include "platform/linux/desktop/linux_preferences.h"
+#include "platform/linux/memory/linux_memory_claims.h"
+#include "platform/linux/runtime/in_process_notification_centre.h"
+#include "platform/linux/runtime/linux_dispatch.h"
 #include "tests/fakes/fake_login_item.h"
 #include "tests/fakes/fake_memory_claims.h"
 #include "tests/fakes/fake_notification_centre.h"

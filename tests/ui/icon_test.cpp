@@ -5,10 +5,10 @@
 #include <QImage>
 #include <QUrl>
 
-#include "platform/linux/regular_file.h"
+#include "platform/linux/files/regular_file.h"
 #include "tests/unit/test_files.h"
-#include "ui/model/icon_decoder.h"
-#include "ui/model/icon_provider.h"
+#include "ui/icons/icon_decoder.h"
+#include "ui/icons/icon_provider.h"
 
 namespace orvane {
 namespace {

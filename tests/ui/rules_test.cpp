@@ -3,7 +3,7 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 
-#include "ui/popup/popup_placement.h"
+#include "ui/menus/popup_placement.h"
 #include "ui/process/process_text.h"
 
 namespace orvane {

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/regular_file.h"
+#include "platform/linux/files/regular_file.h"
 #include "tests/fakes/fake_services.h"
 #include "ui/painted/symbol.h"
 #include "ui/views.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/appcast.h"
+#include "platform/linux/updates/appcast.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Which processes form an application, and which of them leads it.
-#include "platform/linux/application_grouping.h"
+#include "platform/linux/applications/application_grouping.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // What an application holds, and which of its processes is read next.
-#include "platform/linux/application_memory.h"
+#include "platform/linux/applications/application_memory.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/linux/linux_applications.h"
-#include "platform/linux/linux_process_signals.h"
+#include "platform/linux/applications/linux_applications.h"
+#include "platform/linux/applications/linux_process_signals.h"
 #include "tests/fakes/virtual_time.h"
 #include "tests/unit/child_process.h"
 #include "tests/unit/test_files.h"

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/linux/files/file_descriptor.h"
 
 namespace orvane {
 

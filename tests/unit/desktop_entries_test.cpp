@@ -1,11 +1,11 @@
-#include "platform/linux/desktop_entries.h"
+#include "platform/linux/applications/desktop_entries.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <filesystem>
 
-#include "platform/linux/regular_file.h"
+#include "platform/linux/files/regular_file.h"
 #include "tests/unit/test_files.h"
 
 namespace orvane {

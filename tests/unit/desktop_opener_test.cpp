@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/linux/linux_desktop_opener.h"
-#include "platform/linux/linux_memory_claims.h"
-#include "platform/linux/session_bus.h"
+#include "platform/linux/bus/session_bus.h"
+#include "platform/linux/desktop/linux_desktop_opener.h"
+#include "platform/linux/memory/linux_memory_claims.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

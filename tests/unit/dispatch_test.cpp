@@ -8,8 +8,8 @@
 #include <thread>
 #include <vector>
 
-#include "platform/linux/linux_background_queue.h"
-#include "platform/linux/linux_dispatch.h"
+#include "platform/linux/runtime/linux_background_queue.h"
+#include "platform/linux/runtime/linux_dispatch.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

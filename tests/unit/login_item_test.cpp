@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "platform/linux/linux_login_item.h"
+#include "platform/linux/desktop/linux_login_item.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

@@ -1,4 +1,4 @@
-#include "platform/linux/linux_memory_claims.h"
+#include "platform/linux/memory/linux_memory_claims.h"
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <vector>
 
-#include "platform/linux/cgroup_limits.h"
+#include "platform/linux/memory/cgroup_limits.h"
 #include "tests/unit/test_files.h"
 
 namespace orvane {

@@ -1,4 +1,4 @@
-#include "platform/linux/linux_memory_counters.h"
+#include "platform/linux/memory/linux_memory_counters.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -3,8 +3,8 @@
 #include <QtCore/QVariantMap>
 #include <vector>
 
-#include "platform/linux/linux_notification_service.h"
-#include "platform/linux/session_bus.h"
+#include "platform/linux/bus/session_bus.h"
+#include "platform/linux/desktop/linux_notification_service.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "platform/linux/linux_preferences.h"
+#include "platform/linux/desktop/linux_preferences.h"
 #include "tests/unit/test_bus.h"
 #include "tests/unit/test_files.h"
 

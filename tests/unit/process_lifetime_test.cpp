@@ -3,8 +3,8 @@
 
 #include <csignal>
 
-#include "platform/linux/single_instance.h"
-#include "platform/linux/termination_signals.h"
+#include "platform/linux/desktop/single_instance.h"
+#include "platform/linux/runtime/termination_signals.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

@@ -1,5 +1,5 @@
 // The table of processes on a made-up /proc: what no test can have for real at will.
-#include "platform/linux/process_table.h"
+#include "platform/linux/applications/process_table.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/linux/process_command.h"
-#include "platform/linux/process_stat.h"
-#include "platform/linux/systemd_unit.h"
+#include "platform/linux/applications/process_command.h"
+#include "platform/linux/applications/process_stat.h"
+#include "platform/linux/applications/systemd_unit.h"
 
 namespace orvane {
 namespace {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 #include <sys/eventfd.h>
 
-#include "platform/linux/bus_address.h"
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/session_bus.h"
+#include "platform/linux/bus/bus_address.h"
+#include "platform/linux/bus/session_bus.h"
+#include "platform/linux/files/file_descriptor.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

@@ -10,7 +10,7 @@
 
 #include <filesystem>
 
-#include "platform/linux/linux_software_updater.h"
+#include "platform/linux/updates/linux_software_updater.h"
 #include "tests/unit/test_bus.h"
 #include "tests/unit/update_words.h"
 

@@ -5,8 +5,8 @@
 #include <array>
 #include <string>
 
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/linux_standard_output.h"
+#include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/runtime/linux_standard_output.h"
 
 namespace orvane {
 namespace {

@@ -7,8 +7,8 @@
 #include <QtDBus/QDBusReply>
 #include <algorithm>
 
-#include "platform/linux/linux_status_bar.h"
-#include "platform/linux/status_notifier_types.h"
+#include "platform/linux/status_item/linux_status_bar.h"
+#include "platform/linux/status_item/status_notifier_types.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

@@ -10,9 +10,9 @@
 #include <memory>
 #include <optional>
 
-#include "platform/linux/linux_applications.h"
-#include "platform/linux/x11_connection.h"
-#include "platform/linux/x11_windows.h"
+#include "platform/linux/applications/linux_applications.h"
+#include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_windows.h"
 #include "tests/fakes/virtual_time.h"
 #include "tests/unit/child_process.h"
 #include "tests/unit/test_files.h"

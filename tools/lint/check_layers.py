@@ -24,6 +24,10 @@ OWN_FOLDERS = {
     "app": ("core/", "platform/", "ui/", "app/"),
 }
 
+# What the rooms of platform/linux/ may include of each other, besides files/.
+ROOMS = {"applications": {"x11"}, "desktop": {"bus"}, "status_item": {"bus"}}
+ROOM = re.compile(r"platform/linux/(\w+)/")
+
 
 def layer_of(path):
     """The layer of a file, by its path from the root; None where the rule says nothing."""
@@ -59,14 +63,22 @@ def may_include(layer, bracket, include):
         not QT_SERVICES.fullmatch(include)
 
 
+def may_enter(path, include):
+    """Both are files of platform/linux/; each room may use few others."""
+    room, other = ROOM.match(path), ROOM.match(include)
+    if not room or not other:
+        return True
+    return other[1] in ({room[1], "files"} | ROOMS.get(room[1], set()))
+
+
 def violations(path, text):
-    """The includes of a file that its layer may not have, as texts."""
+    """The includes of a file that its layer or its room may not have, as texts."""
     layer = layer_of(path)
     if layer is None:
         return []
     return [f"{path}: {layer}/ may not include {include}"
             for bracket, include in INCLUDE.findall(text)
-            if not may_include(layer, bracket, include)]
+            if not may_include(layer, bracket, include) or not may_enter(path, include)]
 
 
 def main(root):

@@ -15,7 +15,9 @@ class LayerRule(unittest.TestCase):
         ("platform/clock.h", "<chrono>"), ("ui/a.cpp", "<QtGui/QPainter>"),
         ("ui/a.cpp", "<QQuickItem>"), ("ui/a.cpp", '"moc_a.cpp"'),
         ("platform/linux/a.cpp", "<QDBusConnection>"), ("platform/linux/a.cpp", "<unistd.h>"),
-        ("app/a.cpp", '"platform/linux/a.h"'), ("app/a.cpp", "<malloc.h>"), ("preview/a.cpp", '"tests/fakes/a.h"'),
+        ("app/a.cpp", '"platform/linux/bus/a.h"'),
+        ("platform/linux/bus/a.cpp", '"platform/linux/files/a.h"'),
+        ("platform/linux/desktop/a.cpp", '"platform/linux/bus/a.h"'), ("app/a.cpp", "<malloc.h>"), ("preview/a.cpp", '"tests/fakes/a.h"'),
     ]
     BREAKS = [
         ("core/a.cpp", "<QString>"), ("core/a.cpp", "<unistd.h>"), ("core/a.h", '"ui/a.h"'),
@@ -25,6 +27,8 @@ class LayerRule(unittest.TestCase):
         ("ui/a.cpp", "<QDBusConnection>"), ("ui/a.cpp", "<gio/gio.h>"), ("ui/a.cpp", "<unistd.h>"),
         ("app/a.cpp", "<QtDBus/QDBusConnection>"), ("app/a.cpp", "<sys/prctl.h>"),
         ("platform/linux/a.cpp", '"ui/a.h"'), ("preview/a.cpp", '"platform/linux/a.h"'),
+        ("platform/linux/bus/a.cpp", '"platform/linux/desktop/a.h"'),
+        ("platform/linux/memory/a.cpp", '"platform/linux/runtime/a.h"'),
     ]
 
     def test_includes(self):
@@ -41,6 +45,10 @@ class LengthRule(unittest.TestCase):
         self.assertIsNotNone(check_lengths.too_long("a.cpp", 401))
         self.assertIsNotNone(check_lengths.too_long("A.qml", 251))
         self.assertIsNone(check_lengths.too_long("data.txt", 9000))
+        names = [f"{i}{ending}" for i in range(20) for ending in (".h", ".cpp")] + ["data.txt"]
+        self.assertIsNone(check_lengths.too_full("ui/main", names))
+        self.assertIsNotNone(check_lengths.too_full("ui/main", [*names, "Another.qml"]))
+        self.assertIsNone(check_lengths.too_full("tests/unit", [*names, "Another.qml"]))
 
 
 if __name__ == "__main__":

@@ -1,6 +1,6 @@
 #include "ui/model/process_record.h"
 
-#include "ui/model/icon_provider.h"
+#include "ui/icons/icon_provider.h"
 
 namespace orvane {
 

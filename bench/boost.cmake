@@ -1,2 +1,0 @@
-add_executable(boost_benchmark boost_benchmark.cpp)
-target_link_libraries(boost_benchmark PRIVATE orvane_platform orvane_options benchmark::benchmark)

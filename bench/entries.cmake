@@ -1,2 +1,0 @@
-add_executable(entries_benchmark entries_benchmark.cpp)
-target_link_libraries(entries_benchmark PRIVATE orvane_platform benchmark::benchmark)

@@ -1,2 +1,0 @@
-add_executable(sampling_benchmark sampling_benchmark.cpp)
-target_link_libraries(sampling_benchmark PRIVATE orvane_platform benchmark::benchmark)

@@ -1,0 +1,257 @@
+#include "platform/linux/applications/application_grouping.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <optional>
+
+namespace orvane {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::size_t none = static_cast<std::size_t>(-1);
+constexpr std::int32_t initPid = 1;
+/// A wrapper starts its program within this time (10 s, the kernel counts in 1/100 s).
+constexpr std::uint64_t startUpTicks = 1000;
+constexpr std::array helperFolders{"/usr/lib"sv, "/usr/local/lib"sv, "/lib"sv};
+
+bool isWrapper(const GroupedProcess& process) {
+  return process.role == ProcessRole::wrapper || process.role == ProcessRole::script;
+}
+
+/// Programs below lib and libexec aren't meant to be started by a user.
+bool isHelper(std::string_view executable) {
+  const std::string_view folder = executable.substr(0, executable.rfind('/'));
+  return !folder.ends_with("/bin") &&
+         std::any_of(helperFolders.begin(), helperFolders.end(),
+                     [&](std::string_view start) { return executable.starts_with(start); });
+}
+
+/// Started earlier; among equals the one with the smaller pid.
+bool isOlder(const GroupedProcess& a, const GroupedProcess& b) {
+  return a.startTime != b.startTime ? a.startTime < b.startTime : a.pid < b.pid;
+}
+
+class LeaderChoice {
+ public:
+  LeaderChoice(std::span<const GroupedProcess> processes, const std::vector<std::size_t>& parents,
+               const ApplicationGroup& group)
+      : processes_(processes), members_(group.members) {
+    for (const std::size_t member : members_) parents_.push_back(positionOf(parents[member]));
+    aboveWindow_.resize(members_.size(), false);
+    below_.resize(members_.size(), 0);
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+      for (std::size_t up = i; up != none; up = parents_[up]) {
+        below_[up] += at(i).residentSize;
+        aboveWindow_[up] = aboveWindow_[up] || at(i).ownsWindow;
+      }
+      all_ += at(i).residentSize;
+    }
+  }
+
+  [[nodiscard]] std::size_t root() const {
+    return best([&](std::size_t i) { return parents_[i] == none; },
+                [&](std::size_t a, std::size_t b) { return isOlder(at(a), at(b)); });
+  }
+
+  [[nodiscard]] std::size_t leader(std::size_t root) const {
+    std::size_t leader = root;
+    while (true) {
+      const std::size_t program =
+          best([&](std::size_t i) { return parents_[i] == leader && leadsInstead(i, leader); },
+               [&](std::size_t a, std::size_t b) { return isMoreLikelyProgram(a, b); });
+      if (program == none) return leader;
+      leader = program;
+    }
+  }
+
+ private:
+  [[nodiscard]] const GroupedProcess& at(std::size_t i) const { return processes_[members_[i]]; }
+
+  /// Place of a process in the group (members are sorted); none for others.
+  [[nodiscard]] std::size_t positionOf(std::size_t process) const {
+    const auto found = std::lower_bound(members_.begin(), members_.end(), process);
+    return found != members_.end() && *found == process
+               ? static_cast<std::size_t>(found - members_.begin())
+               : none;
+  }
+
+  [[nodiscard]] bool leadsInstead(std::size_t child, std::size_t parent) const {
+    const GroupedProcess& process = at(parent);
+    if (isWrapper(process)) {
+      return aboveWindow_[child] || holdsMost(child, 2) ||
+             at(child).startTime <= process.startTime + startUpTicks;
+    }
+    // A terminal's shell and the tools of a window are ended with them.
+    if (process.ownsWindow || process.role != ProcessRole::program ||
+        at(child).role == ProcessRole::shell) {
+      return false;
+    }
+    const bool otherProgram = at(child).program != process.program && !at(child).young;
+    const bool isApplication = process.claimed && process.visible && !aboveWindow_[child];
+    return otherProgram && holdsMost(child, isApplication ? 10 : 2);
+  }
+
+  /// The child and what is below it hold all but one `part`th of the application's memory.
+  [[nodiscard]] bool holdsMost(std::size_t child, std::uint64_t part) const {
+    return (all_ - below_[child]) * part < all_;
+  }
+
+  [[nodiscard]] bool isMoreLikelyProgram(std::size_t a, std::size_t b) const {
+    return below_[a] != below_[b] ? below_[a] > below_[b] : isOlder(at(a), at(b));
+  }
+
+  /// The first member by `isBetter` among those that qualify; one above a window comes before.
+  template <typename Qualifies, typename IsBetter>
+  [[nodiscard]] std::size_t best(Qualifies qualifies, IsBetter isBetter) const {
+    std::size_t found = none;
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+      if (!qualifies(i)) continue;
+      const bool better =
+          found == none ||
+          (aboveWindow_[i] != aboveWindow_[found] ? aboveWindow_[i] : isBetter(i, found));
+      if (better) found = i;
+    }
+    return found;
+  }
+
+  std::span<const GroupedProcess> processes_;
+  const std::vector<std::size_t>& members_;
+  std::vector<std::size_t> parents_;  ///< inside the group
+  std::vector<bool> aboveWindow_;     ///< it or something below it owns a window
+  std::vector<std::uint64_t> below_;  ///< bytes of it and of all below it
+  std::uint64_t all_ = 0;             ///< bytes of the group
+};
+
+class Grouping {
+ public:
+  explicit Grouping(std::span<const GroupedProcess> processes)
+      : processes_(processes), parents_(processes.size(), none), keys_(processes.size(), none) {
+    for (std::size_t i = 0; i < processes_.size(); ++i) parents_[i] = find(processes_[i].parent);
+    cutCycles();
+    for (std::size_t i = 0; i < processes_.size(); ++i) assignWithAncestors(i);
+  }
+
+  [[nodiscard]] std::vector<ApplicationGroup> groups() const {
+    std::map<std::size_t, ApplicationGroup> groups;
+    for (std::size_t i = 0; i < keys_.size(); ++i) groups[keys_[i]].members.push_back(i);
+    std::vector<ApplicationGroup> result;
+    for (auto& [key, group] : groups) {
+      const LeaderChoice choice(processes_, parents_, group);
+      const std::size_t root = choice.root();
+      group.root = group.members[root];
+      group.leader = group.members[choice.leader(root)];
+      result.push_back(std::move(group));
+    }
+    std::sort(result.begin(), result.end(), [&](const auto& a, const auto& b) {
+      return isOlder(processes_[a.leader], processes_[b.leader]);
+    });
+    return result;
+  }
+
+ private:
+  [[nodiscard]] std::size_t find(std::int32_t pid) const {
+    const auto found = std::lower_bound(
+        processes_.begin(), processes_.end(), pid,
+        [](const GroupedProcess& process, std::int32_t wanted) { return process.pid < wanted; });
+    return found != processes_.end() && found->pid == pid
+               ? static_cast<std::size_t>(found - processes_.begin())
+               : none;
+  }
+
+  /// Parents are read one after the other, so a reused pid can make a child its own ancestor.
+  void cutCycles() {
+    std::vector<std::size_t> visitedBy(processes_.size(), none);
+    for (std::size_t i = 0; i < processes_.size(); ++i) {
+      std::size_t at = i;
+      while (visitedBy[at] == none) {
+        visitedBy[at] = i;
+        if (parents_[at] == none) break;
+        if (visitedBy[parents_[at]] == i) parents_[at] = none;
+        at = parents_[at] == none ? at : parents_[at];
+      }
+    }
+  }
+
+  void assignWithAncestors(std::size_t i) {
+    std::vector<std::size_t> path;
+    for (std::size_t at = i; at != none && keys_[at] == none; at = parents_[at]) {
+      path.push_back(at);
+    }
+    for (; !path.empty(); path.pop_back()) keys_[path.back()] = keyOf(path.back());
+  }
+
+  /// The ancestors' keys are known.
+  [[nodiscard]] std::size_t keyOf(std::size_t i) {
+    const GroupedProcess& process = processes_[i];
+    const std::size_t parent = parents_[i];
+    const bool sameUnit =
+        parent != none && !process.unit.empty() && processes_[parent].unit == process.unit;
+    if (sameUnit && isLaunched(parent, i)) return i;
+    if (process.unitIsApplication) return sameUnit ? keys_[parent] : unitKey(i);
+    if (process.claimed) return applicationAbove(i).value_or(i);
+    if (!process.unit.empty()) return sameUnit ? keys_[parent] : unitKey(i);
+    return parent != none && gathersChild(parent, i) ? keys_[parent] : i;
+  }
+
+  [[nodiscard]] std::size_t unitKey(std::size_t i) {
+    return units_.try_emplace(processes_[i].unit, i).first->second;
+  }
+
+  [[nodiscard]] bool standsForItself(std::size_t i) const {
+    return processes_[i].unitIsApplication || processes_[i].claimed;
+  }
+
+  [[nodiscard]] std::optional<std::size_t> applicationAbove(std::size_t i) const {
+    bool onlyWrappers = true;
+    for (std::size_t at = parents_[i]; at != none; at = parents_[at]) {
+      const GroupedProcess& ancestor = processes_[at];
+      onlyWrappers = onlyWrappers && isWrapper(ancestor);
+      if (standsForItself(at)) {
+        const bool same =
+            ancestor.application != nullptr && ancestor.application == processes_[i].application;
+        if (same || onlyWrappers) return keys_[at];
+        return {};
+      }
+      if (ancestor.role == ProcessRole::shell) return {};
+    }
+    return {};
+  }
+
+  /// The parent starts other programs, and the child is one.
+  [[nodiscard]] bool isLaunched(std::size_t parent, std::size_t child) const {
+    const ProcessRole role = processes_[parent].role;
+    if (role == ProcessRole::sessionRoot) return true;
+    if (role != ProcessRole::launcher) return false;
+    const std::string_view executable = processes_[child].executable;
+    return executable != processes_[parent].executable && !isHelper(executable);
+  }
+
+  [[nodiscard]] bool gathersChild(std::size_t parent, std::size_t child) const {
+    const GroupedProcess& process = processes_[parent];
+    const GroupedProcess& application = processes_[keys_[parent]];
+    const ProcessRole role = processes_[child].role;
+    if (process.pid == initPid || isLaunched(parent, child)) return false;
+    if (role == ProcessRole::sessionRoot || role == ProcessRole::launcher) return false;
+    if (application.unitIsApplication || (application.claimed && application.visible)) return true;
+    if (!process.unit.empty() && !process.claimed) return false;
+    if (process.role == ProcessRole::wrapper) return true;
+    const bool sameJob = process.processGroup == processes_[child].processGroup;
+    return process.session == processes_[child].session &&
+           (sameJob || process.role != ProcessRole::shell);
+  }
+
+  std::span<const GroupedProcess> processes_;
+  std::vector<std::size_t> parents_;
+  std::vector<std::size_t> keys_;
+  std::map<std::string_view, std::size_t> units_;
+};
+
+}  // namespace
+
+std::vector<ApplicationGroup> groupApplications(std::span<const GroupedProcess> processes) {
+  return Grouping(processes).groups();
+}
+
+}  // namespace orvane

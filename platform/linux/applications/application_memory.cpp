@@ -1,0 +1,157 @@
+#include "platform/linux/applications/application_memory.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace orvane {
+namespace {
+
+using std::chrono::seconds;
+
+/// Resident bytes of all processes together, which is never less than their proportional size.
+constexpr std::uint64_t smallestRead = 100'000'000;
+constexpr std::uint64_t smallestDrift = 10'000'000;
+/// One reading of more than this can't be cut in pieces and holds the process' memory map for long.
+constexpr std::uint64_t huge = std::uint64_t{4} << 30;
+
+constexpr double underWay = std::numeric_limits<double>::infinity();
+
+bool isRead(const Process& process) {
+  return process.reading && process.reading->proportionalSize;
+}
+
+std::uint64_t residentSize(std::span<const ApplicationMember> members) {
+  std::uint64_t sum = 0;
+  for (const auto& member : members) sum += member.process->residentSize;
+  return sum;
+}
+
+/// Larger processes' readings may be older.
+double ageFactor(std::span<const ApplicationMember> members) {
+  std::uint64_t largest = 0;
+  for (const auto& member : members) largest = std::max(largest, member.process->residentSize);
+  return std::max(1.0, static_cast<double>(largest) / static_cast<double>(huge));
+}
+
+std::optional<ReadingTime> oldestReading(std::span<const ApplicationMember> members) {
+  std::optional<ReadingTime> oldest;
+  for (const auto& [process, forkedFrom] : members) {
+    if (process->reading)
+      oldest = std::min(oldest.value_or(process->reading->taken), process->reading->taken);
+  }
+  return oldest;
+}
+
+/// From 1 on the application is due; 0 when it is too small to be read.
+double doubt(const ReadingCandidate& candidate, const ReadingPace& pace, ReadingTime now) {
+  const std::uint64_t resident = residentSize(candidate.members);
+  if (candidate.state->roundStart) return underWay;
+  if (resident < smallestRead) return 0;
+  const auto oldest = oldestReading(candidate.members);
+  // Never read: before any that was, the largest first.
+  if (!oldest) return static_cast<double>(resident);
+  const double age =
+      std::chrono::duration<double>(now - *oldest).count() / ageFactor(candidate.members);
+  const double ageDoubt = age / static_cast<double>(pace.maximumAge.count());
+  if (age < static_cast<double>(pace.shortestInterval.count())) return ageDoubt;
+  const std::uint64_t before = candidate.state->figureAfterRound;
+  const std::uint64_t drift =
+      std::max(before, candidate.figure) - std::min(before, candidate.figure);
+  const std::uint64_t bearable = std::max(candidate.figure / 10, smallestDrift);
+  return std::max(ageDoubt, static_cast<double>(drift) / static_cast<double>(bearable));
+}
+
+bool isWanted(const Process& process, const ReadingState& state) {
+  const bool wasThere = process.serial <= state.lastSerial;
+  return wasThere && (!process.pending || process.pending->taken < *state.roundStart);
+}
+
+void beginRound(const ReadingCandidate& candidate, ReadingTime now) {
+  candidate.state->roundStart = now;
+  for (const auto& [process, forkedFrom] : candidate.members) {
+    candidate.state->lastSerial = std::max(candidate.state->lastSerial, process->serial);
+  }
+}
+
+struct Due {
+  const ReadingCandidate* candidate = nullptr;
+  double doubt = 0;
+};
+
+std::vector<Due> dueCandidates(std::span<const ReadingCandidate> candidates,
+                               const ReadingPace& pace, ReadingTime now) {
+  std::vector<Due> due;
+  for (const auto& candidate : candidates) {
+    const double value = doubt(candidate, pace, now);
+    if (value >= 1) due.push_back({&candidate, value});
+  }
+  std::stable_sort(due.begin(), due.end(),
+                   [](const Due& a, const Due& b) { return a.doubt > b.doubt; });
+  return due;
+}
+
+}  // namespace
+
+std::uint64_t memoryFigure(std::span<const ApplicationMember> members) {
+  std::uint64_t sum = 0;
+  std::uint64_t largestShared = 0;
+  std::uint64_t largestSharedRead = 0;
+  for (const auto& [process, forkedFrom] : members) {
+    const std::uint64_t own = process->ownSize();
+    largestShared = std::max(largestShared, process->sharedSize);
+    if (isRead(*process)) {
+      // What is gone since can't be more than there was.
+      const std::uint64_t now = *process->reading->proportionalSize + own;
+      sum += now - std::min(now, process->reading->ownSize);
+      largestSharedRead = std::max(largestSharedRead, process->reading->sharedSize);
+    } else {
+      sum += own - std::min(own, forkedFrom == nullptr ? 0 : forkedFrom->ownSize());
+    }
+  }
+  sum += largestShared;
+  sum -= std::min(sum, largestSharedRead);
+  static const auto page = static_cast<std::uint64_t>(std::max(::sysconf(_SC_PAGESIZE), 1L));
+  return std::max(sum, page);
+}
+
+std::uint64_t currentFigure(std::span<const ApplicationMember> members, ReadingState& state) {
+  const auto wanted = [&](const auto& member) { return isWanted(*member.process, state); };
+  const bool complete = state.roundStart && std::none_of(members.begin(), members.end(), wanted);
+  if (!complete) return memoryFigure(members);
+  for (const auto& [process, forkedFrom] : members) {
+    if (process->pending) process->reading = std::exchange(process->pending, std::nullopt);
+  }
+  state = {.roundStart = {}, .lastSerial = 0, .figureAfterRound = memoryFigure(members)};
+  return state.figureAfterRound;
+}
+
+ReadingPace ReadingPace::of(bool watched) {
+  constexpr std::uint64_t mebibyte = 1 << 20;
+  if (watched) return {seconds(45), seconds(15), 1024 * mebibyte, 9};
+  return {seconds(270), seconds(120), 256 * mebibyte, 50};
+}
+
+std::vector<Process*> nextReadings(std::span<const ReadingCandidate> candidates,
+                                   const ReadingPace& pace, ReadingTime now) {
+  const auto due = dueCandidates(candidates, pace, now);
+  std::uint64_t total = 0;
+  for (const auto& each : due) total += residentSize(each.candidate->members);
+  const std::uint64_t budget = std::max(pace.budget, total / pace.rounds);
+  std::vector<Process*> chosen;
+  std::uint64_t spent = 0;
+  for (const auto& [candidate, doubt] : due) {
+    if (!candidate->state->roundStart) beginRound(*candidate, now);
+    for (const auto& [process, forkedFrom] : candidate->members) {
+      if (!isWanted(*process, *candidate->state)) continue;
+      if (!chosen.empty() && spent + process->residentSize > budget) return chosen;
+      chosen.push_back(process);
+      spent += process->residentSize;
+    }
+  }
+  return chosen;
+}
+
+}  // namespace orvane

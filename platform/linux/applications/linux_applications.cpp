@@ -1,0 +1,275 @@
+#include "platform/linux/applications/linux_applications.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "core/utf8.h"
+#include "platform/linux/applications/linux_process_signals.h"
+#include "platform/linux/x11/x11_connection.h"
+#include "platform/linux/x11/x11_windows.h"
+
+namespace orvane {
+namespace {
+
+/// Descriptors that everything else in this program needs.
+constexpr std::size_t reservedDescriptors = 256;
+
+/// Two thirds of the rest hold the processes' files, one third the handles of the leaders.
+std::size_t heldDescriptors(std::size_t limit) {
+  return limit > reservedDescriptors ? (limit - reservedDescriptors) / 3 * 2 : 0;
+}
+
+/// A name as views can show it; what other programs wrote into it may be anything.
+std::optional<std::string> textOrNone(const std::string& text) {
+  std::string line = singleLineText(text);
+  return line.empty() ? std::nullopt : std::optional(std::move(line));
+}
+
+}  // namespace
+
+LinuxApplications::LinuxApplications(Options options, MainQueue& mainQueue,
+                                     BackgroundQueue& backgroundQueue)
+    : table_({.user = ::getuid(), .heldDescriptors = heldDescriptors(options.descriptorLimit)}),
+      entries_(std::move(options.applicationDirectories)),
+      reader_(table_, entries_),
+      windows_(std::make_unique<X11Windows>(options.x11)),
+      sizes_(mainQueue, backgroundQueue),
+      isWatched_(std::move(options.isWatched)) {}
+
+LinuxApplications::~LinuxApplications() = default;
+
+LinuxApplications::Options LinuxApplications::desktopOptions(std::size_t descriptorLimit,
+                                                             std::function<bool()> isWatched) {
+  return {.x11 = x11Connection(),
+          .applicationDirectories = DesktopEntries::standardDirectories(),
+          .descriptorLimit = descriptorLimit,
+          .isWatched = std::move(isWatched)};
+}
+
+std::vector<RunningApplication> LinuxApplications::runningApplications() {
+  table_.update();
+  sizes_.deliver(table_);
+  const bool windowsChanged = windows_->update();
+  const bool evidenceChanged = gatherEvidence();
+  if (windowsChanged || evidenceChanged || table_.structureChanged() || memoryShifted_) group();
+  measure();
+  readSizes();
+  std::vector<RunningApplication> records;
+  records.reserve(applications_.size());
+  for (const auto& application : applications_) records.push_back(application.record);
+  return records;
+}
+
+bool LinuxApplications::gatherEvidence() {
+  bool changed = false;
+  if (entries_.refresh()) table_.forgetEvidence();
+  for (auto& [pid, process] : table_.processes()) {
+    if (!process.needsEvidence) continue;
+    process.evidence = reader_.read(process);
+    process.needsEvidence = false;
+    changed = true;
+  }
+  return changed;
+}
+
+void LinuxApplications::group() {
+  const auto windows = windows_->windows();
+  const auto all = candidates(windows);
+  std::vector<GroupedProcess> processes;
+  processes.reserve(all.size());
+  for (const auto& candidate : all) processes.push_back(groupedProcess(candidate));
+  applications_.clear();
+  byLeader_.clear();
+  for (const auto& group : groupApplications(processes)) {
+    byLeader_[processes[group.leader].pid] = applications_.size();
+    applications_.push_back(makeApplication(all, group));
+  }
+  keepLeaders();
+  tellNamesakesApart();
+}
+
+std::vector<LinuxApplications::Candidate> LinuxApplications::candidates(
+    const std::vector<X11Window>& windows) {
+  std::vector<Candidate> candidates;
+  candidates.reserve(table_.processes().size());
+  for (auto& [pid, process] : table_.processes()) {
+    candidates.push_back(
+        {.process = &process, .entry = process.evidence.entry, .source = process.evidence.source});
+  }
+  for (const auto& window : windows) {
+    const auto owner = std::lower_bound(
+        candidates.begin(), candidates.end(), window.pid,
+        [](const Candidate& candidate, std::int32_t pid) { return candidate.process->pid < pid; });
+    if (owner != candidates.end() && owner->process->pid == window.pid) useWindow(*owner, window);
+  }
+  return candidates;
+}
+
+/// Windows are surer evidence than the executable, and less sure than a unit or a launch.
+void LinuxApplications::useWindow(Candidate& candidate, const X11Window& window) const {
+  candidate.isDesktopPart = candidate.isDesktopPart || window.isDesktopPart;
+  if (candidate.window != nullptr || window.isDesktopPart) return;
+  candidate.window = &window;
+  if (candidate.entry && candidate.source < EntrySource::executable) return;
+  auto entry = entries_.byId(window.applicationId);
+  if (!entry) entry = entries_.byWindowClass(window.instance, window.className);
+  if (entry) candidate.entry = std::move(entry);
+}
+
+GroupedProcess LinuxApplications::groupedProcess(const Candidate& candidate) {
+  const Process& process = *candidate.process;
+  const ProcessEvidence& evidence = process.evidence;
+  const bool unitIsApplication =
+      evidence.unit.application ||
+      (!evidence.unit.path.empty() && candidate.source == EntrySource::unit);
+  const bool isLauncher = candidate.isDesktopPart && evidence.role == ProcessRole::program;
+  return {.pid = process.pid,
+          .parent = process.parent,
+          .processGroup = process.processGroup,
+          .session = process.session,
+          .startTime = process.startTime,
+          .residentSize = process.residentSize,
+          .young = process.isYoung(),
+          .program = evidence.name,
+          .executable = evidence.executable,
+          .unit = evidence.unit.path,
+          .unitIsApplication = unitIsApplication,
+          .claimed = candidate.entry != nullptr || candidate.window != nullptr,
+          .application = candidate.entry.get(),
+          .visible = candidate.window != nullptr || (candidate.entry && candidate.entry->visible),
+          .ownsWindow = candidate.window != nullptr,
+          .role = isLauncher ? ProcessRole::launcher : evidence.role};
+}
+
+LinuxApplications::Application LinuxApplications::makeApplication(
+    const std::vector<Candidate>& candidates, const ApplicationGroup& group) {
+  const Candidate& root = candidates[group.root];
+  const Candidate& leader = candidates[group.leader];
+  const DesktopEntry* entry = root.entry ? root.entry.get() : leader.entry.get();
+  Application application;
+  application.leader = leader.process;
+  addMembers(application, candidates, group);
+  const bool visible = (entry != nullptr && entry->visible) ||
+                       std::any_of(group.members.begin(), group.members.end(),
+                                   [&](std::size_t i) { return candidates[i].window != nullptr; });
+  RunningApplication& record = application.record;
+  record.processIdentifier = leader.process->pid;
+  record.activationPolicy = visible ? ActivationPolicy::regular : ActivationPolicy::accessory;
+  if (entry != nullptr) {
+    application.entryId = entry->id;
+    record.localizedName = textOrNone(entry->name);
+    if (!entry->icon.empty()) record.icon = ApplicationIcon{entry->icon};
+  }
+  // A sandbox or a time limit says nothing about what runs in it.
+  const bool nameless = root.process->evidence.role == ProcessRole::wrapper;
+  const ProcessEvidence& evidence = (nameless ? leader : root).process->evidence;
+  if (!record.localizedName) record.localizedName = textOrNone(evidence.unit.id);
+  if (!record.localizedName && leader.window != nullptr) {
+    record.localizedName = textOrNone(leader.window->className);
+  }
+  if (!record.localizedName) record.localizedName = textOrNone(evidence.name);
+  return application;
+}
+
+void LinuxApplications::addMembers(Application& application,
+                                   const std::vector<Candidate>& candidates,
+                                   const ApplicationGroup& group) {
+  for (const std::size_t i : group.members) {
+    Process& process = *candidates[i].process;
+    const auto parent = std::lower_bound(
+        group.members.begin(), group.members.end(), process.parent,
+        [&](std::size_t other, std::int32_t pid) { return candidates[other].process->pid < pid; });
+    const Process* above = parent == group.members.end() ? nullptr : candidates[*parent].process;
+    const bool isFork = above != nullptr && above->pid == process.parent &&
+                        process.startStack != 0 && above->startStack == process.startStack;
+    application.members.push_back({.process = &process, .forkedFrom = isFork ? above : nullptr});
+  }
+}
+
+/// A handle is kept as long as its process leads an application.
+void LinuxApplications::keepLeaders() {
+  std::map<std::int32_t, KnownLeader> leaders;
+  for (auto& application : applications_) {
+    const Process& leader = *application.leader;
+    KnownLeader kept{.serial = leader.serial, .handle = nullptr, .readings = {}};
+    const auto known = leaders_.find(leader.pid);
+    if (known != leaders_.end() && known->second.serial == leader.serial) kept = known->second;
+    if (!kept.handle) {
+      auto opened = LinuxProcessHandle::open(leader.pid);
+      // The process is there after its pid was opened, so the pid can't have been another's.
+      if (table_.isStillThere(leader)) kept.handle = std::move(opened);
+    }
+    application.record.handle = kept.handle;
+    leaders.emplace(leader.pid, std::move(kept));
+  }
+  leaders_ = std::move(leaders);
+}
+
+void LinuxApplications::tellNamesakesApart() {
+  std::map<std::string_view, std::vector<Application*>> byName;
+  for (auto& application : applications_) {
+    if (application.record.localizedName) {
+      byName[*application.record.localizedName].push_back(&application);
+    }
+  }
+  for (const auto& [name, namesakes] : byName) {
+    if (namesakes.size() < 2) continue;
+    const std::string& first = namesakes.front()->entryId;
+    const bool sameEntry = std::all_of(namesakes.begin(), namesakes.end(),
+                                       [&](const auto* each) { return each->entryId == first; });
+    for (Application* each : namesakes) {
+      each->record.distinction =
+          sameEntry || each->entryId.empty() ? each->leader->evidence.command : each->entryId;
+    }
+  }
+}
+
+void LinuxApplications::measure() {
+  memoryShifted_ = false;
+  for (auto& application : applications_) {
+    ReadingState& readings = leaders_.at(application.leader->pid).readings;
+    application.figure = currentFigure(application.members, readings);
+    if (application.members.size() < 2) continue;
+    const std::uint64_t before = application.groupedFigure;
+    const std::uint64_t now = application.figure;
+    if (before == 0) {
+      application.groupedFigure = now;
+    } else if (std::max(before, now) - std::min(before, now) > before / 4) {
+      memoryShifted_ = true;
+    }
+  }
+}
+
+void LinuxApplications::readSizes() {
+  if (sizes_.isReading()) return;
+  std::vector<ReadingCandidate> candidates;
+  candidates.reserve(applications_.size());
+  for (const auto& application : applications_) {
+    candidates.push_back({.members = application.members,
+                          .figure = application.figure,
+                          .state = &leaders_.at(application.leader->pid).readings});
+  }
+  const auto now = std::chrono::steady_clock::now();
+  sizes_.read(nextReadings(candidates, ReadingPace::of(isWatched_ && isWatched_()), now), now);
+}
+
+std::optional<TaskFigures> LinuxApplications::taskFigures(std::int32_t pid) {
+  const auto found = byLeader_.find(pid);
+  if (found == byLeader_.end()) return {};
+  const Application& application = applications_[found->second];
+  int threads = 0;
+  for (const auto& [process, forkedFrom] : application.members) threads += process->threads;
+  return TaskFigures{.virtualSize = application.leader->virtualSize,
+                     .residentSize = application.figure,
+                     .threadCount = threads};
+}
+
+std::optional<std::string> LinuxApplications::executablePath(std::int32_t pid) {
+  const auto found = byLeader_.find(pid);
+  if (found == byLeader_.end()) return table_.executablePath(pid);
+  const std::string& path = applications_[found->second].leader->evidence.executable;
+  return path.empty() ? std::nullopt : std::optional(path);
+}
+
+}  // namespace orvane

@@ -1,0 +1,23 @@
+#include "platform/linux/applications/linux_process_signals.h"
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace orvane {
+
+std::shared_ptr<const LinuxProcessHandle> LinuxProcessHandle::open(std::int32_t pid) {
+  // Closed on exec by definition.
+  FileDescriptor process(static_cast<int>(::syscall(SYS_pidfd_open, pid, 0)));
+  if (!process.isOpen()) return nullptr;
+  return std::make_shared<const LinuxProcessHandle>(std::move(process));
+}
+
+void LinuxProcessSignals::killProcess(std::int32_t /*pid*/, const ProcessHandle* handle) {
+  const auto* process = dynamic_cast<const LinuxProcessHandle*>(handle);
+  if (process == nullptr) return;
+  ::syscall(SYS_pidfd_send_signal, process->descriptor(), SIGKILL, nullptr, 0);
+}
+
+}  // namespace orvane

@@ -1,0 +1,80 @@
+#include "platform/linux/desktop/linux_desktop_opener.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QStringList>
+#include <QtCore/QUrl>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "platform/linux/bus/session_bus.h"
+
+namespace orvane {
+
+namespace {
+
+/// A file manager has to start for its first answer.
+constexpr int answerMilliseconds = 10'000;
+
+QDBusMessage showItemsCall(const std::string& path) {
+  QDBusMessage call = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.FileManager1"),
+      QStringLiteral("/org/freedesktop/FileManager1"),
+      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+  call << QStringList(QString::fromLatin1(fileAddress(path))) << QString();
+  return call;
+}
+
+}  // namespace
+
+QByteArray fileAddress(const std::string& path) {
+  return "file://" + QByteArray::fromStdString(path).toPercentEncoding("/");
+}
+
+LinuxDesktopOpener::LinuxDesktopOpener(SessionBus& bus)
+    : bus_(bus), inherited_(InheritedLimits::current()) {}
+
+void LinuxDesktopOpener::openUrl(const std::string& url) {
+  const QUrl parsed(QString::fromStdString(url), QUrl::StrictMode);
+  // Without a scheme it could be read as an option of the command.
+  if (!parsed.isValid() || parsed.scheme().isEmpty()) return;
+  launchOpener(QByteArray::fromStdString(url));
+}
+
+void LinuxDesktopOpener::revealFile(const std::string& path) {
+  std::error_code error;
+  if (!path.starts_with('/')) return;
+  if (!bus_.isConnected() || !std::filesystem::exists(path, error)) return openFolderOf(path);
+  const auto call = bus_.connection().asyncCall(showItemsCall(path), answerMilliseconds);
+  auto* watcher = std::make_unique<QDBusPendingCallWatcher>(call, &answers_).release();
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &answers_, [this, path, watcher] {
+    watcher->deleteLater();
+    if (watcher->isError()) openFolderOf(path);
+  });
+}
+
+void LinuxDesktopOpener::openFolderOf(const std::string& path) const {
+  const std::string folder = std::filesystem::path(path).parent_path();
+  std::error_code error;
+  if (std::filesystem::is_directory(folder, error)) launchOpener(fileAddress(folder));
+}
+
+// QDesktopServices would do the same, and in a sandbox wait for the bus before.
+void LinuxDesktopOpener::launchOpener(const QByteArray& address) const {
+  const QString xdgOpen = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+  const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+  if (!xdgOpen.isEmpty()) {
+    launchDetached({QFile::encodeName(xdgOpen).toStdString(), address.toStdString()}, inherited_);
+  } else if (!gio.isEmpty()) {
+    launchDetached({QFile::encodeName(gio).toStdString(), "open", address.toStdString()},
+                   inherited_);
+  }
+}
+
+}  // namespace orvane

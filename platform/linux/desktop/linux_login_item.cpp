@@ -1,0 +1,89 @@
+#include "platform/linux/desktop/linux_login_item.h"
+
+#include <unistd.h>
+
+#include <QtCore/QStandardPaths>
+#include <cerrno>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "platform/linux/files/atomic_file.h"
+
+namespace orvane {
+namespace {
+
+/// `argument` as one quoted argument of an Exec line.
+std::string quotedArgument(const std::string& argument) {
+  std::string quoted = "\"";
+  for (const char character : argument) {
+    if (std::string_view("\"`$\\").find(character) != std::string_view::npos) quoted += '\\';
+    if (character == '%') quoted += '%';
+    quoted += character;
+  }
+  return quoted + '"';
+}
+
+/// `value` as the value of a key: the file format has escapes of its own.
+std::string escapedValue(const std::string& value) {
+  std::string escaped;
+  for (const char character : value) {
+    switch (character) {
+      case '\\':
+        escaped += "\\\\";
+        break;
+      case '\n':
+        escaped += "\\n";
+        break;
+      case '\r':
+        escaped += "\\r";
+        break;
+      case '\t':
+        escaped += "\\t";
+        break;
+      default:
+        escaped += character;
+    }
+  }
+  return escaped;
+}
+
+std::string entryPath(const std::string& directory) {
+  return directory + "/orvane.desktop";
+}
+
+}  // namespace
+
+std::string autostartEntry(const std::string& program) {
+  return "[Desktop Entry]\n"
+         "Type=Application\n"
+         "Name=Orvane\n"
+         "Comment=Memory usage in the panel\n"
+         "Icon=orvane\n"
+         "Terminal=false\n"
+         "Exec=" +
+         escapedValue(quotedArgument(program)) + "\n";
+}
+
+LinuxLoginItem::LinuxLoginItem(std::string program, std::string directory)
+    : program_(std::move(program)), directory_(std::move(directory)) {}
+
+std::string LinuxLoginItem::defaultDirectory() {
+  return (QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+          QStringLiteral("/autostart"))
+      .toStdString();
+}
+
+LoginItem::Error LinuxLoginItem::registerItem() {
+  std::error_code error;
+  std::filesystem::create_directories(directory_, error);
+  if (error) return error.message();
+  return writeFileAtomically(entryPath(directory_), autostartEntry(program_));
+}
+
+LoginItem::Error LinuxLoginItem::unregisterItem() {
+  if (::unlink(entryPath(directory_).c_str()) == 0) return std::nullopt;
+  return std::generic_category().message(errno);
+}
+
+}  // namespace orvane

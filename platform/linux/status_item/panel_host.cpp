@@ -1,0 +1,21 @@
+#include "platform/linux/status_item/panel_host.h"
+
+#include <algorithm>
+#include <array>
+
+namespace orvane {
+
+bool panelDrawsLabels(std::string_view processName) {
+  // The kernel cuts names after 15 bytes; so do these.
+  static constexpr std::array<std::string_view, 6> hosts = {
+      "mate-panel",       // its notification area
+      "notification-ar",  // the same area in a process of its own
+      "gnome-shell",      // with its status item extension
+      "ayatana-indicat",  // the indicator service of several desktops
+      "indicator-appli",  // its predecessor
+      "unity-panel-ser",
+  };
+  return std::find(hosts.begin(), hosts.end(), processName) != hosts.end();
+}
+
+}  // namespace orvane

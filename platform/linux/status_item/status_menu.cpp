@@ -1,0 +1,116 @@
+#include "platform/linux/status_item/status_menu.h"
+
+#include <utility>
+
+namespace orvane {
+namespace {
+
+bool isChecked(const StatusMenuEntry& entry) {
+  return entry.isChecked && entry.isChecked();
+}
+
+QVariantMap only(const QVariantMap& all, const QStringList& names) {
+  if (names.isEmpty()) return all;
+  QVariantMap chosen;
+  for (const QString& name : names) {
+    if (const auto found = all.find(name); found != all.end()) chosen.insert(name, *found);
+  }
+  return chosen;
+}
+
+/// What a property is when an entry doesn't give it.
+QVariant defaultOf(const QString& name) {
+  static const QVariantMap defaults = {
+      {QStringLiteral("type"), QStringLiteral("standard")},
+      {QStringLiteral("label"), QString()},
+      {QStringLiteral("enabled"), true},
+      {QStringLiteral("visible"), true},
+      {QStringLiteral("icon-name"), QString()},
+      {QStringLiteral("toggle-type"), QString()},
+      {QStringLiteral("toggle-state"), -1},
+      {QStringLiteral("children-display"), QString()},
+  };
+  return defaults.value(name);
+}
+
+}  // namespace
+
+QString menuLabel(const std::string& text) {
+  return QString::fromStdString(text).replace(QLatin1Char('_'), QStringLiteral("__"));
+}
+
+void StatusMenu::setEntries(std::vector<StatusMenuEntry> entries) {
+  items_.clear();
+  for (StatusMenuEntry& entry : entries) {
+    const bool checked = isChecked(entry);
+    items_.push_back({.entry = std::move(entry), .checked = checked});
+  }
+}
+
+QList<int> StatusMenu::refreshChecks() {
+  QList<int> changed;
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    const bool checked = isChecked(items_[i].entry);
+    if (std::exchange(items_[i].checked, checked) != checked)
+      changed.append(static_cast<int>(i) + 1);
+  }
+  return changed;
+}
+
+const StatusMenu::Item* StatusMenu::find(int id) const {
+  const bool known = id > rootId && static_cast<std::size_t>(id) <= items_.size();
+  return known ? &items_[static_cast<std::size_t>(id - 1)] : nullptr;
+}
+
+QVariantMap StatusMenu::describe(const Item& item) {
+  if (item.entry.kind == StatusMenuEntry::Kind::divider)
+    return {{QStringLiteral("type"), QStringLiteral("separator")}};
+  QVariantMap properties = {{QStringLiteral("label"), menuLabel(item.entry.label)}};
+  if (item.entry.kind == StatusMenuEntry::Kind::toggle) {
+    properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
+    properties.insert(QStringLiteral("toggle-state"), item.checked ? 1 : 0);
+  }
+  return properties;
+}
+
+std::optional<QVariantMap> StatusMenu::properties(int id, const QStringList& names) const {
+  if (id == rootId) {
+    return only({{QStringLiteral("children-display"), QStringLiteral("submenu")}}, names);
+  }
+  const Item* item = find(id);
+  if (item == nullptr) return std::nullopt;
+  return only(describe(*item), names);
+}
+
+QVariant StatusMenu::property(int id, const QString& name) const {
+  const auto own = properties(id, {});
+  return own ? own->value(name, defaultOf(name)) : QVariant();
+}
+
+std::optional<MenuLayoutItem> StatusMenu::layout(int id, int depth,
+                                                 const QStringList& names) const {
+  const auto own = properties(id, names);
+  if (!own) return std::nullopt;
+  MenuLayoutItem item{.id = id, .properties = *own, .children = {}};
+  if (id != rootId || depth == 0) return item;
+  for (int child = 1; child <= static_cast<int>(items_.size()); ++child)
+    item.children.append({.id = child, .properties = *properties(child, names), .children = {}});
+  return item;
+}
+
+QList<int> StatusMenu::ids() const {
+  QList<int> all;
+  for (int id = rootId; id <= static_cast<int>(items_.size()); ++id) all.append(id);
+  return all;
+}
+
+bool StatusMenu::activate(int id) const {
+  const Item* item = find(id);
+  if (item == nullptr || !item->entry.activate) return false;
+  // A copy: the action may replace the menu.
+  const auto action = item->entry.activate;
+  action();
+  return true;
+}
+
+}  // namespace orvane

@@ -1,0 +1,80 @@
+#include "platform/linux/status_item/status_notifier_adaptor.h"
+
+#include <utility>
+
+namespace orvane {
+
+StatusNotifierAdaptor::StatusNotifierAdaptor(BusExport* exported, const QString& menuPath)
+    : QDBusAbstractAdaptor(exported), menu_(menuPath) {
+  registerStatusNotifierTypes();
+}
+
+QString StatusNotifierAdaptor::category() {
+  return QStringLiteral("SystemServices");
+}
+
+QString StatusNotifierAdaptor::id() {
+  return QStringLiteral("orvane");
+}
+
+QString StatusNotifierAdaptor::title() const {
+  return QStringLiteral("Orvane") + label_;
+}
+
+QString StatusNotifierAdaptor::status() {
+  return QStringLiteral("Active");
+}
+
+/// The widest label, so that the panel's other items stay where they are when it changes.
+QString StatusNotifierAdaptor::labelGuide() {
+  return QStringLiteral(" 100%");
+}
+
+void StatusNotifierAdaptor::setLabel(const QString& label) {
+  if (label == label_) return;
+  label_ = label;
+  Q_EMIT XAyatanaNewLabel(label_, labelGuide());
+  Q_EMIT NewTitle();
+}
+
+void StatusNotifierAdaptor::setIcon(const std::vector<orvane::IconPixmap>& icon) {
+  StatusNotifierPixmaps pixmaps = busPixmaps(icon);
+  if (pixmaps == icon_) return;
+  icon_ = std::move(pixmaps);
+  Q_EMIT NewIcon();
+}
+
+void StatusNotifierAdaptor::setToolTip(const QString& title, const QString& text) {
+  StatusNotifierToolTip toolTip{.iconName = {}, .icon = {}, .title = title, .text = text};
+  if (toolTip == toolTip_) return;
+  toolTip_ = std::move(toolTip);
+  Q_EMIT NewToolTip();
+}
+
+void StatusNotifierAdaptor::setAction(std::function<void(ScreenPoint)> action) {
+  action_ = std::move(action);
+}
+
+void StatusNotifierAdaptor::Activate(int x, int y) {
+  if (action_) action_({.x = x, .y = y});
+}
+
+// Panels report a middle click here. The item has one action, so any click on it means that.
+void StatusNotifierAdaptor::SecondaryActivate(int x, int y) {
+  Activate(x, y);
+}
+
+// Panels that can show the exported menu do so themselves; for the rest a right click still opens
+// something.
+void StatusNotifierAdaptor::ContextMenu(int x, int y) {
+  Activate(x, y);
+}
+
+void StatusNotifierAdaptor::Scroll(int /*delta*/, const QString& /*orientation*/) {}
+
+void StatusNotifierAdaptor::ProvideXdgActivationToken(const QString& token) {
+  // Where the toolkit looks for the right to take the focus, when the next window is shown.
+  qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+}  // namespace orvane

@@ -1,0 +1,120 @@
+#include "platform/linux/status_item/status_notifier_registration.h"
+
+#include <QtDBus/QDBusPendingCall>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+#include <fstream>
+#include <string>
+
+#include "platform/linux/status_item/panel_host.h"
+
+namespace orvane {
+namespace {
+
+constexpr int retryMilliseconds = 1000;
+constexpr int retryCount = 5;
+
+QString watcherName() {
+  return QStringLiteral("org.kde.StatusNotifierWatcher");
+}
+
+QString busName() {
+  return QStringLiteral("org.freedesktop.DBus");
+}
+
+QDBusMessage busCall(const QString& method, const QString& argument) {
+  auto message = QDBusMessage::createMethodCall(busName(), QStringLiteral("/org/freedesktop/DBus"),
+                                                busName(), method);
+  message.setArguments({argument});
+  return message;
+}
+
+std::string processName(uint pid) {
+  std::ifstream file("/proc/" + std::to_string(pid) + "/comm");
+  std::string name;
+  std::getline(file, name);
+  return name;
+}
+
+}  // namespace
+
+StatusNotifierRegistration::StatusNotifierRegistration(SessionBus& bus) : bus_(bus) {
+  retry_.setSingleShot(true);
+  retry_.setInterval(retryMilliseconds);
+  connect(&retry_, &QTimer::timeout, this, &StatusNotifierRegistration::registerItem);
+}
+
+void StatusNotifierRegistration::start() {
+  connect(&bus_, &SessionBus::connected, this, &StatusNotifierRegistration::attach);
+  connect(&bus_, &SessionBus::disconnected, this, [this] { setOwner(QString()); });
+  if (bus_.isConnected()) attach();
+}
+
+template <typename Handler>
+void StatusNotifierRegistration::call(const QDBusMessage& message, Handler handler) {
+  auto* watcher = new QDBusPendingCallWatcher(bus_.connection().asyncCall(message), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this,
+          [this, watcher, handler, generation = generation_] {
+            watcher->deleteLater();
+            if (generation == generation_) handler(*watcher);
+          });
+}
+
+void StatusNotifierRegistration::attach() {
+  bus_.connection().connect(QString(), QStringLiteral("/org/freedesktop/DBus"), busName(),
+                            QStringLiteral("NameOwnerChanged"), {watcherName()},
+                            QStringLiteral("sss"), this,
+                            SLOT(ownerChanged(QString, QString, QString)));
+  call(busCall(QStringLiteral("GetNameOwner"), watcherName()),
+       [this](const QDBusPendingReply<QString>& reply) {
+         if (!reply.isError() && reply.value() != owner_) setOwner(reply.value());
+       });
+}
+
+void StatusNotifierRegistration::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
+                                              const QString& newOwner) {
+  setOwner(newOwner);
+}
+
+void StatusNotifierRegistration::setOwner(const QString& owner) {
+  ++generation_;
+  retry_.stop();
+  retriesLeft_ = retryCount;
+  owner_ = owner;
+  if (!owner_.isEmpty()) identify();
+}
+
+// Which panel it is must be known before the item is registered: the panel asks for the icon at
+// once, and which one it needs depends on whether it draws the label.
+void StatusNotifierRegistration::identify() {
+  call(busCall(QStringLiteral("GetConnectionUnixProcessID"), owner_),
+       [this](const QDBusPendingReply<uint>& reply) {
+         setDrawsLabel(!reply.isError() && panelDrawsLabels(processName(reply.value())));
+         registerItem();
+       });
+}
+
+void StatusNotifierRegistration::setDrawsLabel(bool drawsLabel) {
+  if (drawsLabel == drawsLabel_) return;
+  drawsLabel_ = drawsLabel;
+  Q_EMIT hostChanged();
+}
+
+void StatusNotifierRegistration::registerItem() {
+  auto message =
+      QDBusMessage::createMethodCall(owner_, QStringLiteral("/StatusNotifierWatcher"),
+                                     watcherName(), QStringLiteral("RegisterStatusNotifierItem"));
+  message.setArguments({bus_.connection().baseService()});
+  call(message, [this](const QDBusPendingReply<>& reply) {
+    if (reply.isError()) scheduleRetry();
+  });
+}
+
+// A panel may own the name a moment before it can answer.
+void StatusNotifierRegistration::scheduleRetry() {
+  if (retriesLeft_ == 0) return;
+  --retriesLeft_;
+  retry_.start();
+}
+
+}  // namespace orvane

@@ -1,0 +1,32 @@
+#include "platform/linux/x11/x11_window_hints.h"
+
+#include <QtGui/QWindow>
+#include <array>
+
+#include "platform/linux/x11/x11_connection.h"
+
+namespace orvane {
+
+void skipTaskbar(QWindow& window) {
+  xcb_connection_t* connection = x11Connection();
+  if (connection == nullptr) return;
+  const auto atoms = internAtoms(
+      connection, {"_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
+  const xcb_atom_t state = atoms[0];
+  const std::array<xcb_atom_t, 2> states = {atoms[1], atoms[2]};
+  if (state == 0 || states[0] == 0 || states[1] == 0) return;
+  xcb_change_property(connection, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window.winId()),
+                      state, XCB_ATOM_ATOM, 32, states.size(), states.data());
+}
+
+bool blendsTranslucentWindows() {
+  xcb_connection_t* connection = x11Connection();
+  if (connection == nullptr) return true;
+  // The compositor of the first screen; more than one such screen on a display is history.
+  const xcb_atom_t selection = internAtoms(connection, {"_NET_WM_CM_S0"}).front();
+  const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+      connection, xcb_get_selection_owner(connection, selection), nullptr));
+  return reply && reply->owner != XCB_NONE;
+}
+
+}  // namespace orvane
