@@ -32,6 +32,8 @@ class ProcessTableTest : public testing::Test {
   void write(int pid, const Figures& figures) const {
     const fs::path folder = root_ / std::to_string(pid);
     fs::create_directories(folder);
+    std::error_code there;
+    fs::create_symlink("/usr/bin/prog", folder / "exe", there);
     std::ofstream(folder / "stat")
         << pid << " (" << figures.command << ") " << figures.state << ' ' << figures.parent
         << " 1 1 0 -1 " << figures.flags << " 0 0 0 0 0 0 0 0 20 0 " << figures.threads << " 0 "
@@ -68,6 +70,8 @@ TEST_F(ProcessTableTest, KeepsTheUsersLivingProcessesOnly) {
   write(40, {});
   write(41, {.state = 'Z'});
   write(42, {.virtualSize = 0});
+  write(44, {});
+  fs::remove(root_ / "44/exe");
   fs::create_directories(root_ / "43");  // gone between the listing and the reading
   fs::create_directories(root_ / "self");
   std::ofstream(root_ / "meminfo") << "MemTotal: 1 kB\n";

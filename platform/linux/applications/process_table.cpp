@@ -21,8 +21,6 @@ constexpr std::size_t descriptorsPerProcess = 2;
 constexpr unsigned youngUpdates = 3;
 /// How often a process is read completely.
 constexpr unsigned statePeriod = 4;
-/// How often a rejected process is looked at again: it may have become the user's since.
-constexpr unsigned rejectionPeriod = 16;
 constexpr std::string_view deletedMark = " (deleted)";
 
 /// "PID" or "PID/FILE" relative to the directory of all processes.
@@ -74,11 +72,8 @@ void ProcessTable::update() {
   removed_.clear();
   ++updates_;
   if (!scan()) listing_.clear();
-  std::swap(rejected_, rejectedBefore_);
-  rejected_.clear();
   auto next = processes_.begin();
-  std::size_t nextRejected = 0;
-  for (const ListedProcess& listed : listing_) visit(listed, next, nextRejected);
+  for (const ListedProcess& listed : listing_) visit(listed, next);
   while (next != processes_.end()) remove(next);
   if (!removed_.empty()) refreshOrphans();
 }
@@ -119,8 +114,14 @@ bool ProcessTable::isOwn(std::int32_t pid) const {
          status.st_uid == options_.user;
 }
 
-void ProcessTable::visit(const ListedProcess& listed, Processes::iterator& next,
-                         std::size_t& nextRejected) {
+/// Kernel threads and exited processes have none; telling so costs a tenth of reading their state.
+bool ProcessTable::hasProgram(std::int32_t pid) const {
+  std::array<char, 1> start{};
+  return ::readlinkat(directory(), ProcessPath(pid, "exe").text(), start.data(), start.size()) >= 0 ||
+         errno != ENOENT;
+}
+
+void ProcessTable::visit(const ListedProcess& listed, Processes::iterator& next) {
   while (next != processes_.end() && next->first < listed.pid) remove(next);
   if (next != processes_.end() && next->first == listed.pid) {
     if (next->second.inode_ == listed.inode && refresh(next->second)) {
@@ -129,27 +130,11 @@ void ProcessTable::visit(const ListedProcess& listed, Processes::iterator& next,
     }
     remove(next);
   }
-  while (nextRejected < rejectedBefore_.size() && rejectedBefore_[nextRejected].pid < listed.pid) {
-    ++nextRejected;
-  }
-  ListedProcess candidate = listed;
-  if (nextRejected < rejectedBefore_.size() && rejectedBefore_[nextRejected].pid == listed.pid &&
-      rejectedBefore_[nextRejected].inode == listed.inode) {
-    candidate.updates = rejectedBefore_[nextRejected].updates;
-  }
-  admitOrReject(candidate, next);
+  admit(listed, next);
 }
 
-void ProcessTable::admitOrReject(ListedProcess listed, Processes::iterator next) {
-  const unsigned turn = listed.updates + static_cast<unsigned>(listed.pid);
-  const bool due = listed.updates < youngUpdates || turn % rejectionPeriod == 0;
-  if (due && admit(listed, next)) return;
-  ++listed.updates;
-  rejected_.push_back(listed);
-}
-
-bool ProcessTable::admit(const ListedProcess& listed, Processes::iterator next) {
-  if (!isOwn(listed.pid)) return false;
+void ProcessTable::admit(const ListedProcess& listed, Processes::iterator next) {
+  if (!isOwn(listed.pid) || !hasProgram(listed.pid)) return;
   Process process;
   process.pid = listed.pid;
   process.inode_ = listed.inode;
@@ -160,14 +145,13 @@ bool ProcessTable::admit(const ListedProcess& listed, Processes::iterator next) 
   if (candidate) store(process, *stat);
   if (!candidate || !refreshMemory(process)) {
     if (process.stat_.isOpen()) held_ -= descriptorsPerProcess;
-    return false;
+    return;
   }
   process.needsEvidence = true;
   process.serial = ++lastSerial_;
   process.updates_ = 1;
   processes_.emplace_hint(next, listed.pid, std::move(process));
   structureChanged_ = true;
-  return true;
 }
 
 /// False when the process is gone, has exited or isn't the user's any more.

@@ -106,7 +106,6 @@ class ProcessTable {
   struct ListedProcess {
     std::int32_t pid = 0;
     ino_t inode = 0;
-    unsigned updates = 0;  ///< how often it was seen; used for those that aren't in the table
   };
   using Processes = std::map<std::int32_t, Process>;
   struct CloseDirectory {
@@ -116,9 +115,9 @@ class ProcessTable {
   [[nodiscard]] bool scan();
   [[nodiscard]] int directory() const;
   [[nodiscard]] bool isOwn(std::int32_t pid) const;
-  void visit(const ListedProcess& listed, Processes::iterator& next, std::size_t& nextRejected);
-  void admitOrReject(ListedProcess listed, Processes::iterator next);
-  [[nodiscard]] bool admit(const ListedProcess& listed, Processes::iterator next);
+  [[nodiscard]] bool hasProgram(std::int32_t pid) const;
+  void visit(const ListedProcess& listed, Processes::iterator& next);
+  void admit(const ListedProcess& listed, Processes::iterator next);
   [[nodiscard]] bool refresh(Process& process);
   [[nodiscard]] bool refreshState(Process& process);
   [[nodiscard]] bool refreshMemory(Process& process) const;
@@ -136,8 +135,6 @@ class ProcessTable {
   std::unique_ptr<DIR, CloseDirectory> directory_;
   Processes processes_;
   std::vector<ListedProcess> listing_;
-  std::vector<ListedProcess> rejected_;
-  std::vector<ListedProcess> rejectedBefore_;
   std::vector<std::int32_t> removed_;
   unsigned updates_ = 0;
   std::size_t held_ = 0;
