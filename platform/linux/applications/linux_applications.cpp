@@ -219,8 +219,9 @@ void LinuxApplications::tellNamesakesApart() {
     const bool sameEntry = std::all_of(namesakes.begin(), namesakes.end(),
                                        [&](const auto* each) { return each->entryId == first; });
     for (Application* each : namesakes) {
-      each->record.distinction =
+      const std::string& text =
           sameEntry || each->entryId.empty() ? each->leader->evidence.command : each->entryId;
+      each->record.distinction = singleLineText(text);
     }
   }
 }
