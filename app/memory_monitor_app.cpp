@@ -11,7 +11,6 @@
 #include "app/product_settings.h"
 #include "app/status_icon.h"
 #include "platform/linux/applications/linux_applications.h"
-#include "platform/linux/applications/linux_process_signals.h"
 #include "platform/linux/bus/session_bus.h"
 #include "platform/linux/desktop/linux_appearance.h"
 #include "platform/linux/desktop/linux_desktop_opener.h"
@@ -93,7 +92,6 @@ struct MemoryMonitorApp::Services {
   LinuxApplications applications{
       LinuxApplications::desktopOptions(descriptors.current(), isWatched), mainQueue,
       backgroundQueue};
-  LinuxProcessSignals signals;
   InProcessNotificationCentre notificationCentre{mainQueue};
   LinuxNotificationService notifications{bus, isFrontmost};
   LinuxAppearance appearance{bus};
@@ -119,8 +117,6 @@ AppServices MemoryMonitorApp::Services::forDelegate() {
   return {.model = {.counters = counters,
                     .claims = claims,
                     .applications = applications,
-                    .tasks = applications,
-                    .signals = signals,
                     .notifications = notifications,
                     .notificationCentre = notificationCentre,
                     .preferences = preferences,

@@ -119,8 +119,6 @@ struct Model {
     return {.counters = counters,
             .claims = fake.claims,
             .applications = applications,
-            .tasks = applications,
-            .signals = fake.signals,
             .notifications = fake.notifications,
             .notificationCentre = fake.notificationCentre,
             .preferences = fake.preferences,

@@ -18,7 +18,7 @@ ProcessSortMode storedSortMode(const Preferences& preferences) {
 
 MemoryManager::MemoryManager(const MemoryManagerServices& services)
     : services_(services),
-      collection_(services.applications, services.tasks, services.random, services.clock),
+      collection_(services.applications, services.random, services.clock),
       processSortMode_(*this, storedSortMode(services.preferences)) {}
 
 void MemoryManager::startMonitoring() {
@@ -74,7 +74,7 @@ void MemoryManager::updateTopProcesses() {
 }
 
 void MemoryManager::killProcess(const ProcessInfo& process) {
-  services_.signals.killProcess(process.pid, process.handle.get());
+  if (process.handle) process.handle->kill();
   selectedProcess_.set(std::nullopt);
   services_.mainQueue.after(terminationRefreshDelay,
                             [self = shared_from_this()] { self->updateTopProcesses(); });

@@ -19,11 +19,9 @@
 #include "platform/notification_centre.h"
 #include "platform/notification_service.h"
 #include "platform/preferences.h"
-#include "platform/process_signals.h"
 #include "platform/random_source.h"
 #include "platform/running_applications.h"
 #include "platform/standard_output.h"
-#include "platform/task_inspector.h"
 
 namespace orvane {
 
@@ -36,8 +34,6 @@ struct MemoryManagerServices {
   MemoryCounters& counters;
   MemoryClaims& claims;
   RunningApplications& applications;
-  TaskInspector& tasks;
-  ProcessSignals& signals;
   NotificationService& notifications;
   NotificationCentre& notificationCentre;
   Preferences& preferences;

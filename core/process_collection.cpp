@@ -24,9 +24,9 @@ std::uint64_t uniformNumber(RandomSource& random, std::uint64_t low, std::uint64
   return low + number % count;
 }
 
-ProcessCollection::ProcessCollection(RunningApplications& applications, TaskInspector& tasks,
-                                     RandomSource& random, const Clock& clock)
-    : applications_(applications), tasks_(tasks), random_(random), clock_(clock) {}
+ProcessCollection::ProcessCollection(RunningApplications& applications, RandomSource& random,
+                                     const Clock& clock)
+    : applications_(applications), random_(random), clock_(clock) {}
 
 std::vector<ProcessInfo> ProcessCollection::collect(Published<ProcessMemoryHistories>& histories) {
   std::vector<ProcessInfo> records;
@@ -40,8 +40,7 @@ std::vector<ProcessInfo> ProcessCollection::collect(Published<ProcessMemoryHisto
 }
 
 ProcessInfo ProcessCollection::makeRecord(const RunningApplication& application) {
-  const std::int32_t pid = application.processIdentifier;
-  const TaskFigures figures = tasks_.taskFigures(pid).value_or(TaskFigures{});
+  const TaskFigures& figures = application.figures;
   std::uint64_t resident = figures.residentSize.value_or(0);
   std::uint64_t virtualSize = figures.virtualSize.value_or(0);
   if (resident == 0) {
@@ -52,10 +51,10 @@ ProcessInfo ProcessCollection::makeRecord(const RunningApplication& application)
   }
   return {.name = application.localizedName.value_or("Unknown"),
           .memoryUsage = resident,
-          .pid = pid,
+          .pid = application.processIdentifier,
           .icon = application.icon,
           .threadCount = figures.threadCount.value_or(0),
-          .processPath = decodeUtf8(tasks_.executablePath(pid).value_or("")),
+          .processPath = decodeUtf8(application.executablePath),
           .privateMemory = resident,
           .virtualMemory = virtualSize,
           .distinction = application.distinction,

@@ -10,7 +10,6 @@
 #include "platform/dispatch.h"
 #include "platform/random_source.h"
 #include "platform/running_applications.h"
-#include "platform/task_inspector.h"
 
 namespace orvane {
 
@@ -26,8 +25,7 @@ inline constexpr Duration processHistoryRetention{300.0};
 /// Threads: main thread only. The services must outlive it.
 class ProcessCollection {
  public:
-  ProcessCollection(RunningApplications& applications, TaskInspector& tasks, RandomSource& random,
-                    const Clock& clock);
+  ProcessCollection(RunningApplications& applications, RandomSource& random, const Clock& clock);
 
   /// A record of every application above the inclusion threshold, in the desktop's order; each
   /// gets a point in its history, which is made (one change of `histories`) when it is new.
@@ -41,7 +39,6 @@ class ProcessCollection {
   void addHistoryPoint(const ProcessInfo& process, Published<ProcessMemoryHistories>& histories);
 
   RunningApplications& applications_;
-  TaskInspector& tasks_;
   RandomSource& random_;
   const Clock& clock_;
 };

@@ -22,11 +22,21 @@ struct ApplicationIcon {
   bool operator==(const ApplicationIcon&) const = default;
 };
 
-/// Identity of one running process that outlives the reuse of its process id. Opaque: only the
-/// platform layer that made it can look inside.
+/// One running process, whoever gets its process id next.
+/// Threads: main thread only.
 class ProcessHandle {
  public:
   virtual ~ProcessHandle() = default;
+
+  /// Ends the process at once (SIGKILL). Silent when it is gone already.
+  virtual void kill() const = 0;
+};
+
+/// Figures of one application; none where the kernel gives none.
+struct TaskFigures {
+  std::optional<std::uint64_t> virtualSize = {};   ///< bytes
+  std::optional<std::uint64_t> residentSize = {};  ///< bytes
+  std::optional<int> threadCount = {};
 };
 
 /// One running application, represented by its leading process.
@@ -38,6 +48,8 @@ struct RunningApplication {
   /// What tells it apart from others of the same name: its entry's id or its command. Empty when
   /// there are none.
   std::string distinction = {};
+  TaskFigures figures = {};
+  std::string executablePath = {};  ///< the kernel's bytes, in any encoding; empty when unknown
   std::shared_ptr<const ProcessHandle> handle =
       {};  ///< may be null when the process is already gone
 };

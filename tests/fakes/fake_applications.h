@@ -1,31 +1,31 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/running_applications.h"
-#include "platform/task_inspector.h"
 
 namespace orvane::fakes {
 
 /// The applications and figures a test sets. An application without figures can't be inspected.
-class FakeApplications : public RunningApplications, public TaskInspector {
+class FakeApplications : public RunningApplications {
  public:
   std::vector<RunningApplication> runningApplications() override {
     ++collectionCount;
-    return applications;
-  }
-  std::optional<TaskFigures> taskFigures(std::int32_t pid) override {
-    const auto found = figures.find(pid);
-    return found == figures.end() ? std::nullopt : std::optional(found->second);
-  }
-  std::optional<std::string> executablePath(std::int32_t pid) override {
-    const auto found = paths.find(pid);
-    return found == paths.end() ? std::nullopt : std::optional(found->second);
+    std::vector<RunningApplication> result = applications;
+    for (auto& application : result) {
+      const std::int32_t pid = application.processIdentifier;
+      if (figures.contains(pid)) application.figures = figures.at(pid);
+      if (paths.contains(pid)) application.executablePath = paths.at(pid);
+      application.handle = std::make_shared<Handle>(*this, pid);
+    }
+    return result;
   }
 
   /// Adds a regular application with a readable task.
@@ -47,7 +47,24 @@ class FakeApplications : public RunningApplications, public TaskInspector {
   std::vector<RunningApplication> applications;
   std::map<std::int32_t, TaskFigures> figures;
   std::map<std::int32_t, std::string> paths;
+  std::vector<std::int32_t> killed;
+  std::function<void(std::int32_t)> onKill;  ///< may change the fake world
   int collectionCount = 0;
+
+ private:
+  class Handle : public ProcessHandle {
+   public:
+    Handle(FakeApplications& world, std::int32_t pid) : world_(world), pid_(pid) {}
+
+    void kill() const override {
+      world_.killed.push_back(pid_);
+      if (world_.onKill) world_.onKill(pid_);
+    }
+
+   private:
+    FakeApplications& world_;
+    std::int32_t pid_;
+  };
 };
 
 }  // namespace orvane::fakes

@@ -17,7 +17,6 @@ struct FakeServices {
   FakeMemoryCounters counters;
   FakeMemoryClaims claims;
   FakeApplications applications;
-  RecordingProcessSignals signals;
   RecordingNotificationService notifications;
   FakeNotificationCentre notificationCentre;
   FakePreferences preferences;
@@ -29,8 +28,6 @@ struct FakeServices {
     return {.counters = counters,
             .claims = claims,
             .applications = applications,
-            .tasks = applications,
-            .signals = signals,
             .notifications = notifications,
             .notificationCentre = notificationCentre,
             .preferences = preferences,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -8,7 +7,6 @@
 
 #include "platform/desktop_opener.h"
 #include "platform/notification_service.h"
-#include "platform/process_signals.h"
 #include "platform/standard_output.h"
 
 namespace orvane::fakes {
@@ -28,20 +26,6 @@ class RecordingDesktopOpener : public DesktopOpener {
   void revealFile(const std::string& /*path*/) override {}
 
   std::vector<std::string> urls;
-};
-
-/// Records every kill; `onKill` may change the fake world.
-class RecordingProcessSignals : public ProcessSignals {
- public:
-  void killProcess(std::int32_t pid, const ProcessHandle* handle) override {
-    killed.push_back(pid);
-    handles.push_back(handle);
-    if (onKill) onKill(pid);
-  }
-
-  std::vector<std::int32_t> killed;
-  std::vector<const ProcessHandle*> handles;
-  std::function<void(std::int32_t)> onKill;
 };
 
 /// Records every request and answers it at once, without an error.

@@ -140,7 +140,7 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
   ASSERT_NE(openWindow(), nullptr);
   view_->hide();
   EXPECT_TRUE(eventually([] { return openWindow() == nullptr; })) << "goes with its window";
-  EXPECT_TRUE(services_.signals.killed.empty());
+  EXPECT_TRUE(services_.applications.killed.empty());
   view_->show();
   settle();
   click(item("killSelection"));
@@ -150,7 +150,7 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
       QStringLiteral(
           "Are you sure you want to kill '\u2068Application 2\u2069'? Unsaved data will be lost."));
   click(item("kill", openWindow()));
-  EXPECT_EQ(services_.signals.killed, std::vector<std::int32_t>{2});
+  EXPECT_EQ(services_.applications.killed, std::vector<std::int32_t>{2});
   EXPECT_EQ(selectedPid(), 0);
 }
 
@@ -170,7 +170,7 @@ TEST_F(Processes, TheContextMenuAsksAboutItsOwnRow) {
   ASSERT_NE(openWindow(), nullptr);
   EXPECT_EQ(selectedPid(), 1);
   click(item("kill", openWindow()));
-  EXPECT_EQ(services_.signals.killed, std::vector<std::int32_t>{3});
+  EXPECT_EQ(services_.applications.killed, std::vector<std::int32_t>{3});
   pressKey(Qt::Key_Down);
   pressKey(Qt::Key_Menu);
   EXPECT_NE(openWindow(), nullptr);

@@ -8,7 +8,6 @@
 #include <string>
 
 #include "platform/linux/applications/linux_applications.h"
-#include "platform/linux/applications/linux_process_signals.h"
 #include "tests/fakes/virtual_time.h"
 #include "tests/unit/child_process.h"
 #include "tests/unit/test_files.h"
@@ -54,6 +53,12 @@ class LinuxApplicationsTest : public testing::Test {
     return {};
   }
 
+  /// As of a new list; none for an application that isn't in it.
+  std::optional<TaskFigures> figuresOf(pid_t pid) {
+    const auto application = ledBy(pid);
+    return application ? std::optional(application->figures) : std::nullopt;
+  }
+
   std::optional<RunningApplication> named(const std::string& name) {
     for (auto& application : applications_.runningApplications()) {
       if (application.localizedName == name) return application;
@@ -67,15 +72,13 @@ class LinuxApplicationsTest : public testing::Test {
     std::optional<RunningApplication> application;
     const bool came = eventually([&] {
       application = named(name);
-      return application &&
-             fs::path(applications_.executablePath(application->processIdentifier).value_or(""))
-                     .filename() == executable;
+      return application && fs::path(application->executablePath).filename() == executable;
     });
     return came ? application : std::nullopt;
   }
 
   void killLeader(const RunningApplication& application) {
-    LinuxProcessSignals().killProcess(application.processIdentifier, application.handle.get());
+    if (application.handle) application.handle->kill();
   }
 
   TestDirectory directory_;

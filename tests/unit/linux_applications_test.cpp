@@ -18,18 +18,16 @@ TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
   EXPECT_EQ(application->processIdentifier, child.pid());
   EXPECT_EQ(application->icon, ApplicationIcon{"editor"});
   EXPECT_EQ(application->activationPolicy, ActivationPolicy::regular);
-  EXPECT_EQ(applications_.executablePath(child.pid()), program);
-  const auto figures = applications_.taskFigures(child.pid());
+  EXPECT_EQ(application->executablePath, program);
+  const auto figures = figuresOf(child.pid());
   ASSERT_TRUE(figures);
   EXPECT_EQ(figures->threadCount, 1);
   EXPECT_GT(figures->residentSize, 0u);
   EXPECT_GT(figures->virtualSize, figures->residentSize);
   fs::remove(program);  // as an upgrade does
-  LinuxApplications later(
-      {.x11 = nullptr, .applicationDirectories = {}, .descriptorLimit = 0, .isWatched = {}}, time_,
-      time_);
-  EXPECT_FALSE(later.runningApplications().empty());
-  EXPECT_EQ(later.executablePath(child.pid()), program);
+  ProcessTable table({.user = ::getuid()});
+  table.update();
+  EXPECT_EQ(table.executablePath(child.pid()), program);
   killLeader(*application);
   EXPECT_TRUE(child.hasExited());
 }
@@ -42,7 +40,7 @@ TEST_F(LinuxApplicationsTest, NamesAreOneLineOfTextAndPathsTheBytesTheyAre) {
   launcher.wait();
   const auto unclaimed = awaitLeader("odd-\uFFFD tool", file);
   ASSERT_TRUE(unclaimed);
-  EXPECT_EQ(applications_.executablePath(unclaimed->processIdentifier), program);
+  EXPECT_EQ(unclaimed->executablePath, program);
   killLeader(*unclaimed);
   fs::remove(program);  // QTemporaryDir can't
   const auto claimed = addProgram("claimed");
@@ -76,7 +74,7 @@ TEST_F(LinuxApplicationsTest, TheProgramLeadsItsStartScript) {
   const auto application = awaitLeader("The wrapped", "real-program");
   ASSERT_TRUE(application);
   EXPECT_NE(application->processIdentifier, child.pid());
-  EXPECT_EQ(applications_.taskFigures(application->processIdentifier)->threadCount, 2);
+  EXPECT_EQ(figuresOf(application->processIdentifier)->threadCount, 2);
   killLeader(*application);
   EXPECT_TRUE(child.hasExited()) << "the script outlived its program";
 }
@@ -105,7 +103,7 @@ TEST_F(LinuxApplicationsTest, ATreeIsOneApplicationThatEndsWithItsLeader) {
                             "time.sleep(600)\n"});
   ASSERT_TRUE(eventually([&] {
     const auto application = named("The multi");
-    const auto figures = applications_.taskFigures(child.pid());
+    const auto figures = figuresOf(child.pid());
     return application && application->processIdentifier == child.pid() && figures &&
            figures->threadCount == 4;
   }));
@@ -144,9 +142,7 @@ TEST_F(LinuxApplicationsTest, DeadProcessesAreNoApplications) {
   EXPECT_FALSE(ledBy(child.pid())) << "a zombie";
   child.wait();
   EXPECT_FALSE(ledBy(child.pid()));
-  EXPECT_FALSE(applications_.executablePath(child.pid()));
   killLeader(*application);  // silent
-  LinuxProcessSignals().killProcess(::getpid(), nullptr);
 }
 
 TEST_F(LinuxApplicationsTest, AHandleNeverHitsTheNextProcessWithItsPid) {
@@ -211,7 +207,7 @@ TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
     }
     ASSERT_TRUE(eventually([&] {
       const auto application = named("The org.example.My-App");
-      const auto figures = applications_.taskFigures(parent.pid());
+      const auto figures = figuresOf(parent.pid());
       return application && application->processIdentifier == parent.pid() && figures &&
              figures->threadCount == 2;
     }));

@@ -155,28 +155,23 @@ TEST_F(Alert, NamesTheFirstApplicationOfTheListBuiltBefore) {
                                       "Memory usage is 90.0%. Editor is using 1536 MB"}));
 }
 
-struct Handle : ProcessHandle {};
-
 class Termination : public Manager {
  protected:
   void SetUp() override {
     fakes_.applications.add(7, "Editor", 50 << 20);
-    fakes_.applications.applications[0].handle = handle_;
-    fakes_.signals.onKill = [this](std::int32_t pid) { fakes_.applications.remove(pid); };
+    fakes_.applications.onKill = [this](std::int32_t pid) { fakes_.applications.remove(pid); };
     start();
     manager_->updateTopProcesses();
     victim_ = manager_->topProcesses().at(0);
     manager_->setSelectedProcess(victim_);
   }
 
-  std::shared_ptr<Handle> handle_ = std::make_shared<Handle>();
   ProcessInfo victim_;
 };
 
 TEST_F(Termination, HitsTheRecordsOwnProcessAndRefreshesLater) {
   manager_->killProcess(victim_);
-  EXPECT_EQ(fakes_.signals.killed, (std::vector<std::int32_t>{7}));
-  EXPECT_EQ(fakes_.signals.handles, (std::vector<const ProcessHandle*>{handle_.get()}));
+  EXPECT_EQ(fakes_.applications.killed, (std::vector<std::int32_t>{7}));
   EXPECT_FALSE(manager_->selectedProcess());
   fakes_.time.advance(499ms);
   EXPECT_EQ(manager_->topProcesses().size(), 1U);

@@ -14,7 +14,7 @@ class ProcessTreesTest : public LinuxApplicationsTest {
  protected:
   /// MB that the model is told.
   double figure(pid_t pid) {
-    const auto figures = applications_.taskFigures(pid);
+    const auto figures = figuresOf(pid);
     return static_cast<double>(figures->residentSize.value()) / static_cast<double>(mebibyte);
   }
 

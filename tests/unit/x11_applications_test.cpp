@@ -79,6 +79,12 @@ class X11ApplicationsTest : public testing::Test {
     return {};
   }
 
+  /// None while the process leads no application.
+  std::optional<int> threadsOf(pid_t pid) {
+    const auto application = ledBy(pid);
+    return application ? application->figures.threadCount : std::nullopt;
+  }
+
   /// Waits until the process leads an application with a window.
   std::optional<RunningApplication> awaitRegular(pid_t pid) {
     std::optional<RunningApplication> application;
@@ -126,9 +132,8 @@ TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
     EXPECT_EQ(found->icon, application.icon);
     EXPECT_EQ(found->activationPolicy, ActivationPolicy::regular);
   }
-  EXPECT_TRUE(eventually([&] {
-    return ledBy(terminal.pid()) && applications_.taskFigures(terminal.pid())->threadCount == 2;
-  })) << "the terminal with what runs in it";
+  EXPECT_TRUE(eventually([&] { return threadsOf(terminal.pid()) == 2; }))
+      << "the terminal with what runs in it";
 }
 
 TEST_F(X11ApplicationsTest, TellsWindowsFromPartsOfTheDesktop) {
@@ -162,10 +167,8 @@ TEST_F(X11ApplicationsTest, TellsWindowsFromPartsOfTheDesktop) {
     EXPECT_EQ(window.isDesktopPart, window.instance != "ordinary");
   }
   // What runs in an ordinary terminal is a part of it; what a panel starts is not.
-  EXPECT_TRUE(eventually([&] {
-    return ledBy(first.pid()) && applications_.taskFigures(first.pid())->threadCount == 2 &&
-           ledBy(second.pid()) && applications_.taskFigures(second.pid())->threadCount == 1;
-  }));
+  EXPECT_TRUE(
+      eventually([&] { return threadsOf(first.pid()) == 2 && threadsOf(second.pid()) == 1; }));
 
   ::kill(second.pid(), SIGKILL);
   EXPECT_TRUE(eventually([&] { return !has(windows, "panel"); }));

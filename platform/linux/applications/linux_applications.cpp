@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "core/utf8.h"
-#include "platform/linux/applications/linux_process_signals.h"
+#include "platform/linux/applications/linux_process_handle.h"
 #include "platform/linux/x11/x11_connection.h"
 #include "platform/linux/x11/x11_windows.h"
 
@@ -80,9 +80,7 @@ void LinuxApplications::group() {
   processes.reserve(all.size());
   for (const auto& candidate : all) processes.push_back(groupedProcess(candidate));
   applications_.clear();
-  byLeader_.clear();
   for (const auto& group : groupApplications(processes)) {
-    byLeader_[processes[group.leader].pid] = applications_.size();
     applications_.push_back(makeApplication(all, group));
   }
   keepLeaders();
@@ -155,6 +153,7 @@ LinuxApplications::Application LinuxApplications::makeApplication(
                                    [&](std::size_t i) { return candidates[i].window != nullptr; });
   RunningApplication& record = application.record;
   record.processIdentifier = leader.process->pid;
+  record.executablePath = leader.process->evidence.executable;
   record.activationPolicy = visible ? ActivationPolicy::regular : ActivationPolicy::accessory;
   if (entry != nullptr) {
     application.entryId = entry->id;
@@ -230,15 +229,17 @@ void LinuxApplications::measure() {
   memoryShifted_ = false;
   for (auto& application : applications_) {
     ReadingState& readings = leaders_.at(application.leader->pid).readings;
-    application.figure = currentFigure(application.members, readings);
+    const std::uint64_t figure = currentFigure(application.members, readings);
+    int threads = 0;
+    for (const auto& [process, forkedFrom] : application.members) threads += process->threads;
+    application.record.figures = {.virtualSize = application.leader->virtualSize,
+                                  .residentSize = figure,
+                                  .threadCount = threads};
     if (application.members.size() < 2) continue;
-    const std::uint64_t before = application.groupedFigure;
-    const std::uint64_t now = application.figure;
-    if (before == 0) {
-      application.groupedFigure = now;
-    } else if (std::max(before, now) - std::min(before, now) > before / 4) {
-      memoryShifted_ = true;
-    }
+    if (!application.groupedFigure) application.groupedFigure = figure;
+    const std::uint64_t before = *application.groupedFigure;
+    memoryShifted_ =
+        memoryShifted_ || std::max(before, figure) - std::min(before, figure) > before / 4;
   }
 }
 
@@ -248,29 +249,11 @@ void LinuxApplications::readSizes() {
   candidates.reserve(applications_.size());
   for (const auto& application : applications_) {
     candidates.push_back({.members = application.members,
-                          .figure = application.figure,
+                          .figure = *application.record.figures.residentSize,
                           .state = &leaders_.at(application.leader->pid).readings});
   }
   const auto now = std::chrono::steady_clock::now();
   sizes_.read(nextReadings(candidates, ReadingPace::of(isWatched_ && isWatched_()), now), now);
-}
-
-std::optional<TaskFigures> LinuxApplications::taskFigures(std::int32_t pid) {
-  const auto found = byLeader_.find(pid);
-  if (found == byLeader_.end()) return {};
-  const Application& application = applications_[found->second];
-  int threads = 0;
-  for (const auto& [process, forkedFrom] : application.members) threads += process->threads;
-  return TaskFigures{.virtualSize = application.leader->virtualSize,
-                     .residentSize = application.figure,
-                     .threadCount = threads};
-}
-
-std::optional<std::string> LinuxApplications::executablePath(std::int32_t pid) {
-  const auto found = byLeader_.find(pid);
-  if (found == byLeader_.end()) return table_.executablePath(pid);
-  const std::string& path = applications_[found->second].leader->evidence.executable;
-  return path.empty() ? std::nullopt : std::optional(path);
 }
 
 }  // namespace orvane

@@ -15,7 +15,6 @@
 #include "platform/linux/applications/process_table.h"
 #include "platform/linux/applications/proportional_size_reader.h"
 #include "platform/running_applications.h"
-#include "platform/task_inspector.h"
 
 struct xcb_connection_t;
 
@@ -31,7 +30,7 @@ struct X11Window;
 /// processes
 /// (/proc/PID/statm: resident, shared; /proc/PID/smaps_rollup: Pss); threads (/proc/PID/stat:
 /// num_threads) are summed; the virtual size (/proc/PID/statm: size) is the leader's.
-class LinuxApplications : public RunningApplications, public TaskInspector {
+class LinuxApplications : public RunningApplications {
  public:
   struct Options {
     xcb_connection_t* x11 = nullptr;                  ///< where windows are; null for none
@@ -51,8 +50,6 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
                                               std::function<bool()> isWatched);
 
   [[nodiscard]] std::vector<RunningApplication> runningApplications() override;
-  [[nodiscard]] std::optional<TaskFigures> taskFigures(std::int32_t pid) override;
-  [[nodiscard]] std::optional<std::string> executablePath(std::int32_t pid) override;
 
  private:
   struct Application {
@@ -60,8 +57,7 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
     std::string entryId;
     const Process* leader = nullptr;
     std::vector<ApplicationMember> members;
-    std::uint64_t figure = 0;         ///< bytes
-    std::uint64_t groupedFigure = 0;  ///< bytes when its leader was chosen; 0 before it was known
+    std::optional<std::uint64_t> groupedFigure;  ///< bytes when its leader was chosen
   };
   /// A process' own evidence together with its window's.
   struct Candidate {
@@ -97,7 +93,6 @@ class LinuxApplications : public RunningApplications, public TaskInspector {
   EvidenceReader reader_;
   std::unique_ptr<X11Windows> windows_;
   std::vector<Application> applications_;
-  std::map<std::int32_t, std::size_t> byLeader_;
   std::map<std::int32_t, KnownLeader> leaders_;
   ProportionalSizeReader sizes_;
   std::function<bool()> isWatched_;

@@ -117,7 +117,8 @@ bool ProcessTable::isOwn(std::int32_t pid) const {
 /// Kernel threads and exited processes have none; telling so costs a tenth of reading their state.
 bool ProcessTable::hasProgram(std::int32_t pid) const {
   std::array<char, 1> start{};
-  return ::readlinkat(directory(), ProcessPath(pid, "exe").text(), start.data(), start.size()) >= 0 ||
+  return ::readlinkat(directory(), ProcessPath(pid, "exe").text(), start.data(), start.size()) >=
+             0 ||
          errno != ENOENT;
 }
 

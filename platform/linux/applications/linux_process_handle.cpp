@@ -1,4 +1,4 @@
-#include "platform/linux/applications/linux_process_signals.h"
+#include "platform/linux/applications/linux_process_handle.h"
 
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -14,10 +14,8 @@ std::shared_ptr<const LinuxProcessHandle> LinuxProcessHandle::open(std::int32_t 
   return std::make_shared<const LinuxProcessHandle>(std::move(process));
 }
 
-void LinuxProcessSignals::killProcess(std::int32_t /*pid*/, const ProcessHandle* handle) {
-  const auto* process = dynamic_cast<const LinuxProcessHandle*>(handle);
-  if (process == nullptr) return;
-  ::syscall(SYS_pidfd_send_signal, process->descriptor(), SIGKILL, nullptr, 0);
+void LinuxProcessHandle::kill() const {
+  ::syscall(SYS_pidfd_send_signal, process_.get(), SIGKILL, nullptr, 0);
 }
 
 }  // namespace orvane

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "platform/linux/files/file_descriptor.h"
-#include "platform/process_signals.h"
 #include "platform/running_applications.h"
 
 namespace orvane {
@@ -18,16 +17,10 @@ class LinuxProcessHandle : public ProcessHandle {
   /// one that was meant. Null when there is none.
   [[nodiscard]] static std::shared_ptr<const LinuxProcessHandle> open(std::int32_t pid);
 
-  [[nodiscard]] int descriptor() const { return process_.get(); }
+  void kill() const override;
 
  private:
   FileDescriptor process_;
-};
-
-/// Signals through pidfds.
-class LinuxProcessSignals : public ProcessSignals {
- public:
-  void killProcess(std::int32_t pid, const ProcessHandle* handle) override;
 };
 
 }  // namespace orvane
