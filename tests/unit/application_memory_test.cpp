@@ -154,6 +154,18 @@ TEST_F(NextReadings, AreTakenAgainWhenTheFigureMovedOrTheyAreOld) {
   EXPECT_EQ(next({&steady, &moving}), Processes{&constant});
 }
 
+TEST_F(NextReadings, GoOnWhenTheApplicationBecomesSmall) {
+  Tree tree;
+  Process& parent = tree.add(60, 0);
+  tree.add(60, 0, &parent);
+  EXPECT_EQ(next({&tree}).size(), 2U);
+  EXPECT_EQ(next({&tree}), Processes{});
+  tree.members.pop_back();  // whose half of the pages is the parent's now
+  EXPECT_EQ(tree.figure(), 30U);
+  now_ += seconds(20);
+  EXPECT_EQ(next({&tree}), Processes{&parent});
+}
+
 TEST_F(NextReadings, OfHugeProcessesAreRarer) {
   Tree tree;
   Process& huge = tree.add(4 * 4295, 0);

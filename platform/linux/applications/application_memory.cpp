@@ -45,14 +45,16 @@ std::optional<ReadingTime> oldestReading(std::span<const ApplicationMember> memb
   return oldest;
 }
 
-/// From 1 on the application is due; 0 when it is too small to be read.
+/// From 1 on the application is due; 0 when it is too small to be read at all.
 double doubt(const ReadingCandidate& candidate, const ReadingPace& pace, ReadingTime now) {
-  const std::uint64_t resident = residentSize(candidate.members);
   if (candidate.state->roundStart) return underWay;
-  if (resident < smallestRead) return 0;
   const auto oldest = oldestReading(candidate.members);
-  // Never read: before any that was, the largest first.
-  if (!oldest) return static_cast<double>(resident);
+  if (!oldest) {
+    // Before any that was read, the largest first. What was read once goes on being read, because a
+    // reading that is never renewed would be worse than none.
+    const std::uint64_t resident = residentSize(candidate.members);
+    return resident < smallestRead ? 0 : static_cast<double>(resident);
+  }
   const double age =
       std::chrono::duration<double>(now - *oldest).count() / ageFactor(candidate.members);
   const double ageDoubt = age / static_cast<double>(pace.maximumAge.count());
