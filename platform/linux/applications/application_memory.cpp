@@ -132,7 +132,7 @@ std::uint64_t currentFigure(std::span<const ApplicationMember> members, ReadingS
 
 ReadingPace ReadingPace::of(bool watched) {
   constexpr std::uint64_t mebibyte = 1 << 20;
-  if (watched) return {seconds(45), seconds(15), 1024 * mebibyte, 9};
+  if (watched) return {seconds(45), seconds(15), 2048 * mebibyte, 9};
   return {seconds(270), seconds(120), 256 * mebibyte, 50};
 }
 
