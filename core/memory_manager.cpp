@@ -16,7 +16,7 @@ ProcessSortMode storedSortMode(const Preferences& preferences) {
 
 }  // namespace
 
-MemoryManager::MemoryManager(const MemoryManagerServices& services)
+MemoryManager::MemoryManager(CreationKey /*key*/, const MemoryManagerServices& services)
     : services_(services),
       collection_(services.applications, services.random, services.clock),
       processSortMode_(*this, storedSortMode(services.preferences)) {}

@@ -51,18 +51,25 @@ struct MemoryManagerServices {
 /// Main thread only. Every operation returns at once and none reports an error. Each published
 /// property announces a change before the new value is stored.
 class MemoryManager : public Observable, public std::enable_shared_from_this<MemoryManager> {
+ protected:
+  /// What only `create` can make.
+  class CreationKey {
+    friend class MemoryManager;
+    CreationKey() = default;
+  };
+
  public:
   /// Makes the manager, takes its first sample and starts the sampling timer.
   template <typename Manager = MemoryManager>
   [[nodiscard]] static std::shared_ptr<Manager> create(const MemoryManagerServices& services) {
-    auto manager = std::make_shared<Manager>(services);
+    auto manager = std::make_shared<Manager>(CreationKey(), services);
     manager->updateMemoryStats();
     manager->startMonitoring();
     return manager;
   }
 
-  /// Only the initial values; `create` makes a manager that runs.
-  explicit MemoryManager(const MemoryManagerServices& services);
+  /// For `create`: only the initial values, neither a sample nor a timer.
+  MemoryManager(CreationKey key, const MemoryManagerServices& services);
 
   /// Starts the repeating sampling timer.
   virtual void startMonitoring();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 #include "tests/fakes/fake_services.h"
 
 namespace orvane {
@@ -111,6 +113,30 @@ TEST_F(Manager, EndsQuietlyWithBlocksPending) {
     EXPECT_EQ(fakes_.counters.readCount, reads);
     EXPECT_EQ(fakes_.claims.claimedWords.size(), boosted ? 1U : 0U);
   }
+}
+
+static_assert(!std::is_constructible_v<MemoryManager, MemoryManagerServices>, "only by create");
+
+struct Journalist : MemoryManager {
+  using MemoryManager::MemoryManager;
+  std::optional<MemoryStats> fetchMemoryStats() override {
+    journal += "sample ";
+    return MemoryStats{.free = 1};
+  }
+  void checkMemoryPressure() override { journal += "check "; }
+  void updateTopProcesses() override { journal += "list "; }
+  void scheduleBoostCheck(const MemoryStats& /*initial*/, int attempt, int most) override {
+    journal += std::to_string(attempt) + " of " + std::to_string(most);
+  }
+  std::string journal;
+};
+
+TEST_F(Manager, CallsTheOperationsOfASubclass) {
+  const auto manager = MemoryManager::create<Journalist>(fakes_.services());
+  tick();
+  manager->boostMemory();
+  fakes_.time.runPending();
+  EXPECT_EQ(manager->journal, "sample sample check list sample 0 of 10");
 }
 
 constexpr std::uint64_t editorBytes = 1'610'612'736;
