@@ -6,6 +6,8 @@ target_compile_options(orvane_options INTERFACE
   -fstack-protector-strong)
 target_compile_definitions(orvane_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+# A read past a container's end stops a debugging or sanitized build at once.
+target_compile_definitions(orvane_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 target_link_options(orvane_options INTERFACE
   -Wl,-z,relro,-z,now -Wl,-z,noexecstack -Wl,--as-needed)
 target_compile_options(orvane_options INTERFACE
