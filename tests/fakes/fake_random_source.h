@@ -1,20 +1,27 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 
 #include "platform/random_source.h"
 
 namespace orvane::fakes {
 
-/// A fixed sequence.
+/// The numbers a test sets, and a fixed sequence after them.
 class FakeRandomSource : public RandomSource {
  public:
   [[nodiscard]] std::uint64_t next() override {
     ++drawCount;
+    if (!numbers.empty()) {
+      const std::uint64_t number = numbers.front();
+      numbers.pop_front();
+      return number;
+    }
     state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
     return state_ ^ (state_ >> 29);
   }
 
+  std::deque<std::uint64_t> numbers;
   int drawCount = 0;
 
  private:

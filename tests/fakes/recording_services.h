@@ -28,7 +28,7 @@ class RecordingDesktopOpener : public DesktopOpener {
   std::vector<std::string> urls;
 };
 
-/// Records every request and answers it at once, without an error.
+/// Records every request and answers it at once, a post with `error`.
 class RecordingNotificationService : public NotificationService {
  public:
   void setDelegate(NotificationDelegate* newDelegate) override { delegate = newDelegate; }
@@ -40,11 +40,12 @@ class RecordingNotificationService : public NotificationService {
   }
   void add(const NotificationRequest& request, std::function<void(const Error&)> handler) override {
     requests.push_back(request);
-    handler({});
+    handler(error);
   }
 
   NotificationDelegate* delegate = nullptr;
   bool granted = true;
+  Error error;
   std::vector<AuthorizationOptions> authorizations;
   std::vector<NotificationRequest> requests;
 };

@@ -10,16 +10,50 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr std::uint64_t mebibyte = 1ULL << 20;
 constexpr std::uint64_t gibibyte = 1ULL << 30;
 
 TEST(BoostClaim, IsInactivePlusHalfOfFreeUpToTheCeiling) {
   const std::pair<MemoryStats, std::size_t> cases[] = {
       {{.free = 3 * gibibyte, .inactive = gibibyte}, 536'870'912},
-      {{.free = gibibyte, .inactive = gibibyte}, 3 * gibibyte / 2 / 4},
-      {{.free = 6}, 0},
-      {{.free = 9}, 1},
-      {{}, 0}};
+      {{.free = gibibyte, .active = 1, .inactive = gibibyte}, 3 * gibibyte / 2 / 4}};
   for (const auto& [stats, words] : cases) EXPECT_EQ(boostClaimWords(stats), words);
+}
+
+/// Writes down each sleep with the claims held and the random numbers drawn by then.
+struct WatchedQueue : BackgroundQueue {
+  void async(Block /*block*/) override {}
+  void sleep(Duration duration) override {
+    sleeps.emplace_back(duration, claims.heldClaims, random.drawCount);
+  }
+  fakes::FakeMemoryClaims claims;
+  fakes::FakeRandomSource random;
+  std::vector<std::tuple<Duration, int, int>> sleeps;
+};
+
+TEST(BoostClaim, IsWrittenHeldForASecondAndReleased) {
+  struct {
+    MemoryStats initial;
+    bool refuses;
+    std::vector<std::size_t> claimedWords;
+    int pages;
+  } const cases[] = {{{.free = 8192}, false, {1024}, 1},
+                     {{.free = 8208}, false, {1026}, 2},
+                     {{.free = 9}, false, {1}, 1},
+                     {{.free = 7}, false, {}, 0},
+                     {{.free = 8208}, true, {1026}, 0}};
+  for (const auto& [initial, refuses, claimedWords, pages] : cases) {
+    WatchedQueue queue;
+    queue.claims.refuses = refuses;
+    claimAndRelease(initial, queue.claims, queue.random, queue);
+    EXPECT_EQ(queue.claims.claimedWords, claimedWords);
+    const std::vector<std::tuple<Duration, int, int>> sleeps = {{1s, pages > 0 ? 1 : 0, pages},
+                                                                {500ms, 0, pages}};
+    EXPECT_EQ(queue.sleeps, sleeps) << initial.free;
+    for (std::size_t index = 0; index < queue.claims.released.size(); ++index) {
+      ASSERT_EQ(queue.claims.released[index] != 0, index % 1024 == 0) << index;
+    }
+  }
 }
 
 class Boost : public testing::Test {
@@ -53,90 +87,64 @@ class Boost : public testing::Test {
   std::shared_ptr<MemoryManager> manager_;
 };
 
-TEST_F(Boost, WritesEveryPageHoldsAndReleases) {
-  fakes_.counters.counts = PageCounts{.free = 40 * pagesPerMB, .active = 60 * pagesPerMB};
+TEST_F(Boost, ClaimsInTheBackgroundAndIgnoresFurtherRequests) {
+  fakes_.counters.counts = PageCounts{.free = 8, .active = 60};
   fakes_.claims.refuses = false;
   manager_->updateMemoryStats();
   manager_->boostMemory();
+  manager_->boostMemory();
   EXPECT_TRUE(fakes_.claims.claimedWords.empty()) << "not inside the call";
-  bool processingAtPost = true;
-  fakes_.notificationCentre.addObserver("BoostCompleted",
-                                        [&] { processingAtPost = manager_->isProcessing(); });
-  finishBackgroundStep();
-  EXPECT_EQ(fakes_.claims.claimedWords, (std::vector<std::size_t>{20 * 1048576 / 4}));
-  EXPECT_EQ(fakes_.claims.heldClaims, 0);
-  EXPECT_EQ(fakes_.time.sleeps(), (std::vector<Duration>{1s, 500ms}));
-  EXPECT_EQ(fakes_.random.drawCount, 20 * 256);
-  EXPECT_FALSE(processingAtPost);
-  std::size_t written = 0;
-  for (std::size_t index = 0; index < fakes_.claims.released.size(); ++index) {
-    const bool isWritten = fakes_.claims.released[index] != 0;
-    ASSERT_FALSE(isWritten && index % 1024 != 0) << index;
-    written += isWritten ? 1 : 0;
-  }
-  EXPECT_GT(written, 20U * 256 - 5);  // a random word may be 0
-}
-
-TEST_F(Boost, IgnoresARequestWhileRunningOrWithoutASample) {
-  manager_->boostMemory();
-  manager_->boostMemory();
   EXPECT_TRUE(manager_->isProcessing());
+  int posts = 0;
+  fakes_.notificationCentre.addObserver("BoostCompleted", [&] {
+    ++posts;
+    EXPECT_FALSE(manager_->isProcessing());
+    EXPECT_EQ(fakes_.claims.heldClaims, 0);
+    EXPECT_EQ(manager_->currentStats()->timestamp, fakes_.time.now()) << "a new sample";
+  });
   finishBackgroundStep();
-  EXPECT_EQ(fakes_.claims.claimedWords.size(), 1U);
-  EXPECT_FALSE(manager_->isProcessing()) << "though no memory could be had";
+  EXPECT_EQ(posts, 1);
+  EXPECT_EQ(fakes_.claims.claimedWords, (std::vector<std::size_t>{4096}));
   fakes_.counters.counts.reset();
   manager_->updateMemoryStats();
   manager_->boostMemory();
-  EXPECT_FALSE(manager_->isProcessing());
+  EXPECT_FALSE(manager_->isProcessing()) << "there is no sample";
 }
 
-struct CheckCase {
-  double freeAfter = 0;            // MB, where 1,000 were free before
-  std::optional<double> reported;  // MB
-};
-
-TEST_F(Boost, ReportsASignificantChangeAtTheFirstCheck) {
-  const CheckCase cases[] = {{1060, 60}, {1051, 51}, {1050, {}}, {990, {}}, {700, 300}, {800, {}}};
-  for (const auto& check : cases) {
+TEST_F(Boost, ReportsALargeChangeAtOnceAndASmallGainAfterTenSeconds) {
+  struct {
+    double freeAfter;  // MB, where 1,000 were free before
+    int second;        // of the report, 0 for none
+    double amount;
+    const char* text;
+  } const cases[] = {{1060.75, 1, 60.75, "Freed 61 MB of memory"},
+                     {1051, 1, 51, "Freed 51 MB of memory"},
+                     {1050, 10, 50, "Freed 50 MB of memory"},
+                     {1010.5, 10, 10.5, "Freed 10 MB of memory"},
+                     {1010, 0, 0, ""},
+                     {985, 0, 0, ""},
+                     {800, 0, 0, ""},
+                     {799, 1, 201, "Freed 201 MB of memory"}};
+  for (const auto& [freeAfter, second, amount, text] : cases) {
     setFree(1000);
     manager_->updateMemoryStats();
     fakes_.notifications.requests.clear();
     manager_->boostMemory();
+    EXPECT_EQ(manager_->lastBoostAmount(), 0.0) << "whatever the boost before gained";
     finishBackgroundStep();
-    setFree(check.freeAfter);
-    fakes_.time.advance(999ms);
-    EXPECT_TRUE(bodies().empty());
-    fakes_.time.advance(1ms);
-    EXPECT_EQ(manager_->lastBoostAmount(), check.reported.value_or(0.0)) << check.freeAfter;
-    EXPECT_EQ(bodies().size(), check.reported ? 1U : 0U) << check.freeAfter;
-    setFree(1000);
+    setFree(freeAfter);
+    for (const auto& [pause, passed] : {std::pair(999ms, 0), {1ms, 1}, {8999ms, 9}, {1ms, 10}}) {
+      fakes_.time.advance(pause);
+      const bool isReported = second > 0 && second <= passed;
+      EXPECT_EQ(bodies(), std::vector<std::string>(isReported ? 1 : 0, text)) << freeAfter;
+      EXPECT_EQ(manager_->lastBoostAmount(), isReported ? amount : 0.0) << freeAfter;
+    }
     fakes_.time.advance(20s);
+    EXPECT_EQ(bodies().size(), second > 0 ? 1U : 0U) << "one report at most";
   }
-}
-
-TEST_F(Boost, EndsTheChecksAtTheFirstGain) {
-  manager_->boostMemory();
-  finishBackgroundStep();
-  fakes_.time.advance(3s);
-  setFree(1060);
-  fakes_.time.advance(20s);
-  EXPECT_EQ(bodies(), (std::vector<std::string>{"Freed 60 MB of memory"}));
-  EXPECT_EQ(manager_->lastBoostAmount(), 60.0);
-}
-
-TEST_F(Boost, JudgesSmallGainsAfterTheTenthCheck) {
-  for (const double gain : {10.0, 10.5}) {
-    setFree(1000);
-    manager_->updateMemoryStats();
-    manager_->boostMemory();
-    finishBackgroundStep();
-    setFree(1000 + gain);
-    fakes_.time.advance(9900ms);
-    EXPECT_TRUE(bodies().empty());
-    fakes_.time.advance(200ms);
-    EXPECT_EQ(bodies().size(), gain > 10.0 ? 1U : 0U) << gain;
-  }
-  EXPECT_EQ(manager_->lastBoostAmount(), 10.5);
+  const MemoryStats small{.free = 10 * mebibyte, .wired = 490 * mebibyte};
+  EXPECT_EQ(significantGainAtCheck(small, {.free = 20 * mebibyte}), std::nullopt);
+  EXPECT_EQ(significantGainAtCheck(small, {.free = 21 * mebibyte}), 11.0);
 }
 
 TEST_F(Boost, StopsCheckingWithoutASample) {
@@ -148,6 +156,11 @@ TEST_F(Boost, StopsCheckingWithoutASample) {
   fakes_.time.advance(20s);
   EXPECT_TRUE(bodies().empty());
   EXPECT_EQ(manager_->lastBoostAmount(), 0.0);
+
+  fakes_.counters.counts.reset();
+  manager_->updateMemoryStats();
+  manager_->scheduleBoostCheck({}, 10, 10);
+  EXPECT_TRUE(bodies().empty());
 }
 
 TEST_F(Boost, RunsBesideTheChecksOfTheOneBefore) {

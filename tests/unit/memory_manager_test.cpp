@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <type_traits>
+#include <utility>
 
 #include "tests/fakes/fake_services.h"
 
@@ -23,7 +25,7 @@ class Manager : public testing::Test {
 TEST_F(Manager, SamplesAtOnceAndEveryFiveSeconds) {
   start();
   EXPECT_FALSE(manager_->previousStats());
-  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 1U);
+  EXPECT_EQ(manager_->lastBoostAmount(), 0.0);
   EXPECT_EQ(fakes_.applications.collectionCount, 0);
   const MemoryStats first = *manager_->currentStats();
   fakes_.time.advance(4999ms);
@@ -31,40 +33,40 @@ TEST_F(Manager, SamplesAtOnceAndEveryFiveSeconds) {
   fakes_.time.advance(1ms);
   EXPECT_EQ(manager_->previousStats()->timestamp, first.timestamp);
   EXPECT_EQ(manager_->currentStats()->timestamp - first.timestamp, 5s);
-  tick();
-  EXPECT_EQ(fakes_.counters.readCount, 3);
-  EXPECT_EQ(fakes_.applications.collectionCount, 2);
-}
-
-TEST_F(Manager, LosesAndRegainsTheSampleWithTheCounters) {
-  start();
-  const auto readable = fakes_.counters.counts;
-  fakes_.counters.counts.reset();
+  // While the counters can't be read there is no sample.
+  const auto readable = std::exchange(fakes_.counters.counts, std::nullopt);
   tick();
   EXPECT_FALSE(manager_->currentStats());
   EXPECT_TRUE(manager_->previousStats());
-  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 1U);
+  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 2U);
   fakes_.counters.counts = readable;
   tick();
   EXPECT_TRUE(manager_->currentStats());
   EXPECT_FALSE(manager_->previousStats());
-  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 2U);
+  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 3U);
+  EXPECT_EQ(fakes_.applications.collectionCount, 3);
 }
 
 TEST_F(Manager, LoadsTheStoredSortModeAndStoresEachAssignment) {
-  const std::pair<const char*, ProcessSortMode> cases[] = {{"peak", ProcessSortMode::peak},
-                                                           {"average", ProcessSortMode::average},
-                                                           {"Peak", ProcessSortMode::current}};
+  const std::pair<std::optional<std::string>, ProcessSortMode> cases[] = {
+      {"peak", ProcessSortMode::peak},
+      {"average", ProcessSortMode::average},
+      {"current", ProcessSortMode::current},
+      {"Peak", ProcessSortMode::current},
+      {std::nullopt, ProcessSortMode::current}};
   for (const auto& [text, mode] : cases) {
-    fakes_.preferences.texts["processSortMode"] = text;
+    fakes_.preferences.texts.clear();
+    if (text) fakes_.preferences.texts["processSortMode"] = *text;
     start();
-    EXPECT_EQ(manager_->processSortMode(), mode) << text;
+    EXPECT_EQ(manager_->processSortMode(), mode) << text.value_or("none");
   }
   EXPECT_TRUE(fakes_.preferences.writes.empty()) << "loading writes nothing";
-  for (int i = 0; i < 2; ++i) manager_->setProcessSortMode(ProcessSortMode::average);
-  EXPECT_EQ(fakes_.preferences.writes,
-            (std::vector<std::string>{"processSortMode=average", "processSortMode=average"}));
-  EXPECT_EQ(fakes_.applications.collectionCount, 2) << "each rebuilds the list";
+  for (const std::string text : {"peak", "average", "current", "current"}) {
+    manager_->setProcessSortMode(processSortModeFrom(text).value());
+    EXPECT_EQ(rawValue(manager_->processSortMode()), text);
+    EXPECT_EQ(fakes_.preferences.writes.back(), "processSortMode=" + text);
+  }
+  EXPECT_EQ(fakes_.applications.collectionCount, 4) << "each rebuilds the list";
 }
 
 TEST_F(Manager, FreezesTheListWhileAProcessIsSelected) {
@@ -87,17 +89,41 @@ TEST_F(Manager, FreezesTheListWhileAProcessIsSelected) {
   EXPECT_EQ(manager_->processMemoryHistories().at(10)->dataPoints().size(), 3U);
 }
 
-TEST_F(Manager, AnnouncesEachChangeBeforeItIsMade) {
+TEST_F(Manager, TakesItsStepsInOrderAndAnnouncesEachBefore) {
+  fakes_.applications.add(1, "Gone", 20 << 20);
   start();
-  std::vector<bool> seen;
-  const auto subscription =
-      manager_->observe([&] { seen.push_back(manager_->selectedProcess().has_value()); });
-  manager_->setSelectedProcess(ProcessInfo{});
-  manager_->setSelectedProcess(std::nullopt);
-  EXPECT_EQ(seen, (std::vector<bool>{false, true}));
-  seen.clear();
-  manager_->updateMemoryStats();  // previous and current sample; the history has its own signal
-  EXPECT_EQ(seen.size(), 2U);
+  tick();
+  const auto victim = manager_->topProcesses().at(0);
+  fakes_.applications.remove(1);
+  for (const int pid : {2, 3}) fakes_.applications.add(pid, "New", 20 << 20);
+  using Figures = std::vector<std::size_t>;
+  // A figure as it is at each change that is announced while something is done.
+  const auto at = [&](const std::function<std::size_t()>& figure, const Block& act) {
+    Figures seen;
+    const auto subscription = manager_->observe([&] { seen.push_back(figure()); });
+    act();
+    return seen;
+  };
+  const auto lengths = [&] {
+    return manager_->processMemoryHistories().size() * 10 + manager_->topProcesses().size();
+  };
+  const auto writes = [&] { return fakes_.preferences.writes.size(); };
+  const auto isProcessing = [&] { return manager_->isProcessing() ? 1U : 0U; };
+  const auto& posted = fakes_.notifications.requests;
+  const auto requests = [&] { return posted.size(); };
+  const auto kills = [&] { return fakes_.signals.killed.size(); };
+  const auto isSelected = [&] { return manager_->selectedProcess() ? 1U : 0U; };
+  EXPECT_EQ(at(lengths, [&] { manager_->updateTopProcesses(); }), (Figures{11, 21, 31, 32}));
+  EXPECT_EQ(at(writes, [&] { manager_->setProcessSortMode({}); }), (Figures{0, 1, 1}));
+  EXPECT_EQ(at(isProcessing, [&] { manager_->boostMemory(); }), (Figures{0, 1}));
+  EXPECT_EQ(at(isProcessing, [&] { fakes_.time.runPending(); }), (Figures{1, 1, 1}));
+  fakes_.counters.setUsage(90.0);
+  EXPECT_EQ(at(requests, [&] { fakes_.time.advance(1s); }), (Figures{0, 0, 0})) << "the gain";
+  EXPECT_EQ(at(requests, [&] { tick(); }), (Figures{1, 1, 1, 2, 2, 2})) << "the alert";
+  EXPECT_EQ(at(requests, [&] { tick(); }), (Figures{2, 2, 2, 2}));
+  EXPECT_EQ(at(isSelected, [&] { manager_->setSelectedProcess(victim); }), (Figures{0}));
+  EXPECT_EQ(at(kills, [&] { manager_->killProcess(victim); }), (Figures{1}));
+  EXPECT_NE(posted.at(0).identifier, posted.at(1).identifier);
 }
 
 TEST_F(Manager, EndsQuietlyWithBlocksPending) {
@@ -123,6 +149,10 @@ struct Journalist : MemoryManager {
     journal += "sample ";
     return MemoryStats{.free = 1};
   }
+  void startMonitoring() override {
+    journal += "start ";
+    MemoryManager::startMonitoring();
+  }
   void checkMemoryPressure() override { journal += "check "; }
   void updateTopProcesses() override { journal += "list "; }
   void scheduleBoostCheck(const MemoryStats& /*initial*/, int attempt, int most) override {
@@ -136,21 +166,14 @@ TEST_F(Manager, CallsTheOperationsOfASubclass) {
   tick();
   manager->boostMemory();
   fakes_.time.runPending();
-  EXPECT_EQ(manager->journal, "sample sample check list sample 0 of 10");
+  EXPECT_EQ(manager->journal, "sample start sample check list sample 0 of 10");
 }
 
 constexpr std::uint64_t editorBytes = 1'610'612'736;
 
-class Alert : public Manager {
- protected:
-  void startAt(double usage) {
-    fakes_.counters.setUsage(usage);
-    start();
-  }
-};
-
-TEST_F(Alert, StaysAwayAtTheThresholdItselfAndWithoutASampleOrMemory) {
-  startAt(85.0);
+TEST_F(Manager, RaisesNoAlertAtTheThresholdItselfAndWithoutASampleOrMemory) {
+  fakes_.counters.setUsage(85.0);
+  start();
   tick();
   for (const auto& counts : {std::optional<PageCounts>(), std::optional(PageCounts{})}) {
     fakes_.counters.counts = counts;
@@ -158,59 +181,58 @@ TEST_F(Alert, StaysAwayAtTheThresholdItselfAndWithoutASampleOrMemory) {
   }
   EXPECT_FALSE(manager_->shouldShowAlert());
   EXPECT_TRUE(fakes_.notifications.requests.empty());
-  EXPECT_TRUE(fakes_.output.lines.empty());
   fakes_.counters.setUsage(85.04);
   tick();
   EXPECT_EQ(manager_->alertMessage(), "Memory usage is high (85.0%)");
 }
 
-TEST_F(Alert, NamesTheFirstApplicationOfTheListBuiltBefore) {
-  fakes_.applications.add(10, "Editor", editorBytes);
-  startAt(40.0);
-  tick();
-  fakes_.counters.setUsage(90.0);
-  tick();
-  EXPECT_EQ(manager_->alertMessage(), "Memory usage is high (90.0%)\nEditor is using 1536 MB");
-  ASSERT_EQ(fakes_.notifications.requests.size(), 1U);
-  const auto& content = fakes_.notifications.requests[0].content;
-  EXPECT_EQ(content.title, "Memory Pressure High");
-  EXPECT_EQ(content.body, "Memory usage is 90.0%. Editor is using 1536 MB");
-  EXPECT_TRUE(content.defaultSound);
+TEST_F(Manager, AlertsOnceNamingTheFirstOfTheListBuiltBefore) {
+  for (const bool hasList : {true, false}) {
+    fakes_.applications.applications.clear();
+    fakes_.applications.add(10, "Editor", editorBytes);
+    fakes_.applications.add(11, "Small", 20 << 20);
+    fakes_.notifications.requests.clear();
+    fakes_.counters.setUsage(40.0);
+    start();
+    if (hasList) tick();
+    fakes_.applications.add(12, "Later", 2 * editorBytes);
+    for (const double usage : {90.0, 95.0, 40.0, 99.0}) {
+      fakes_.counters.setUsage(usage);
+      tick();
+      EXPECT_EQ(manager_->alertMessage(),
+                hasList ? "Memory usage is high (90.0%)\nEditor is using 1536 MB"
+                        : "Memory usage is high (90.0%)");
+      EXPECT_TRUE(manager_->shouldShowAlert());
+    }
+    ASSERT_EQ(fakes_.notifications.requests.size(), 1U);
+    const auto& content = fakes_.notifications.requests[0].content;
+    EXPECT_EQ(content.title, "Memory Pressure High");
+    EXPECT_EQ(content.body,
+              hasList ? "Memory usage is 90.0%. Editor is using 1536 MB" : "Memory usage is 90.0%");
+    EXPECT_TRUE(content.defaultSound);
+    fakes_.notifications.error = "no daemon";  // for the second one
+  }
   EXPECT_EQ(fakes_.output.lines,
             (std::vector<std::string>{"Notification sent successfully: Memory Pressure High - "
-                                      "Memory usage is 90.0%. Editor is using 1536 MB"}));
+                                      "Memory usage is 90.0%. Editor is using 1536 MB",
+                                      "Error sending notification: no daemon"}));
 }
 
-class Termination : public Manager {
- protected:
-  void SetUp() override {
-    fakes_.applications.add(7, "Editor", 50 << 20);
-    fakes_.applications.onKill = [this](std::int32_t pid) { fakes_.applications.remove(pid); };
-    start();
-    manager_->updateTopProcesses();
-    victim_ = manager_->topProcesses().at(0);
-    manager_->setSelectedProcess(victim_);
-  }
-
-  ProcessInfo victim_;
-};
-
-TEST_F(Termination, HitsTheRecordsOwnProcessAndRefreshesLater) {
-  manager_->killProcess(victim_);
+TEST_F(Manager, EndsTheRecordsOwnProcessAndRefreshesHalfASecondLater) {
+  fakes_.applications.add(7, "Editor", 50 << 20);
+  start();
+  manager_->updateTopProcesses();
+  const ProcessInfo victim = manager_->topProcesses().at(0);
+  manager_->setSelectedProcess(victim);
+  manager_->killProcess(victim);
   EXPECT_EQ(fakes_.applications.killed, (std::vector<std::int32_t>{7}));
   EXPECT_FALSE(manager_->selectedProcess());
-  fakes_.time.advance(499ms);
-  EXPECT_EQ(manager_->topProcesses().size(), 1U);
-  fakes_.time.advance(1ms);
-  EXPECT_TRUE(manager_->topProcesses().empty());
-}
-
-TEST_F(Termination, KeepsTheManagerUntilTheRefresh) {
-  manager_->killProcess(victim_);
   const std::weak_ptr<MemoryManager> weak = manager_;
   manager_.reset();
-  EXPECT_FALSE(weak.expired());
-  fakes_.time.advance(500ms);
+  fakes_.time.advance(499ms);
+  EXPECT_EQ(fakes_.applications.collectionCount, 1);
+  EXPECT_FALSE(weak.expired()) << "kept until the refresh";
+  fakes_.time.advance(1ms);
   EXPECT_EQ(fakes_.applications.collectionCount, 2);
   EXPECT_TRUE(weak.expired());
 }

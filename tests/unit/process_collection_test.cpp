@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <array>
+#include <deque>
+#include <optional>
 
 #include "core/memory_manager.h"
 #include "tests/fakes/fake_services.h"
@@ -16,7 +18,6 @@ constexpr std::uint64_t mebibyte = 1048576;
 
 class Collection : public testing::Test {
  protected:
-  void SetUp() override { manager_ = MemoryManager::create(fakes_.services()); }
   const std::vector<ProcessInfo>& collect() {
     manager_->updateTopProcesses();
     return manager_->topProcesses();
@@ -28,72 +29,115 @@ class Collection : public testing::Test {
   }
 
   fakes::FakeServices fakes_;
-  std::shared_ptr<MemoryManager> manager_;
+  std::shared_ptr<MemoryManager> manager_ = MemoryManager::create(fakes_.services());
 };
 
 TEST_F(Collection, MakesARecordOfAnApplication) {
   fakes_.applications.add(42, "Editor", 100 * mebibyte, 7);
-  fakes_.applications.add(43, "Small", 10'485'760);
-  fakes_.applications.applications[0].icon = ApplicationIcon{"org.example.Editor"};
+  auto& application = fakes_.applications.applications[0];
+  application.icon = ApplicationIcon{"org.example.Editor"};
+  application.distinction = "editor --new";
   fakes_.applications.paths[42] = std::string("/opt/\xFF/editor\0junk", 18);
-  EXPECT_EQ(collect().size(), 1U) << "none at the threshold or below";
+  ASSERT_EQ(collect().size(), 1U);
   const ProcessInfo process = collect().at(0);
   EXPECT_EQ(process.name, "Editor");
   EXPECT_EQ(process.pid, 42);
-  EXPECT_EQ(process.memoryUsage, 100 * mebibyte);
   EXPECT_EQ(process.virtualMemory, 400 * mebibyte);
   EXPECT_EQ(process.threadCount, 7);
+  EXPECT_EQ(process.cpuUsage + process.ports, 0.0) << "nothing measures these";
   EXPECT_EQ(process.icon->name, "org.example.Editor");
   EXPECT_EQ(process.processPath, "/opt/\xEF\xBF\xBD/editor");
-  fakes_.applications.figures[42].virtualSize = 99 * mebibyte;
-  EXPECT_EQ(collect().at(0).virtualMemory, 300 * mebibyte) << "can't be below the resident size";
-  EXPECT_NE(collect().at(0).id, process.id);
+  EXPECT_EQ(process.distinction, "editor --new");
+  EXPECT_EQ(manager_->processMemoryHistories().at(42)->dataPoints().at(1).memoryMB, 100.0);
+  EXPECT_NE(collect().at(0), process) << "each collection makes new records";
+  ProcessInfo copy = process;
+  copy.name.clear();
+  EXPECT_EQ(copy, process) << "the same record whatever it says";
+  EXPECT_EQ(std::hash<ProcessInfo>{}(copy), std::hash<ProcessInfo>{}(process));
 }
 
-TEST_F(Collection, EstimatesWhatCannotBeInspected) {
-  fakes_.applications.applications = {
-      {.processIdentifier = 1, .activationPolicy = ActivationPolicy::regular},
-      {.processIdentifier = 2, .activationPolicy = ActivationPolicy::accessory}};
-  fakes_.applications.figures[2] = {.virtualSize = 5, .residentSize = 0, .threadCount = 3};
-  std::set<std::uint64_t> sizes[2];
-  for (int round = 0; round < 300; ++round) {
-    for (const auto& process : collect()) {
-      EXPECT_EQ(process.virtualMemory, 3 * process.memoryUsage);
-      EXPECT_EQ(process.name, "Unknown");
-      EXPECT_EQ(process.processPath, "");
-      EXPECT_EQ(process.threadCount, process.pid == 1 ? 0 : 3);
-      sizes[process.pid - 1].insert(process.memoryUsage);
-    }
+TEST(UniformNumber, IncludesBothEndsAndDrawsAgainWhatWouldBeBiased) {
+  // 2^64 mod 10 is 6: the numbers below would make some results likelier.
+  fakes::FakeRandomSource random;
+  random.numbers = {5, 0, 6, 19, 20, ~0ULL};
+  for (const std::uint64_t expected : {36U, 39U, 30U, 35U}) {
+    EXPECT_EQ(uniformNumber(random, 30, 39), expected);
   }
-  EXPECT_GE(*sizes[0].begin(), 50'000'000U);
-  EXPECT_LE(*sizes[0].rbegin(), 500'000'000U);
-  EXPECT_GT(*sizes[0].rbegin(), 400'000'000U);
-  EXPECT_LE(*sizes[1].rbegin(), 100'000'000U);
 }
 
-TEST_F(Collection, ListsTenAndRemembersAll) {
-  std::uint64_t size = 20 * mebibyte;
-  for (std::int32_t pid = 1; pid <= 12; ++pid) {
-    fakes_.applications.add(pid, std::to_string(pid), size += mebibyte);
+TEST_F(Collection, ListsWhatIsAboveTheThresholdAndEstimatesWhatCannotBeInspected) {
+  using enum ActivationPolicy;
+  struct {
+    ActivationPolicy policy;
+    std::optional<std::uint64_t> resident, reserved;
+    std::deque<std::uint64_t> drawn;  // an estimate is one of 450,000,001 or 90,000,001 sizes
+    std::uint64_t listedSize, listedVirtualSize;  // 0 when it is not listed
+  } const cases[] = {{regular, 20 * mebibyte, 20 * mebibyte, {}, 20 * mebibyte, 20 * mebibyte},
+                     {regular, 20 * mebibyte, 20 * mebibyte - 1, {}, 20 * mebibyte, 60 * mebibyte},
+                     {accessory, 10'485'761, {}, {}, 10'485'761, 31'457'283},
+                     {regular, 10'485'760, {}, {}, 0, 0},
+                     {regular, 1, {}, {}, 0, 0},
+                     {regular, 0, 5, {450'000'001}, 50'000'000, 150'000'000},
+                     {regular, {}, {}, {900'000'001}, 500'000'000, 1'500'000'000},
+                     {accessory, {}, {}, {90'000'001}, 0, 0},
+                     {accessory, 0, 5, {90'485'762}, 10'485'761, 31'457'283},
+                     {prohibited, {}, {}, {180'000'001}, 100'000'000, 300'000'000}};
+  std::int32_t pid = 0;
+  for (const auto& [policy, resident, reserved, drawn, size, virtualSize] : cases) {
+    fakes_.applications.applications = {{.processIdentifier = ++pid, .activationPolicy = policy}};
+    if (resident) fakes_.applications.figures[pid] = {reserved, resident, {}};
+    fakes_.random.numbers = drawn;
+    collect();
+    EXPECT_EQ(manager_->processMemoryHistories().contains(pid), size > 0) << pid;
+    ASSERT_EQ(names(), std::vector<std::string>(size > 0 ? 1 : 0, "Unknown")) << pid;
+    if (size == 0) continue;
+    const ProcessInfo& process = manager_->topProcesses()[0];
+    EXPECT_EQ((std::array{process.memoryUsage, process.privateMemory, process.virtualMemory}),
+              (std::array{size, size, virtualSize}))
+        << pid;
+    EXPECT_EQ(process.threadCount, 0) << pid;
+    EXPECT_EQ(process.processPath, "") << pid;
   }
-  ASSERT_EQ(collect().size(), 10U);
-  EXPECT_EQ(names().front(), "12");
-  EXPECT_EQ(names().back(), "3");
-  EXPECT_EQ(manager_->processMemoryHistories().size(), 12U);
+}
+
+TEST_F(Collection, ListsTheFirstTenByTheModeAndRemembersAll) {
+  for (std::int32_t pid = 1; pid <= 30; ++pid) {
+    fakes_.applications.add(pid, std::to_string(pid), (pid == 29 ? 800 : 20) * mebibyte);
+  }
+  collect();
+  fakes_.applications.setResident(29, 15 * mebibyte);
+  fakes_.applications.setResident(30, 300 * mebibyte);
+  // The averages are 407.5 and 160 MB at first; what is equal keeps the desktop's order.
+  const std::pair<ProcessSortMode, std::vector<std::string>> cases[] = {
+      {ProcessSortMode::average, {"29", "30", "1", "2", "3", "4", "5", "6", "7", "8"}},
+      {ProcessSortMode::current, {"30", "1", "2", "3", "4", "5", "6", "7", "8", "9"}},
+      {ProcessSortMode::peak, {"29", "30", "1", "2", "3", "4", "5", "6", "7", "8"}}};
+  for (const auto& [mode, first] : cases) {
+    manager_->setProcessSortMode(mode);
+    EXPECT_EQ(names(), first) << rawValue(mode);
+  }
+  const ProcessInfo once = manager_->topProcesses().at(0);
+  EXPECT_EQ(manager_->sortMetric(once, ProcessSortMode::current), 15.0);
+  EXPECT_EQ(manager_->sortMetric(once, ProcessSortMode::average), 211.25);
+  EXPECT_EQ(manager_->sortMetric(once, ProcessSortMode::peak), 800.0);
+  ProcessInfo unknown = once;
+  unknown.pid = 99;  // has no history
+  for (const auto& [mode, first] : cases) EXPECT_EQ(manager_->sortMetric(unknown, mode), 15.0);
+  EXPECT_EQ(manager_->processMemoryHistories().size(), 30U);
 }
 
 TEST_F(Collection, ForgetsHistoriesAfterFiveMinutes) {
-  fakes_.applications.add(1, "Gone", 20 * mebibyte);
+  for (const int pid : {1, 2}) fakes_.applications.add(pid, "Editor", 20 * mebibyte);
   collect();
   manager_->setSelectedProcess(ProcessInfo{});
   fakes_.applications.remove(1);
-  fakes_.time.advance(299s);
-  collect();
-  EXPECT_TRUE(manager_->processMemoryHistories().contains(1));
-  EXPECT_TRUE(manager_->topProcesses().empty());
-  fakes_.time.advance(1s);
-  collect();
-  EXPECT_FALSE(manager_->processMemoryHistories().contains(1));
+  for (const auto& [pause, isKept] : {std::pair(299s, true), {1s, false}, {400s, false}}) {
+    fakes_.time.advance(pause);
+    EXPECT_EQ(collect().size(), 1U);
+    EXPECT_EQ(manager_->processMemoryHistories().contains(1), isKept);
+  }
+  EXPECT_EQ(manager_->processMemoryHistories().at(2)->dataPoints().size(), 4U)
+      << "what is still listed keeps its history after any pause";
 }
 
 }  // namespace
