@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -48,7 +47,6 @@ class FakeApplications : public RunningApplications {
   std::map<std::int32_t, TaskFigures> figures;
   std::map<std::int32_t, std::string> paths;
   std::vector<std::int32_t> killed;
-  std::function<void(std::int32_t)> onKill;  ///< may change the fake world
   int collectionCount = 0;
 
  private:
@@ -56,10 +54,7 @@ class FakeApplications : public RunningApplications {
    public:
     Handle(FakeApplications& world, std::int32_t pid) : world_(world), pid_(pid) {}
 
-    void kill() const override {
-      world_.killed.push_back(pid_);
-      if (world_.onKill) world_.onKill(pid_);
-    }
+    void kill() const override { world_.killed.push_back(pid_); }
 
    private:
     FakeApplications& world_;

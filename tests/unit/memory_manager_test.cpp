@@ -111,7 +111,7 @@ TEST_F(Manager, TakesItsStepsInOrderAndAnnouncesEachBefore) {
   const auto isProcessing = [&] { return manager_->isProcessing() ? 1U : 0U; };
   const auto& posted = fakes_.notifications.requests;
   const auto requests = [&] { return posted.size(); };
-  const auto kills = [&] { return fakes_.signals.killed.size(); };
+  const auto kills = [&] { return fakes_.applications.killed.size(); };
   const auto isSelected = [&] { return manager_->selectedProcess() ? 1U : 0U; };
   EXPECT_EQ(at(lengths, [&] { manager_->updateTopProcesses(); }), (Figures{11, 21, 31, 32}));
   EXPECT_EQ(at(writes, [&] { manager_->setProcessSortMode({}); }), (Figures{0, 1, 1}));
