@@ -28,6 +28,7 @@ class TestBus {
 
   /// Leaves the daemon running but deaf.
   void pause() const { ::kill(static_cast<pid_t>(daemon_.processId()), SIGSTOP); }
+  void resume() const { ::kill(static_cast<pid_t>(daemon_.processId()), SIGCONT); }
 
   [[nodiscard]] std::string address() const { return "unix:path=" + socketPath(); }
   [[nodiscard]] std::string socketPath() const { return directory_.path("bus"); }

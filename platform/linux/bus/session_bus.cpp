@@ -1,51 +1,50 @@
 #include "platform/linux/bus/session_bus.h"
 
-#include <sys/eventfd.h>
-
-#include <QtCore/QTimer>
-#include <algorithm>
-#include <system_error>
-#include <thread>
-#include <vector>
-
-#include "platform/linux/bus/bus_address.h"
-#include "platform/linux/files/file_descriptor.h"
+#include <QtCore/QStringList>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+#include <limits>
+#include <utility>
 
 namespace orvane {
 namespace {
 
-/// The first bus of the session that answers; an unconnected one when none does.
-///
-/// The library's own connecting waits up to 25 s for a bus that accepts and says nothing, with a
-/// lock held that every other use of D-Bus in the process needs, so only a bus that has just
-/// answered is handed to it.
-QDBusConnection connectToSession(const QString& name, int cancelDescriptor,
-                                 std::chrono::milliseconds answerTimeout) {
-  for (const BusAddress& address : sessionBusAddresses()) {
-    if (!busAnswers(address, cancelDescriptor, answerTimeout)) continue;
-    QDBusConnection connection =
-        QDBusConnection::connectToBus(QString::fromStdString(address.text), name);
-    if (connection.isConnected()) return connection;
-    QDBusConnection::disconnectFromBus(name);
+constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+constexpr int toolkitPatienceMilliseconds = 300;
+constexpr int noTimeout = std::numeric_limits<int>::max();  // as libdbus defines it
+
+/// DBUS_SESSION_BUS_ADDRESS without the entries that start a bus, else the socket "bus" in
+/// XDG_RUNTIME_DIR; empty when neither is known.
+QString sessionBusAddress() {
+  if (!qEnvironmentVariableIsEmpty(addressVariable)) {
+    QStringList entries = qEnvironmentVariable(addressVariable).split(QLatin1Char(';'));
+    entries.removeIf([](const QString& entry) { return entry.startsWith(u"autolaunch:"); });
+    return entries.join(QLatin1Char(';'));
   }
-  return QDBusConnection(QString());
+  const QByteArray folder = qgetenv("XDG_RUNTIME_DIR");
+  if (!folder.startsWith('/')) return {};
+  return QString::fromLatin1("unix:path=" + folder.toPercentEncoding("/", "~") + "/bus");
 }
 
-constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
-constexpr std::chrono::milliseconds toolkitPatience{300};
+/// QDBusConnection::connectToBus waits for the bus's answer with a lock held that every other use
+/// of QtDBus needs. connectToPeer only opens the socket, and Hello is then a call like any other.
+QDBusConnection openBus(const QString& connectionName) {
+  return QDBusConnection::connectToPeer(sessionBusAddress(), connectionName);
+}
 
-bool anyBusAnswers(std::chrono::milliseconds timeout) {
-  const std::vector<BusAddress> addresses = sessionBusAddresses();
-  return std::any_of(addresses.begin(), addresses.end(), [timeout](const BusAddress& address) {
-    return busAnswers(address, -1, timeout);
-  });
+bool busAnswers(int milliseconds) {
+  const auto connectionName = QStringLiteral("orvane-greeting");
+  const QDBusMessage answer =
+      openBus(connectionName).call(busCall(QStringLiteral("Hello")), QDBus::Block, milliseconds);
+  QDBusConnection::disconnectFromPeer(connectionName);
+  return answer.type() == QDBusMessage::ReplyMessage;
 }
 
 }  // namespace
 
 void keepToolkitOffSilentBus() {
-  if (anyBusAnswers(toolkitPatience)) return;
-  // It connects once and keeps what came of it.
+  if (busAnswers(toolkitPatienceMilliseconds)) return;
+  // QDBusConnection::sessionBus connects once and keeps what came of it.
   const bool isSet = qEnvironmentVariableIsSet(addressVariable);
   const QByteArray address = qgetenv(addressVariable);
   qputenv(addressVariable, "unix:path=/nonexistent");
@@ -57,115 +56,89 @@ void keepToolkitOffSilentBus() {
   }
 }
 
-class SessionBus::Private : public QObject {
-  Q_OBJECT
-
- public:
-  Private(SessionBus* bus, SessionBusTiming timing)
-      : bus_(bus), timing_(timing), cancel_(::eventfd(0, EFD_CLOEXEC)) {
-    retry_.setSingleShot(true);
-    retry_.setTimerType(Qt::CoarseTimer);
-    retry_.setInterval(timing_.retryInterval);
-    QObject::connect(&retry_, &QTimer::timeout, this, &Private::attempt);
-  }
-
-  ~Private() override {
-    ::eventfd_write(cancel_.get(), 1);
-    if (worker_.joinable()) worker_.join();
-    disconnectCurrent();
-    // A connection that the last attempt made but this thread has not taken over.
-    if (!attemptName_.isEmpty()) QDBusConnection::disconnectFromBus(attemptName_);
-  }
-
-  void attempt() {
-    if (worker_.joinable()) worker_.join();
-    attemptName_ = QStringLiteral("orvane-%1-%2")
-                       .arg(reinterpret_cast<quintptr>(this), 0, 16)
-                       .arg(++attempts_);
-    try {
-      worker_ = std::thread([this, name = attemptName_] {
-        result_ = connectToSession(name, cancel_.get(), timing_.answerTimeout);
-        QMetaObject::invokeMethod(this, "finish", Qt::QueuedConnection);
-      });
-    } catch (const std::system_error&) {
-      // No thread can be had now: as if no bus had answered.
-      QMetaObject::invokeMethod(this, "finish", Qt::QueuedConnection);
-    }
-  }
-
-  [[nodiscard]] const QDBusConnection& connection() const { return connection_; }
-  [[nodiscard]] bool isSettled() const { return isSettled_; }
-
- private:
-  Q_SLOT void lost() {
-    if (name_.isEmpty()) return;
-    disconnectCurrent();
-    retry_.start();
-    Q_EMIT bus_->disconnected();
-  }
-
-  Q_SLOT void finish() {
-    if (worker_.joinable()) worker_.join();
-    adopt(std::exchange(result_, QDBusConnection(QString())),
-          std::exchange(attemptName_, QString()));
-    const bool isFirst = !std::exchange(isSettled_, true);
-    if (connection_.isConnected()) {
-      Q_EMIT bus_->connected();
-      return;
-    }
-    disconnectCurrent();
-    retry_.start();
-    if (isFirst) Q_EMIT bus_->unavailable();
-  }
-
-  void adopt(const QDBusConnection& connection, const QString& name) {
-    name_ = name;
-    connection_ = connection;
-    connection_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                        QStringLiteral("org.freedesktop.DBus.Local"),
-                        QStringLiteral("Disconnected"), this, SLOT(lost()));
-  }
-
-  void disconnectCurrent() {
-    if (name_.isEmpty()) return;
-    connection_ = QDBusConnection(QString());
-    QDBusConnection::disconnectFromBus(std::exchange(name_, QString()));
-  }
-
-  SessionBus* bus_;
-  SessionBusTiming timing_;
-  FileDescriptor cancel_;
-  QTimer retry_;
-  std::thread worker_;
-  QDBusConnection result_{QString()};  ///< the worker's until it is joined
-  int attempts_ = 0;
-  bool isSettled_ = false;
-  QString attemptName_;
-  QString name_;
-  QDBusConnection connection_{QString()};
-};
+QDBusMessage busCall(const QString& method, const QVariantList& arguments) {
+  const auto bus = QStringLiteral("org.freedesktop.DBus");
+  QDBusMessage message =
+      QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
+  message.setArguments(arguments);
+  return message;
+}
 
 SessionBus::SessionBus(QObject* parent, SessionBusTiming timing)
-    : QObject(parent), d_(std::make_unique<Private>(this, timing)) {}
+    : QObject(parent),
+      timing_(timing),
+      connectionName_(QStringLiteral("orvane-%1").arg(reinterpret_cast<quintptr>(this), 0, 16)) {
+  retry_.setSingleShot(true);
+  retry_.setTimerType(Qt::CoarseTimer);
+  retry_.setInterval(timing_.retryInterval);
+  connect(&retry_, &QTimer::timeout, this, &SessionBus::attempt);
+}
 
-SessionBus::~SessionBus() = default;
+SessionBus::~SessionBus() {
+  QDBusConnection::disconnectFromPeer(connectionName_);
+}
 
 void SessionBus::start() {
-  d_->attempt();
+  QTimer::singleShot(timing_.answerTimeout, this, &SessionBus::settleWithout);
+  attempt();
+}
+
+void SessionBus::attempt() {
+  connection_ = openBus(connectionName_);
+  if (!connection_.isConnected()) return QTimer::singleShot(0, this, &SessionBus::lose);
+  connection_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                      QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                      this, SLOT(lose()));
+  auto* hello = new QDBusPendingCallWatcher(
+      connection_.asyncCall(busCall(QStringLiteral("Hello")), noTimeout), this);
+  connect(hello, &QDBusPendingCallWatcher::finished, this, [this, hello] {
+    hello->deleteLater();
+    const QDBusPendingReply<QString> reply = *hello;
+    reply.isError() ? lose() : greeted(reply.value());
+  });
+}
+
+void SessionBus::greeted(const QString& uniqueName) {
+  uniqueName_ = uniqueName;
+  isSettled_ = true;
+  Q_EMIT connected();
+}
+
+void SessionBus::lose() {
+  // The end of a connection is told by Disconnected and by Hello's error.
+  if (retry_.isActive()) return;
+  connection_ = QDBusConnection(QString());
+  QDBusConnection::disconnectFromPeer(connectionName_);
+  retry_.start();
+  const bool wasConnected = !std::exchange(uniqueName_, QString()).isEmpty();
+  wasConnected ? Q_EMIT disconnected() : settleWithout();
+}
+
+void SessionBus::settleWithout() {
+  if (!std::exchange(isSettled_, true)) Q_EMIT unavailable();
 }
 
 bool SessionBus::isConnected() const {
-  return d_->connection().isConnected();
-}
-
-bool SessionBus::isSettled() const {
-  return d_->isSettled();
+  return !uniqueName_.isEmpty() && connection_.isConnected();
 }
 
 QDBusConnection SessionBus::connection() const {
-  return d_->connection();
+  return isConnected() ? connection_ : QDBusConnection(QString());
+}
+
+void SessionBus::subscribe(const QString& path, const QString& interface, const QString& signal,
+                           const QString& argument, QObject* receiver, const char* slot) {
+  const QStringList arguments = argument.isEmpty() ? QStringList() : QStringList(argument);
+  connection_.connect(QString(), path, interface, signal, arguments, QString(), receiver, slot);
+  QString rule = QStringLiteral("type='signal',path='%1',interface='%2',member='%3'")
+                     .arg(path, interface, signal);
+  if (!argument.isEmpty()) rule += QStringLiteral(",arg0='%1'").arg(argument);
+  connection_.send(busCall(QStringLiteral("AddMatch"), {rule}));
+}
+
+void SessionBus::subscribeToOwner(const QString& service, QObject* receiver, const char* slot) {
+  subscribe(QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
+            QStringLiteral("NameOwnerChanged"), service, receiver, slot);
 }
 
 }  // namespace orvane
-
-#include "session_bus.moc"

@@ -1,17 +1,18 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QTimer>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
 
 #include <chrono>
-#include <memory>
 
 namespace orvane {
 
 /// How patient a `SessionBus` is.
 struct SessionBusTiming {
   std::chrono::milliseconds retryInterval{5000};  ///< between attempts while there is no bus
-  std::chrono::milliseconds answerTimeout{5000};  ///< for a bus to answer an attempt
+  std::chrono::milliseconds answerTimeout{5000};  ///< until a silent bus counts as unavailable
 };
 
 /// Makes the toolkit do without the session bus when that accepts and says nothing. Call it before
@@ -19,11 +20,15 @@ struct SessionBusTiming {
 /// would wait for ever. Takes as long as a bus that lives needs for an answer, at most 0.3 s.
 void keepToolkitOffSilentBus();
 
-/// The user's session bus, connected without ever blocking the main thread.
+/// A call of the bus itself, org.freedesktop.DBus.
+[[nodiscard]] QDBusMessage busCall(const QString& method, const QVariantList& arguments = {});
+
+/// The user's session bus, connected without waiting for its answer. Never starts a bus.
 ///
-/// The connection is made on a thread of its own. Without a bus, and after losing it, the
-/// connection is tried again every few seconds. Threads: main thread only; the signals come from
-/// the event loop.
+/// Without a bus, and after losing it, the connection is tried again every few seconds; one that
+/// accepts and says nothing is waited for. Only a socket whose queue of connections is full holds
+/// the main thread up, as connect() does. Threads: main thread only; the signals come from the
+/// event loop.
 class SessionBus : public QObject {
   Q_OBJECT
 
@@ -37,22 +42,44 @@ class SessionBus : public QObject {
   [[nodiscard]] bool isConnected() const;
 
   /// False until the first attempt to connect has ended, one way or the other.
-  [[nodiscard]] bool isSettled() const;
+  [[nodiscard]] bool isSettled() const { return isSettled_; }
 
   /// The live connection; an unconnected one while `isConnected` is false. Only asynchronous calls
-  /// may be made on it from the main thread. Subscriptions too: `connect` with a well-known service
-  /// name waits for the bus to tell its owner, so subscribe with an empty service name instead.
+  /// may be made on it from the main thread. Qt takes it for one to a peer: it knows no
+  /// `baseService` and asks the bus for no signals.
   [[nodiscard]] QDBusConnection connection() const;
+
+  /// The connection's own name on the bus; empty while `isConnected` is false.
+  [[nodiscard]] const QString& uniqueName() const { return uniqueName_; }
+
+  /// Calls `slot` of `receiver` for the signal from whoever sends it, until the connection ends.
+  /// With `argument`, only when that is the signal's first.
+  void subscribe(const QString& path, const QString& interface, const QString& signal,
+                 const QString& argument, QObject* receiver, const char* slot);
+
+  /// The same for NameOwnerChanged of `service`: `slot` takes its name, old and new owner.
+  void subscribeToOwner(const QString& service, QObject* receiver, const char* slot);
 
  Q_SIGNALS:
   void connected();
   void disconnected();
-  /// The first attempt found no bus. Attempts go on.
+  /// The first attempt found no bus, or none that answers. Attempts go on.
   void unavailable();
 
+ private Q_SLOTS:
+  void attempt();
+  void lose();
+
  private:
-  class Private;
-  std::unique_ptr<Private> d_;
+  void greeted(const QString& uniqueName);
+  void settleWithout();
+
+  SessionBusTiming timing_;
+  QTimer retry_;
+  bool isSettled_ = false;
+  QString connectionName_;  ///< Qt's, not the bus's
+  QString uniqueName_;
+  QDBusConnection connection_{QString()};
 };
 
 }  // namespace orvane

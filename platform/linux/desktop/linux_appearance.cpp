@@ -35,13 +35,9 @@ LinuxAppearance::LinuxAppearance(SessionBus& bus) : bus_(bus) {
 }
 
 void LinuxAppearance::subscribe() {
-  QDBusConnection connection = bus_.connection();
-  connection.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"),
-                     {appearanceGroup}, QString(), this, SLOT(settingChanged(QDBusMessage)));
-  connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus"),
-                     QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameOwnerChanged"),
-                     {portalService}, QStringLiteral("sss"), this,
-                     SLOT(portalOwnerChanged(QString, QString, QString)));
+  bus_.subscribe(portalPath, settingsInterface, QStringLiteral("SettingChanged"), appearanceGroup,
+                 this, SLOT(settingChanged(QDBusMessage)));
+  bus_.subscribeToOwner(portalService, this, SLOT(portalOwnerChanged(QString, QString, QString)));
   readSetting();
 }
 

@@ -54,15 +54,11 @@ LinuxNotificationService::LinuxNotificationService(SessionBus& bus,
 }
 
 void LinuxNotificationService::subscribe() {
-  QDBusConnection connection = bus_.connection();
-  connection.connect(QString(), path, service, QStringLiteral("ActionInvoked"), this,
-                     SLOT(actionInvoked(uint, QString)));
-  connection.connect(QString(), path, service, QStringLiteral("NotificationClosed"), this,
-                     SLOT(notificationClosed(uint, uint)));
-  connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus"),
-                     QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameOwnerChanged"),
-                     {service}, QStringLiteral("sss"), this,
-                     SLOT(serviceOwnerChanged(QString, QString, QString)));
+  bus_.subscribe(path, service, QStringLiteral("ActionInvoked"), QString(), this,
+                 SLOT(actionInvoked(uint, QString)));
+  bus_.subscribe(path, service, QStringLiteral("NotificationClosed"), QString(), this,
+                 SLOT(notificationClosed(uint, uint)));
+  bus_.subscribeToOwner(service, this, SLOT(serviceOwnerChanged(QString, QString, QString)));
   settle();
 }
 

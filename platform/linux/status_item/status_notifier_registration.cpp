@@ -18,17 +18,6 @@ QString watcherName() {
   return QStringLiteral("org.kde.StatusNotifierWatcher");
 }
 
-QString busName() {
-  return QStringLiteral("org.freedesktop.DBus");
-}
-
-QDBusMessage busCall(const QString& method, const QString& argument) {
-  auto message = QDBusMessage::createMethodCall(busName(), QStringLiteral("/org/freedesktop/DBus"),
-                                                busName(), method);
-  message.setArguments({argument});
-  return message;
-}
-
 std::string processName(uint pid) {
   std::ifstream file("/proc/" + std::to_string(pid) + "/comm");
   std::string name;
@@ -61,11 +50,8 @@ void StatusNotifierRegistration::call(const QDBusMessage& message, Handler handl
 }
 
 void StatusNotifierRegistration::attach() {
-  bus_.connection().connect(QString(), QStringLiteral("/org/freedesktop/DBus"), busName(),
-                            QStringLiteral("NameOwnerChanged"), {watcherName()},
-                            QStringLiteral("sss"), this,
-                            SLOT(ownerChanged(QString, QString, QString)));
-  call(busCall(QStringLiteral("GetNameOwner"), watcherName()),
+  bus_.subscribeToOwner(watcherName(), this, SLOT(ownerChanged(QString, QString, QString)));
+  call(busCall(QStringLiteral("GetNameOwner"), {watcherName()}),
        [this](const QDBusPendingReply<QString>& reply) {
          if (!reply.isError() && reply.value() != owner_) setOwner(reply.value());
        });
@@ -87,7 +73,7 @@ void StatusNotifierRegistration::setOwner(const QString& owner) {
 // Which panel it is must be known before the item is registered: the panel asks for the icon at
 // once, and which one it needs depends on whether it draws the label.
 void StatusNotifierRegistration::identify() {
-  call(busCall(QStringLiteral("GetConnectionUnixProcessID"), owner_),
+  call(busCall(QStringLiteral("GetConnectionUnixProcessID"), {owner_}),
        [this](const QDBusPendingReply<uint>& reply) {
          setDrawsLabel(!reply.isError() && panelDrawsLabels(processName(reply.value())));
          registerItem();
@@ -104,7 +90,7 @@ void StatusNotifierRegistration::registerItem() {
   auto message =
       QDBusMessage::createMethodCall(owner_, QStringLiteral("/StatusNotifierWatcher"),
                                      watcherName(), QStringLiteral("RegisterStatusNotifierItem"));
-  message.setArguments({bus_.connection().baseService()});
+  message.setArguments({bus_.uniqueName()});
   call(message, [this](const QDBusPendingReply<>& reply) {
     if (reply.isError()) scheduleRetry();
   });
