@@ -3,7 +3,9 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <memory>
+#include <sstream>
 
 #include "platform/linux/desktop/linux_login_item.h"
 #include "tests/unit/test_bus.h"
@@ -27,6 +29,23 @@ TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
     EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(program + ".started"); })) << name;
   }
   EXPECT_NE(autostartEntry("/p%f").find("Exec=\"/p%%f\"\n"), std::string::npos) << "no field code";
+}
+
+TEST(LoginItem, theEntryIsReplacedWholeAlsoThroughASymbolicLink) {
+  const TestDirectory directory;
+  const std::string kept = directory.write("kept.desktop", "old");
+  std::filesystem::create_directory(directory.path("autostart"));
+  std::filesystem::create_symlink(kept, directory.path("autostart/orvane.desktop"));
+  std::ifstream reader(kept);
+  LinuxLoginItem item("/usr/bin/orvane", directory.path("autostart"));
+  ASSERT_EQ(item.registerItem(), std::nullopt);
+  EXPECT_EQ(readFile(kept), autostartEntry("/usr/bin/orvane"));
+  std::ostringstream held;
+  held << reader.rdbuf();
+  EXPECT_EQ(held.str(), "old") << "written into, not replaced";
+  std::filesystem::remove_all(directory.path("autostart"));
+  directory.write("autostart", "a file where the folder is to be");
+  EXPECT_EQ(item.registerItem(), "Not a directory");
 }
 
 }  // namespace

@@ -1,14 +1,11 @@
 #include "platform/linux/desktop/linux_login_item.h"
 
-#include <unistd.h>
-
+#include <QtCore/QFile>
+#include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
-#include <cerrno>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
-
-#include "platform/linux/files/atomic_file.h"
 
 namespace orvane {
 namespace {
@@ -48,8 +45,8 @@ std::string escapedValue(const std::string& value) {
   return escaped;
 }
 
-std::string entryPath(const std::string& directory) {
-  return directory + "/orvane.desktop";
+QString entryPath(const std::string& directory) {
+  return QString::fromStdString(directory) + QStringLiteral("/orvane.desktop");
 }
 
 }  // namespace
@@ -78,12 +75,18 @@ LoginItem::Error LinuxLoginItem::registerItem() {
   std::error_code error;
   std::filesystem::create_directories(directory_, error);
   if (error) return error.message();
-  return writeFileAtomically(entryPath(directory_), autostartEntry(program_));
+  QSaveFile file(entryPath(directory_));
+  if (file.open(QIODevice::WriteOnly)) {
+    file.write(QByteArray::fromStdString(autostartEntry(program_)));
+    if (file.commit()) return std::nullopt;
+  }
+  return file.errorString().toStdString();
 }
 
 LoginItem::Error LinuxLoginItem::unregisterItem() {
-  if (::unlink(entryPath(directory_).c_str()) == 0) return std::nullopt;
-  return std::generic_category().message(errno);
+  QFile file(entryPath(directory_));
+  if (file.remove()) return std::nullopt;
+  return file.errorString().toStdString();
 }
 
 }  // namespace orvane
