@@ -1,7 +1,6 @@
 #include "platform/linux/runtime/termination_signals.h"
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <sys/eventfd.h>
 
 #include <QtCore/QSocketNotifier>
 #include <array>
@@ -15,13 +14,12 @@ namespace {
 constexpr std::array<int, 3> terminationSignals = {SIGTERM, SIGINT, SIGHUP};
 
 // A signal handler gets no argument of ours, so what it needs lies here.
-std::atomic<int> signalPipe{-1};
+std::atomic<int> signalEvent{-1};
 static_assert(std::atomic<int>::is_always_lock_free);
 
 void handleSignal(int /*signal*/) {
   const int saved = errno;
-  const char byte = 1;
-  [[maybe_unused]] const auto written = ::write(signalPipe.load(), &byte, 1);
+  ::eventfd_write(signalEvent.load(), 1);
   errno = saved;
 }
 
@@ -39,28 +37,25 @@ void setHandler(void (*handler)(int)) {
 
 }  // namespace
 
-// A pipe and not a signal descriptor: that needs the signals blocked, and a blocked signal would
-// stay blocked in every program we start.
-TerminationSignals::TerminationSignals(std::function<void()> handler) {
-  std::array<int, 2> ends{};
-  if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
-  readEnd_ = FileDescriptor(ends[0]);
-  writeEnd_ = FileDescriptor(ends[1]);
-  notifier_ = std::make_unique<QSocketNotifier>(readEnd_.get(), QSocketNotifier::Read);
+// An eventfd and not a signalfd: that needs the signals blocked, and a blocked signal would stay
+// blocked in every program we start.
+TerminationSignals::TerminationSignals(std::function<void()> handler)
+    : event_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+  if (!event_.isOpen()) return;
+  notifier_ = std::make_unique<QSocketNotifier>(event_.get(), QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
                    [this, handler = std::move(handler)] {
-                     std::array<char, 16> bytes{};
-                     [[maybe_unused]] const auto count =
-                         ::read(readEnd_.get(), bytes.data(), bytes.size());
+                     eventfd_t count = 0;
+                     ::eventfd_read(event_.get(), &count);
                      handler();
                    });
-  signalPipe = writeEnd_.get();
+  signalEvent = event_.get();
   setHandler(handleSignal);
 }
 
 TerminationSignals::~TerminationSignals() {
   setHandler(SIG_DFL);
-  signalPipe = -1;
+  signalEvent = -1;
 }
 
 }  // namespace orvane

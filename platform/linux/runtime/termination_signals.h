@@ -21,8 +21,7 @@ class TerminationSignals {
   ~TerminationSignals();
 
  private:
-  FileDescriptor readEnd_;
-  FileDescriptor writeEnd_;
+  FileDescriptor event_;
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 
