@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QObject>
 #include <memory>
 
 #include "platform/dispatch.h"
@@ -10,15 +11,11 @@ namespace orvane {
 /// every thread that submits to it.
 class LinuxMainQueue : public MainQueue {
  public:
-  LinuxMainQueue();
-  ~LinuxMainQueue() override;
-
   void async(Block block) override;
   void after(Duration delay, Block block) override;
 
  private:
-  class Context;
-  std::unique_ptr<Context> context_;  ///< its end drops what is pending
+  QObject context_;  ///< its end drops what is pending
 };
 
 /// Timers on Qt's event loop, coarse ones: the kernel may wake the program for several at once.
