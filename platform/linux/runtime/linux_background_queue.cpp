@@ -14,13 +14,10 @@ constexpr std::chrono::seconds retryInterval{1};
 }  // namespace
 
 LinuxBackgroundQueue::~LinuxBackgroundQueue() {
-  {
-    const std::scoped_lock lock(mutex_);
-    isEnding_ = true;
-    blocks_.clear();
-  }
+  const std::scoped_lock lock(mutex_);
+  isEnding_ = true;
+  blocks_.clear();
   ending_.notify_all();
-  for (Worker& worker : workers_) worker.thread.join();
 }
 
 void LinuxBackgroundQueue::async(Block block) {
@@ -31,11 +28,11 @@ void LinuxBackgroundQueue::async(Block block) {
 }
 
 void LinuxBackgroundQueue::addWorker() {
-  joinFinished();
+  workers_.remove_if([](const Worker& worker) { return worker.finished; });
   if (blocks_.empty() || workers_.size() == mostWorkers) return;
   Worker& worker = workers_.emplace_back();
   try {
-    worker.thread = std::thread([this, &worker] { work(worker); });
+    worker.thread = std::jthread([this, &worker] { work(worker); });
   } catch (const std::system_error&) {
     workers_.pop_back();
     if (!workers_.empty()) return;
@@ -62,13 +59,6 @@ void LinuxBackgroundQueue::work(Worker& worker) {
     lock.lock();
   }
   worker.finished = true;
-}
-
-void LinuxBackgroundQueue::joinFinished() {
-  workers_.remove_if([](Worker& worker) {
-    if (worker.finished) worker.thread.join();
-    return worker.finished;
-  });
 }
 
 }  // namespace orvane

@@ -13,7 +13,7 @@ namespace orvane {
 
 /// At most two threads, made when there is work and gone when there is none. Blocks that haven't
 /// begun when the queue is destroyed are dropped. While the system gives no thread at all, blocks
-/// wait: it is asked again every second.
+/// wait: it is asked again every second. QThreadPool would lose the block it has no thread for.
 class LinuxBackgroundQueue : public BackgroundQueue {
  public:
   LinuxBackgroundQueue() = default;
@@ -24,21 +24,20 @@ class LinuxBackgroundQueue : public BackgroundQueue {
 
  private:
   struct Worker {
-    std::thread thread;
+    std::jthread thread;  ///< joined by its end
     bool finished = false;
   };
 
   void work(Worker& worker);
   /// Starts a worker when there is work for one. Needs the lock.
   void addWorker();
-  void joinFinished();
 
   std::mutex mutex_;
   std::condition_variable ending_;
   bool isEnding_ = false;
   std::deque<Block> blocks_;
-  std::list<Worker> workers_;
   QObject retries_;  ///< on whose thread the system is asked again
+  std::list<Worker> workers_;
 };
 
 }  // namespace orvane
