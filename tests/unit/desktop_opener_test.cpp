@@ -17,7 +17,8 @@ class DesktopOpener : public ::testing::Test {
  protected:
   DesktopOpener() {
     std::ofstream(file("xdg-open"))
-        << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" \"$(cat /proc/self/oom_score_adj)\" > "
+        << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" \"$(cat /proc/self/oom_score_adj)\" "
+           "\"$PWD\" \"$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 | uniq)\" > "
         << file("part") << "\nmv " << file("part") << ' ' << file("opened") << "\necho noise\n";
     std::filesystem::permissions(file("xdg-open"), std::filesystem::perms::owner_all);
   }
@@ -53,7 +54,8 @@ TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
   opener.openUrl("https://a b");
   opener.openUrl("mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)");
   EXPECT_EQ(opened(), "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)|" +
-                          std::to_string(before) + "|" + adjustment + "|");
+                          std::to_string(before) + "|" + adjustment + "|" +
+                          std::filesystem::current_path().string() + "|/dev/null|");
   limit.rlim_cur = before;
   setrlimit(RLIMIT_NOFILE, &limit);
 }

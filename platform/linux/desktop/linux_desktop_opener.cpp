@@ -1,6 +1,5 @@
 #include "platform/linux/desktop/linux_desktop_opener.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QStringList>
 #include <QtCore/QUrl>
@@ -69,11 +68,11 @@ void LinuxDesktopOpener::openFolderOf(const std::string& path) const {
 void LinuxDesktopOpener::launchOpener(const QByteArray& address) const {
   const QString xdgOpen = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
   const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+  const QString argument = QString::fromUtf8(address);
   if (!xdgOpen.isEmpty()) {
-    launchDetached({QFile::encodeName(xdgOpen).toStdString(), address.toStdString()}, inherited_);
+    launchDetached({xdgOpen, argument}, inherited_);
   } else if (!gio.isEmpty()) {
-    launchDetached({QFile::encodeName(gio).toStdString(), "open", address.toStdString()},
-                   inherited_);
+    launchDetached({gio, QStringLiteral("open"), argument}, inherited_);
   }
 }
 
