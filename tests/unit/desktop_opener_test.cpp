@@ -7,6 +7,7 @@
 #include "platform/linux/bus/session_bus.h"
 #include "platform/linux/desktop/linux_desktop_opener.h"
 #include "platform/linux/memory/linux_memory_claims.h"
+#include "platform/linux/runtime/linux_standard_output.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {
@@ -18,7 +19,8 @@ class DesktopOpener : public ::testing::Test {
   DesktopOpener() {
     std::ofstream(file("xdg-open"))
         << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" \"$(cat /proc/self/oom_score_adj)\" "
-           "\"$PWD\" \"$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 | uniq)\" > "
+           "\"$PWD\" \"$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 | uniq)\" "
+           "\"$((0x$(sed -n 's/^SigIgn:.//p' /proc/$$/status) & 0x1000))\" > "
         << file("part") << "\nmv " << file("part") << ' ' << file("opened") << "\necho noise\n";
     std::filesystem::permissions(file("xdg-open"), std::filesystem::perms::owner_all);
   }
@@ -48,6 +50,7 @@ TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
   LinuxDesktopOpener opener(bus);
   limit.rlim_cur = before - 10;
   setrlimit(RLIMIT_NOFILE, &limit);
+  const LinuxStandardOutput ignoresBrokenPipes;
   LinuxMemoryClaims claims;
   auto claim = claims.claim(1024);  // as during a boost
   opener.openUrl("--help");
@@ -55,7 +58,7 @@ TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
   opener.openUrl("mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)");
   EXPECT_EQ(opened(), "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)|" +
                           std::to_string(before) + "|" + adjustment + "|" +
-                          std::filesystem::current_path().string() + "|/dev/null|");
+                          std::filesystem::current_path().string() + "|/dev/null|0|");
   limit.rlim_cur = before;
   setrlimit(RLIMIT_NOFILE, &limit);
 }

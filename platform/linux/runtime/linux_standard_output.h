@@ -7,11 +7,12 @@
 namespace orvane {
 
 /// Lines on a descriptor, one write each. A line that can't be taken at once (a reader that stands
-/// still) is dropped rather than waited for, and a closed reader does no harm.
+/// still) is dropped rather than waited for. A closed reader does no harm: the process ignores
+/// SIGPIPE from here on.
 class LinuxStandardOutput : public StandardOutput {
  public:
   /// The descriptor stays the caller's.
-  explicit LinuxStandardOutput(int descriptor = 1) : descriptor_(descriptor) {}
+  explicit LinuxStandardOutput(int descriptor = 1);
 
   void printLine(std::string_view line) override;
 
