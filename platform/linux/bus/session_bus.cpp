@@ -89,13 +89,12 @@ void SessionBus::attempt() {
   connection_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                       QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
                       this, SLOT(lose()));
-  auto* hello = new QDBusPendingCallWatcher(
-      connection_.asyncCall(busCall(QStringLiteral("Hello")), noTimeout), this);
-  connect(hello, &QDBusPendingCallWatcher::finished, this, [this, hello] {
-    hello->deleteLater();
-    const QDBusPendingReply<QString> reply = *hello;
-    reply.isError() ? lose() : greeted(reply.value());
-  });
+  call(
+      busCall(QStringLiteral("Hello")), this,
+      [this](const QDBusPendingReply<QString>& reply) {
+        reply.isError() ? lose() : greeted(reply.value());
+      },
+      noTimeout);
 }
 
 void SessionBus::greeted(const QString& uniqueName) {
@@ -124,6 +123,16 @@ bool SessionBus::isConnected() const {
 
 QDBusConnection SessionBus::connection() const {
   return isConnected() ? connection_ : QDBusConnection(QString());
+}
+
+void SessionBus::call(const QDBusMessage& message, QObject* context,
+                      std::function<void(const QDBusPendingCall&)> handler, int timeout) const {
+  auto* watcher = new QDBusPendingCallWatcher(connection_.asyncCall(message, timeout), context);
+  connect(watcher, &QDBusPendingCallWatcher::finished, context,
+          [watcher, answered = std::move(handler)] {
+            watcher->deleteLater();
+            answered(*watcher);
+          });
 }
 
 void SessionBus::subscribe(const QString& path, const QString& interface, const QString& signal,

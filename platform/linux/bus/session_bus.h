@@ -4,8 +4,10 @@
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCall>
 
 #include <chrono>
+#include <functional>
 
 namespace orvane {
 
@@ -51,6 +53,10 @@ class SessionBus : public QObject {
 
   /// The connection's own name on the bus; empty while `isConnected` is false.
   [[nodiscard]] const QString& uniqueName() const { return uniqueName_; }
+
+  /// Sends `message` and calls `handler` with the answer or the error, unless `context` is gone.
+  void call(const QDBusMessage& message, QObject* context,
+            std::function<void(const QDBusPendingCall&)> handler, int timeout = -1) const;
 
   /// Calls `slot` of `receiver` for the signal from whoever sends it, until the connection ends.
   /// With `argument`, only when that is the signal's first.

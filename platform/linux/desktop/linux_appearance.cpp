@@ -1,7 +1,6 @@
 #include "platform/linux/desktop/linux_appearance.h"
 
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 
 #include "platform/linux/bus/session_bus.h"
@@ -45,10 +44,7 @@ void LinuxAppearance::readSetting() {
   QDBusMessage message = QDBusMessage::createMethodCall(portalService, portalPath,
                                                         settingsInterface, QStringLiteral("Read"));
   message << appearanceGroup << colorSchemeKey;
-  auto* watcher = new QDBusPendingCallWatcher(bus_.connection().asyncCall(message), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-    watcher->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *watcher;
+  bus_.call(message, this, [this](const QDBusPendingReply<QDBusVariant>& reply) {
     if (!reply.isError()) setScheme(schemeFrom(QVariant::fromValue(reply.value())));
   });
 }

@@ -3,13 +3,9 @@
 #include <QtCore/QStandardPaths>
 #include <QtCore/QStringList>
 #include <QtCore/QUrl>
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
 
 #include <filesystem>
-#include <memory>
 #include <system_error>
 
 #include "platform/linux/bus/session_bus.h"
@@ -50,12 +46,12 @@ void LinuxDesktopOpener::revealFile(const std::string& path) {
   std::error_code error;
   if (!path.starts_with('/')) return;
   if (!bus_.isConnected() || !std::filesystem::exists(path, error)) return openFolderOf(path);
-  const auto call = bus_.connection().asyncCall(showItemsCall(path), answerMilliseconds);
-  auto* watcher = std::make_unique<QDBusPendingCallWatcher>(call, &answers_).release();
-  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &answers_, [this, path, watcher] {
-    watcher->deleteLater();
-    if (watcher->isError()) openFolderOf(path);
-  });
+  bus_.call(
+      showItemsCall(path), &answers_,
+      [this, path](const QDBusPendingCall& answer) {
+        if (answer.isError()) openFolderOf(path);
+      },
+      answerMilliseconds);
 }
 
 void LinuxDesktopOpener::openFolderOf(const std::string& path) const {

@@ -3,7 +3,6 @@
 #include <QtCore/QVariantMap>
 #include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCallWatcher>
 #include <utility>
 
 #include "platform/linux/bus/session_bus.h"
@@ -73,13 +72,9 @@ void LinuxNotificationService::whenConnected(std::function<void(const Error&)> s
 }
 
 void LinuxNotificationService::call(const QDBusMessage& message, Reply reply) {
-  auto* watcher = new QDBusPendingCallWatcher(bus_.connection().asyncCall(message), this);
-  connect(
-      watcher, &QDBusPendingCallWatcher::finished, this, [watcher, answered = std::move(reply)] {
-        watcher->deleteLater();
-        const QDBusMessage answer = watcher->reply();
-        answered(answer, watcher->isError() ? Error(description(watcher->error())) : std::nullopt);
-      });
+  bus_.call(message, this, [answered = std::move(reply)](const QDBusPendingCall& answer) {
+    answered(answer.reply(), answer.isError() ? Error(description(answer.error())) : std::nullopt);
+  });
 }
 
 void LinuxNotificationService::withCapabilities(std::function<void(const Error&)> step) {

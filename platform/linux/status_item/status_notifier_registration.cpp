@@ -1,7 +1,5 @@
 #include "platform/linux/status_item/status_notifier_registration.h"
 
-#include <QtDBus/QDBusPendingCall>
-#include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 #include <fstream>
 #include <string>
@@ -41,12 +39,10 @@ void StatusNotifierRegistration::start() {
 
 template <typename Handler>
 void StatusNotifierRegistration::call(const QDBusMessage& message, Handler handler) {
-  auto* watcher = new QDBusPendingCallWatcher(bus_.connection().asyncCall(message), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this,
-          [this, watcher, handler, generation = generation_] {
-            watcher->deleteLater();
-            if (generation == generation_) handler(*watcher);
-          });
+  bus_.call(message, this,
+            [this, handler, generation = generation_](const QDBusPendingCall& answer) {
+              if (generation == generation_) handler(answer);
+            });
 }
 
 void StatusNotifierRegistration::attach() {
