@@ -31,34 +31,6 @@ void registerStatusNotifierTypes() {
   qDBusRegisterMetaType<QList<int>>();
 }
 
-QDBusArgument& operator<<(QDBusArgument& argument, const StatusNotifierPixmap& pixmap) {
-  argument.beginStructure();
-  argument << pixmap.width << pixmap.height << pixmap.bytes;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, StatusNotifierPixmap& pixmap) {
-  argument.beginStructure();
-  argument >> pixmap.width >> pixmap.height >> pixmap.bytes;
-  argument.endStructure();
-  return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const StatusNotifierToolTip& toolTip) {
-  argument.beginStructure();
-  argument << toolTip.iconName << toolTip.icon << toolTip.title << toolTip.text;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, StatusNotifierToolTip& toolTip) {
-  argument.beginStructure();
-  argument >> toolTip.iconName >> toolTip.icon >> toolTip.title >> toolTip.text;
-  argument.endStructure();
-  return argument;
-}
-
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayoutItem& item) {
   argument.beginStructure();
   argument << item.id << item.properties;
@@ -81,48 +53,6 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayoutItem& i
     item.children.append(qdbus_cast<MenuLayoutItem>(child.variant()));
   }
   argument.endArray();
-  argument.endStructure();
-  return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuItemProperties& item) {
-  argument.beginStructure();
-  argument << item.id << item.properties;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuItemProperties& item) {
-  argument.beginStructure();
-  argument >> item.id >> item.properties;
-  argument.endStructure();
-  return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuItemPropertyNames& item) {
-  argument.beginStructure();
-  argument << item.id << item.names;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuItemPropertyNames& item) {
-  argument.beginStructure();
-  argument >> item.id >> item.names;
-  argument.endStructure();
-  return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event) {
-  argument.beginStructure();
-  argument << event.id << event.type << event.data << event.timestamp;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event) {
-  argument.beginStructure();
-  argument >> event.id >> event.type >> event.data >> event.timestamp;
   argument.endStructure();
   return argument;
 }

@@ -2,11 +2,11 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
-#include <QtCore/QMetaType>
 #include <QtCore/QString>
 #include <QtCore/QVariantMap>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusVariant>
+#include <tuple>
 #include <vector>
 
 #include "platform/status_bar.h"
@@ -19,6 +19,9 @@ struct StatusNotifierPixmap {
   int height = 0;
   QByteArray bytes;
 
+  static constexpr std::tuple fields{&StatusNotifierPixmap::width, &StatusNotifierPixmap::height,
+                                     &StatusNotifierPixmap::bytes};
+
   bool operator==(const StatusNotifierPixmap&) const = default;
 };
 using StatusNotifierPixmaps = QList<StatusNotifierPixmap>;
@@ -29,6 +32,9 @@ struct StatusNotifierToolTip {
   StatusNotifierPixmaps icon;
   QString title;
   QString text;
+
+  static constexpr std::tuple fields{&StatusNotifierToolTip::iconName, &StatusNotifierToolTip::icon,
+                                     &StatusNotifierToolTip::title, &StatusNotifierToolTip::text};
 
   bool operator==(const StatusNotifierToolTip& other) const {
     return title == other.title && text == other.text;
@@ -46,12 +52,16 @@ struct MenuLayoutItem {
 struct MenuItemProperties {
   int id = 0;
   QVariantMap properties;
+
+  static constexpr std::tuple fields{&MenuItemProperties::id, &MenuItemProperties::properties};
 };
 
 /// Names of the properties that one menu entry lost, "(ias)".
 struct MenuItemPropertyNames {
   int id = 0;
   QStringList names;
+
+  static constexpr std::tuple fields{&MenuItemPropertyNames::id, &MenuItemPropertyNames::names};
 };
 
 /// Something that happened to a menu entry, "(isvu)".
@@ -60,6 +70,9 @@ struct MenuEvent {
   QString type;
   QDBusVariant data;
   uint timestamp = 0;
+
+  static constexpr std::tuple fields{&MenuEvent::id, &MenuEvent::type, &MenuEvent::data,
+                                     &MenuEvent::timestamp};
 };
 
 /// The pictures in the byte order of the bus.
@@ -68,24 +81,29 @@ struct MenuEvent {
 /// Makes the types above known to the bus library; may be called again.
 void registerStatusNotifierTypes();
 
-QDBusArgument& operator<<(QDBusArgument& argument, const StatusNotifierPixmap& pixmap);
-const QDBusArgument& operator>>(const QDBusArgument& argument, StatusNotifierPixmap& pixmap);
-QDBusArgument& operator<<(QDBusArgument& argument, const StatusNotifierToolTip& toolTip);
-const QDBusArgument& operator>>(const QDBusArgument& argument, StatusNotifierToolTip& toolTip);
+/// A type whose `fields` are those of one structure on the bus, in their order.
+template <typename T>
+concept BusStructure = requires {
+  T::fields;
+};
+
+template <BusStructure T>
+QDBusArgument& operator<<(QDBusArgument& argument, const T& structure) {
+  argument.beginStructure();
+  std::apply([&](auto... field) { (argument << ... << (structure.*field)); }, T::fields);
+  argument.endStructure();
+  return argument;
+}
+
+template <BusStructure T>
+const QDBusArgument& operator>>(const QDBusArgument& argument, T& structure) {
+  argument.beginStructure();
+  std::apply([&](auto... field) { (argument >> ... >> (structure.*field)); }, T::fields);
+  argument.endStructure();
+  return argument;
+}
+
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayoutItem& item);
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayoutItem& item);
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuItemProperties& item);
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuItemProperties& item);
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuItemPropertyNames& item);
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuItemPropertyNames& item);
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event);
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event);
 
 }  // namespace orvane
-
-Q_DECLARE_METATYPE(orvane::StatusNotifierPixmap)
-Q_DECLARE_METATYPE(orvane::StatusNotifierToolTip)
-Q_DECLARE_METATYPE(orvane::MenuLayoutItem)
-Q_DECLARE_METATYPE(orvane::MenuItemProperties)
-Q_DECLARE_METATYPE(orvane::MenuItemPropertyNames)
-Q_DECLARE_METATYPE(orvane::MenuEvent)
