@@ -1,5 +1,6 @@
 #include "platform/linux/desktop/linux_login_item.h"
 
+#include <QtCore/QByteArray>
 #include <QtCore/QFile>
 #include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
@@ -23,26 +24,12 @@ std::string quotedArgument(const std::string& argument) {
 
 /// `value` as the value of a key: the file format has escapes of its own.
 std::string escapedValue(const std::string& value) {
-  std::string escaped;
-  for (const char character : value) {
-    switch (character) {
-      case '\\':
-        escaped += "\\\\";
-        break;
-      case '\n':
-        escaped += "\\n";
-        break;
-      case '\r':
-        escaped += "\\r";
-        break;
-      case '\t':
-        escaped += "\\t";
-        break;
-      default:
-        escaped += character;
-    }
-  }
-  return escaped;
+  return QByteArray::fromStdString(value)
+      .replace("\\", "\\\\")
+      .replace("\n", "\\n")
+      .replace("\r", "\\r")
+      .replace("\t", "\\t")
+      .toStdString();
 }
 
 QString entryPath(const std::string& directory) {

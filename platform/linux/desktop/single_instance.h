@@ -13,7 +13,8 @@ namespace orvane {
 /// Makes sure that one user runs the program once on one desktop.
 ///
 /// The first instance listens on a socket that vanishes with its process; a later one finds it,
-/// asks it to show itself and can leave. Nothing here blocks or prints. Threads: main thread only.
+/// asks it to show itself and can leave. Nothing here blocks or prints. QLocalServer is part of
+/// Qt's Network, which the panel alone doesn't load. Threads: main thread only.
 class SingleInstance {
  public:
   /// `session` tells the user's desktops apart, for example the display's name.
