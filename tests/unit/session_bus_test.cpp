@@ -71,14 +71,22 @@ TEST(SessionBus, waitsForASilentBusWithoutHoldingAnybodyUp) {
     SessionBus given;
     given.start();
   }
-  SessionBus bus(nullptr, {milliseconds(20), milliseconds(50)});
-  bus.start();
-  EXPECT_LT(clock.elapsed(), 5000);
-  ASSERT_TRUE(waitUntil([&] { return bus.isSettled(); }));
-  EXPECT_FALSE(bus.isConnected());
-  EXPECT_FALSE(bus.connection().isConnected());
-  daemon.resume();
-  EXPECT_TRUE(waitUntil([&] { return bus.isConnected(); }));
+  for (const bool dies : {false, true}) {
+    daemon.pause();
+    clock.start();
+    SessionBus bus(nullptr, {milliseconds(20), milliseconds(50)});
+    bus.start();
+    EXPECT_LT(clock.elapsed(), 5000);
+    ASSERT_TRUE(waitUntil([&] { return bus.isSettled(); }));
+    EXPECT_FALSE(bus.connection().isConnected());
+    if (dies) {
+      daemon.kill();
+      daemon.start();
+    } else {
+      daemon.resume();
+    }
+    EXPECT_TRUE(waitUntil([&] { return bus.isConnected(); })) << dies;
+  }
 }
 
 }  // namespace
