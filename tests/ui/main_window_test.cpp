@@ -122,7 +122,7 @@ TEST_F(MainWindowTest, UsageArcSpringsToANewFigure) {
   show();
   EXPECT_DOUBLE_EQ(arc("usageArc").to(), 0.5625);
   int steps = 0;
-  QObject::connect(&arc("usageArc"), &GradientArc::changed, [&] {
+  QObject::connect(&arc("usageArc"), &GradientArc::toChanged, [&] {
     const double to = arc("usageArc").to();
     steps += to > 0.5625 && to != 0.875 ? 1 : 0;
   });

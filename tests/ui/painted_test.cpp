@@ -43,6 +43,10 @@ class PaintedTest : public testing::Test {
     item.setPosition(place.topLeft());
     item.setSize(place.size());
   }
+  static void set(QQuickItem& item,
+                  std::initializer_list<std::pair<const char*, QVariant>> inputs) {
+    for (const auto& [name, value] : inputs) EXPECT_TRUE(item.setProperty(name, value)) << name;
+  }
   QImage picture() {
     window_->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
@@ -54,10 +58,8 @@ class PaintedTest : public testing::Test {
 
 TEST_F(PaintedTest, ArcRunsClockwiseAndIsPaintedOnlyWhenAnInputChanges) {
   GradientArc arc;
-  arc.setColors({Qt::red});
-  arc.setLineWidth(6);
-  arc.setTo(0.25);
-  arc.setStartRotation(-90);
+  const auto red = QVariant::fromValue(QList<QColor>{Qt::red});
+  set(arc, {{"colors", red}, {"lineWidth", 6}, {"to", 0.25}, {"startRotation", -90}});
   add(arc, {15, 15, 50, 50});
   const QImage image = picture();
   EXPECT_EQ(image.pixelColor(57, 22), QColor(Qt::red)) << "top right quarter";
@@ -67,7 +69,7 @@ TEST_F(PaintedTest, ArcRunsClockwiseAndIsPaintedOnlyWhenAnInputChanges) {
   EXPECT_EQ(image.pixelColor(57, 57), QColor(Qt::white)) << "bottom right quarter";
   arc.setRotation(90);
   arc.setX(20);
-  arc.setColors({Qt::red});
+  set(arc, {{"colors", red}});
   (void)picture();
   EXPECT_EQ(arc.paintCount(), 1) << "turned, moved and set to what it was";
   arc.setTo(0);
@@ -77,9 +79,7 @@ TEST_F(PaintedTest, ArcRunsClockwiseAndIsPaintedOnlyWhenAnInputChanges) {
 
 TEST_F(PaintedTest, AShadowIsSoftAroundItsRectangleAndAbsentInside) {
   RectangleShadow shadow;
-  shadow.setRadius(12);
-  shadow.setBlurRadius(8);
-  shadow.setColor(Qt::black);
+  set(shadow, {{"radius", 12}, {"blurRadius", 8}, {"color", QColor(Qt::black)}});
   add(shadow, {20, 20, 40, 40});
   const QImage image = picture();
   EXPECT_EQ(image.pixelColor(40, 40), QColor(Qt::white)) << "cut out";

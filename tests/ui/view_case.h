@@ -82,7 +82,7 @@ class ViewCase : public testing::Test {
     const auto symbols = view_->rootObject()->findChildren<Symbol*>();
     EXPECT_GT(symbols.size(), 2);
     for (const auto* symbol : symbols) {
-      const QString name = symbol->name();
+      const QString name = symbol->property("name").toString();
       EXPECT_TRUE(name.isEmpty() || !Symbol::drawing(name).isEmpty()) << qPrintable(name);
     }
   }

@@ -43,10 +43,9 @@ QPainterPath bubblePath(const QRectF& bounds, double radius, double arrow, bool 
   return rectangle.united(place.map(arrowPath(arrow)));
 }
 
-void Bubble::announce(bool isNew) {
-  if (!isNew) return;
+void Bubble::inputChanged() {
+  PaintedItem::inputChanged();
   polish();
-  Q_EMIT changed();
 }
 
 void Bubble::paint(QPainter& painter) const {

@@ -8,16 +8,14 @@
 namespace orvane {
 
 QPainterPath GradientArc::path() const {
-  const double from = std::clamp(from_, 0.0, 1.0);
-  const double to = std::clamp(to_, 0.0, 1.0);
+  const double part = std::clamp(to_, 0.0, 1.0);
   const QRectF bounds(0, 0, width(), height());
   QPainterPath path;
-  if (to <= from) return path;
-  if (to - from >= 1) {
+  if (part >= 1) {
     path.addEllipse(bounds);
-  } else {
-    path.arcMoveTo(bounds, -360 * from);
-    path.arcTo(bounds, -360 * from, -360 * (to - from));
+  } else if (part > 0) {
+    path.arcMoveTo(bounds, 0);
+    path.arcTo(bounds, 0, -360 * part);
   }
   return path;
 }

@@ -17,43 +17,30 @@ class GradientArc : public orvane::PaintedItem {
   QML_ELEMENT
 
   /// The part of the circle's length that is drawn, 0 to 1, clockwise from three o'clock.
-  Q_PROPERTY(double from READ from WRITE setFrom NOTIFY changed)
-  Q_PROPERTY(double to READ to WRITE setTo NOTIFY changed)
-  Q_PROPERTY(double lineWidth READ lineWidth WRITE setLineWidth NOTIFY changed)
-  Q_PROPERTY(bool roundCaps READ roundCaps WRITE setRoundCaps NOTIFY changed)
+  Q_PROPERTY(double to READ to WRITE setTo NOTIFY toChanged)
+  Q_PROPERTY(double lineWidth MEMBER lineWidth_ NOTIFY changed)
+  Q_PROPERTY(bool roundCaps MEMBER roundCaps_ NOTIFY changed)
   /// One to three colours.
-  Q_PROPERTY(QList<QColor> colors READ colors WRITE setColors NOTIFY changed)
-  Q_PROPERTY(QPointF gradientStart READ gradientStart WRITE setGradientStart NOTIFY changed)
-  Q_PROPERTY(QPointF gradientEnd READ gradientEnd WRITE setGradientEnd NOTIFY changed)
+  Q_PROPERTY(QList<QColor> colors MEMBER colors_ NOTIFY changed)
+  Q_PROPERTY(QPointF gradientStart MEMBER gradientStart_ NOTIFY changed)
+  Q_PROPERTY(QPointF gradientEnd MEMBER gradientEnd_ NOTIFY changed)
   /// Degrees by which the finished drawing, gradient included, is turned clockwise.
-  Q_PROPERTY(double startRotation READ startRotation WRITE setStartRotation NOTIFY changed)
+  Q_PROPERTY(double startRotation MEMBER startRotation_ NOTIFY changed)
 
  public:
-  [[nodiscard]] double from() const { return from_; }
   [[nodiscard]] double to() const { return to_; }
-  [[nodiscard]] double lineWidth() const { return lineWidth_; }
-  [[nodiscard]] bool roundCaps() const { return roundCaps_; }
-  [[nodiscard]] QList<QColor> colors() const { return colors_; }
-  [[nodiscard]] QPointF gradientStart() const { return gradientStart_; }
-  [[nodiscard]] QPointF gradientEnd() const { return gradientEnd_; }
-  [[nodiscard]] double startRotation() const { return startRotation_; }
 
-  void setFrom(double value) { announce(assign(from_, value)); }
   /// Paints again only for a change that can be seen.
-  void setTo(double value) { announce(assignStep(to_, value, circumference())); }
+  void setTo(double value) {
+    if (assignStep(to_, value, circumference())) Q_EMIT toChanged();
+  }
   /// Whether it shows when the end goes from where it is to `value`: no use animating less.
   Q_INVOKABLE [[nodiscard]] bool isVisibleWay(double value) const {
     return isVisibleMove((value - to_) * circumference());
   }
-  void setLineWidth(double value) { announce(assign(lineWidth_, value)); }
-  void setRoundCaps(bool value) { announce(assign(roundCaps_, value)); }
-  void setColors(const QList<QColor>& value) { announce(assign(colors_, value)); }
-  void setGradientStart(QPointF value) { announce(assign(gradientStart_, value)); }
-  void setGradientEnd(QPointF value) { announce(assign(gradientEnd_, value)); }
-  void setStartRotation(double value) { announce(assign(startRotation_, value)); }
 
  Q_SIGNALS:
-  void changed();
+  void toChanged();
 
  protected:
   void paint(QPainter& painter) const override;
@@ -64,14 +51,10 @@ class GradientArc : public orvane::PaintedItem {
  private:
   /// The part of the circle before it is turned; empty when nothing is drawn.
   [[nodiscard]] QPainterPath path() const;
-  /// How the drawing of one copy is turned about the centre.
+  /// Turns the drawing about the centre by `startRotation`.
   [[nodiscard]] QTransform turn() const;
   [[nodiscard]] double circumference() const { return std::numbers::pi * width(); }
-  void announce(bool isNew) {
-    if (isNew) Q_EMIT changed();
-  }
 
-  double from_ = 0;
   double to_ = 1;
   double lineWidth_ = 1;
   bool roundCaps_ = false;

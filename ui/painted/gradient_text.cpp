@@ -8,17 +8,16 @@
 
 namespace orvane {
 
-void GradientText::measureIf(bool isNew) {
-  if (!isNew) return;
+void GradientText::inputChanged() {
+  PaintedItem::inputChanged();
   const QFontMetricsF metrics(font_);
   setImplicitSize(std::ceil(metrics.horizontalAdvance(text_)), std::ceil(metrics.height()));
-  Q_EMIT changed();
 }
 
 void GradientText::paint(QPainter& painter) const {
   const QRectF bounds(0, 0, width(), height());
   painter.setFont(font_);
-  painter.setPen(QPen(unitGradient(colors_, bounds, gradientStart_, gradientEnd_), 1));
+  painter.setPen(QPen(unitGradient(colors_, bounds, {0, 0}, {1, 1}), 1));
   painter.drawText(bounds, Qt::AlignCenter | Qt::TextSingleLine, text_);
 }
 

@@ -69,8 +69,8 @@ void HistoryChart::paintArea(QPainter& painter, const QList<QPointF>& points) co
 void HistoryChart::paintLine(QPainter& painter, const QList<QPointF>& points) const {
   QPainterPath line(points.front());
   for (qsizetype i = 1; i < points.size(); ++i) line.lineTo(points[i]);
-  QPen pen(unitGradient(lineColors_, line.boundingRect(), {0, 0}, {1, 0}), lineWidth_,
-           Qt::SolidLine, Qt::FlatCap, Qt::SvgMiterJoin);
+  QPen pen(unitGradient(lineColors_, line.boundingRect(), {0, 0}, {1, 0}), lineWidth, Qt::SolidLine,
+           Qt::FlatCap, Qt::SvgMiterJoin);
   pen.setMiterLimit(miterLimit);
   painter.setBrush(Qt::NoBrush);
   painter.setPen(pen);

@@ -22,50 +22,25 @@ class HistoryChart : public orvane::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
 
-  Q_PROPERTY(QList<double> values READ values WRITE setValues NOTIFY changed)
-  Q_PROPERTY(double minimum READ minimum WRITE setMinimum NOTIFY changed)
-  Q_PROPERTY(double maximum READ maximum WRITE setMaximum NOTIFY changed)
-  Q_PROPERTY(double lineWidth READ lineWidth WRITE setLineWidth NOTIFY changed)
+  Q_PROPERTY(QList<double> values MEMBER values_ NOTIFY changed)
+  Q_PROPERTY(double minimum MEMBER minimum_ NOTIFY changed)
+  Q_PROPERTY(double maximum MEMBER maximum_ NOTIFY changed)
   /// From the leading to the trailing edge of the line.
-  Q_PROPERTY(QList<QColor> lineColors READ lineColors WRITE setLineColors NOTIFY changed)
+  Q_PROPERTY(QList<QColor> lineColors MEMBER lineColors_ NOTIFY changed)
   /// From the top to the bottom edge of the area.
-  Q_PROPERTY(QList<QColor> areaColors READ areaColors WRITE setAreaColors NOTIFY changed)
-  Q_PROPERTY(int gridLines READ gridLines WRITE setGridLines NOTIFY changed)
-  Q_PROPERTY(QColor gridColor READ gridColor WRITE setGridColor NOTIFY changed)
-
- public:
-  [[nodiscard]] QList<double> values() const { return values_; }
-  [[nodiscard]] double minimum() const { return minimum_; }
-  [[nodiscard]] double maximum() const { return maximum_; }
-  [[nodiscard]] double lineWidth() const { return lineWidth_; }
-  [[nodiscard]] QList<QColor> lineColors() const { return lineColors_; }
-  [[nodiscard]] QList<QColor> areaColors() const { return areaColors_; }
-  [[nodiscard]] int gridLines() const { return gridLines_; }
-  [[nodiscard]] QColor gridColor() const { return gridColor_; }
-
-  void setValues(const QList<double>& value) { announce(assign(values_, value)); }
-  void setMinimum(double value) { announce(assign(minimum_, value)); }
-  void setMaximum(double value) { announce(assign(maximum_, value)); }
-  void setLineWidth(double value) { announce(assign(lineWidth_, value)); }
-  void setLineColors(const QList<QColor>& value) { announce(assign(lineColors_, value)); }
-  void setAreaColors(const QList<QColor>& value) { announce(assign(areaColors_, value)); }
-  void setGridLines(int value) { announce(assign(gridLines_, value)); }
-  void setGridColor(const QColor& value) { announce(assign(gridColor_, value)); }
-
- Q_SIGNALS:
-  void changed();
+  Q_PROPERTY(QList<QColor> areaColors MEMBER areaColors_ NOTIFY changed)
+  Q_PROPERTY(int gridLines MEMBER gridLines_ NOTIFY changed)
+  Q_PROPERTY(QColor gridColor MEMBER gridColor_ NOTIFY changed)
 
  protected:
   void paint(QPainter& painter) const override;
   // The farthest a mitred corner of the line may reach.
-  [[nodiscard]] double overhang() const override { return miterLimit * lineWidth_ / 2; }
+  [[nodiscard]] double overhang() const override { return miterLimit * lineWidth / 2; }
 
  private:
+  static constexpr double lineWidth = 2;
   static constexpr double miterLimit = 10;
 
-  void announce(bool isNew) {
-    if (isNew) Q_EMIT changed();
-  }
   void paintGrid(QPainter& painter) const;
   void paintArea(QPainter& painter, const QList<QPointF>& points) const;
   void paintLine(QPainter& painter, const QList<QPointF>& points) const;
@@ -73,7 +48,6 @@ class HistoryChart : public orvane::PaintedItem {
   QList<double> values_;
   double minimum_ = 0;
   double maximum_ = 100;
-  double lineWidth_ = 2;
   QList<QColor> lineColors_;
   QList<QColor> areaColors_;
   int gridLines_ = 0;

@@ -12,6 +12,13 @@ namespace orvane {
 PaintedItem::PaintedItem(QQuickItem* parent) : QQuickItem(parent) {
   setFlag(ItemHasContents);
   setSmooth(false);
+  connect(this, &PaintedItem::changed, this, &PaintedItem::inputChanged);
+}
+
+void PaintedItem::setDetail(double value) {
+  if (value <= 0 || value > 1 || value == detail_) return;
+  detail_ = value;
+  Q_EMIT changed();
 }
 
 bool PaintedItem::isVisibleMove(double points) const {

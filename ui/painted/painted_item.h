@@ -14,37 +14,31 @@ namespace orvane {
 /// Paints in device pixels, aligned to them, so that edges are crisp at any scale. Set `smooth` on
 /// an item that turns or grows.
 ///
-/// Subclasses name it with its namespace: the type registration of QML finds it by that name only.
+/// Inputs are properties with MEMBER and NOTIFY changed, which QML alone sets. Subclasses name this
+/// class with its namespace: the type registration of QML finds it by that name only.
 class PaintedItem : public QQuickItem {
   Q_OBJECT
   QML_ANONYMOUS
 
   /// Pixels of the picture for each device pixel, at most 1. What is soft anyway, a shadow or a
   /// wide gradient, looks the same with fewer and takes a fraction of the memory.
-  Q_PROPERTY(double detail READ detail WRITE setDetail NOTIFY detailChanged)
+  Q_PROPERTY(double detail READ detail WRITE setDetail NOTIFY changed)
   /// Points by which the drawing is out of focus: for a glow or a shadow; see paintBlurred. 0 at
   /// first: sharp.
-  Q_PROPERTY(double blurRadius READ blurRadius WRITE setBlurRadius NOTIFY blurRadiusChanged)
+  Q_PROPERTY(double blurRadius MEMBER blurRadius_ NOTIFY changed)
 
  public:
   explicit PaintedItem(QQuickItem* parent = nullptr);
 
   [[nodiscard]] double detail() const { return detail_; }
-  void setDetail(double value) {
-    if (value > 0 && value <= 1 && assign(detail_, value)) Q_EMIT detailChanged();
-  }
-
-  [[nodiscard]] double blurRadius() const { return blurRadius_; }
-  void setBlurRadius(double value) {
-    if (assign(blurRadius_, value)) Q_EMIT blurRadiusChanged();
-  }
+  void setDetail(double value);
 
   /// How often the item has painted itself.
   [[nodiscard]] int paintCount() const { return paintCount_; }
 
  Q_SIGNALS:
-  void detailChanged();
-  void blurRadiusChanged();
+  /// An input that the picture depends on has another value.
+  void changed();
 
  protected:
   /// Paints the item, its origin at (0, 0), in points.
@@ -62,18 +56,12 @@ class PaintedItem : public QQuickItem {
   /// Whether something that moves by `points` looks different on the screen.
   [[nodiscard]] bool isVisibleMove(double points) const;
 
-  /// Paints again before the next frame. For setters: repaints only when the value is new.
-  void repaint();
-  template <typename T>
-  bool assign(T& member, const T& value) {
-    if (member == value) return false;
-    member = value;
-    repaint();
-    return true;
-  }
+  /// Follows each `changed`, before whoever else listens to it.
+  virtual void inputChanged() { repaint(); }
 
-  /// The same for a value that moves in small steps: repaints only once what is seen lies visibly
-  /// off it. A step of 1 moves the drawing by `length` points.
+  /// Stores the value of an input that moves in small steps: repaints only once what is seen lies
+  /// visibly off it. A step of 1 moves the drawing by `length` points. Gives whether the value is
+  /// new. The property's signal must not be `changed`, which repaints.
   bool assignStep(double& member, double value, double length);
 
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
@@ -81,6 +69,8 @@ class PaintedItem : public QQuickItem {
   void itemChange(ItemChange change, const ItemChangeData& data) override;
 
  private:
+  /// Paints again before the next frame.
+  void repaint();
   /// Where the picture lies: what is painted, and how far its blur reaches.
   [[nodiscard]] QRectF pictureArea() const;
   [[nodiscard]] QImage render(const QRectF& area, QPointF offset, double scale) const;

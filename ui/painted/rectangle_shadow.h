@@ -13,22 +13,10 @@ class RectangleShadow : public orvane::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
 
-  Q_PROPERTY(double radius READ radius WRITE setRadius NOTIFY changed)  ///< of the corners
+  Q_PROPERTY(double radius MEMBER radius_ NOTIFY changed)  ///< of the corners
   /// Points by which the shadow lies lower than the rectangle.
-  Q_PROPERTY(double drop READ drop WRITE setDrop NOTIFY changed)
-  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)
-
- public:
-  [[nodiscard]] double radius() const { return radius_; }
-  [[nodiscard]] double drop() const { return drop_; }
-  [[nodiscard]] QColor color() const { return color_; }
-
-  void setRadius(double value) { announce(assign(radius_, value)); }
-  void setDrop(double value) { announce(assign(drop_, value)); }
-  void setColor(const QColor& value) { announce(assign(color_, value)); }
-
- Q_SIGNALS:
-  void changed();
+  Q_PROPERTY(double drop MEMBER drop_ NOTIFY changed)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
 
  protected:
   void paint(QPainter& painter) const override;
@@ -36,10 +24,6 @@ class RectangleShadow : public orvane::PaintedItem {
   [[nodiscard]] double overhang() const override { return drop_; }
 
  private:
-  void announce(bool isNew) {
-    if (isNew) Q_EMIT changed();
-  }
-
   double radius_ = 0;
   double drop_ = 0;
   QColor color_ = Qt::black;

@@ -13,44 +13,19 @@ class SmoothRectangle : public orvane::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
 
-  Q_PROPERTY(double radius READ radius WRITE setRadius NOTIFY changed)
-  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)
+  Q_PROPERTY(double radius MEMBER radius_ NOTIFY changed)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
   /// Two or three colours instead of `color`.
-  Q_PROPERTY(
-      QList<QColor> gradientColors READ gradientColors WRITE setGradientColors NOTIFY changed)
-  Q_PROPERTY(QPointF gradientStart READ gradientStart WRITE setGradientStart NOTIFY changed)
-  Q_PROPERTY(QPointF gradientEnd READ gradientEnd WRITE setGradientEnd NOTIFY changed)
-  Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor NOTIFY changed)
-  Q_PROPERTY(double borderWidth READ borderWidth WRITE setBorderWidth NOTIFY changed)
-
- public:
-  [[nodiscard]] double radius() const { return radius_; }
-  [[nodiscard]] QColor color() const { return color_; }
-  [[nodiscard]] QList<QColor> gradientColors() const { return gradientColors_; }
-  [[nodiscard]] QPointF gradientStart() const { return gradientStart_; }
-  [[nodiscard]] QPointF gradientEnd() const { return gradientEnd_; }
-  [[nodiscard]] QColor borderColor() const { return borderColor_; }
-  [[nodiscard]] double borderWidth() const { return borderWidth_; }
-
-  void setRadius(double value) { announce(assign(radius_, value)); }
-  void setColor(const QColor& value) { announce(assign(color_, value)); }
-  void setGradientColors(const QList<QColor>& value) { announce(assign(gradientColors_, value)); }
-  void setGradientStart(QPointF value) { announce(assign(gradientStart_, value)); }
-  void setGradientEnd(QPointF value) { announce(assign(gradientEnd_, value)); }
-  void setBorderColor(const QColor& value) { announce(assign(borderColor_, value)); }
-  void setBorderWidth(double value) { announce(assign(borderWidth_, value)); }
-
- Q_SIGNALS:
-  void changed();
+  Q_PROPERTY(QList<QColor> gradientColors MEMBER gradientColors_ NOTIFY changed)
+  Q_PROPERTY(QPointF gradientStart MEMBER gradientStart_ NOTIFY changed)
+  Q_PROPERTY(QPointF gradientEnd MEMBER gradientEnd_ NOTIFY changed)
+  Q_PROPERTY(QColor borderColor MEMBER borderColor_ NOTIFY changed)
+  Q_PROPERTY(double borderWidth MEMBER borderWidth_ NOTIFY changed)
 
  protected:
   void paint(QPainter& painter) const override;
 
  private:
-  void announce(bool isNew) {
-    if (isNew) Q_EMIT changed();
-  }
-
   double radius_ = 0;
   QColor color_ = Qt::transparent;
   QList<QColor> gradientColors_;

@@ -8,23 +8,14 @@
 
 namespace orvane {
 
-namespace {
-
-/// Side of a symbol's square, in points, beside text of `pointSize`.
-double sideOf(double pointSize) {
-  return std::round(pointSize * 1.25);
-}
-
-}  // namespace
-
 Symbol::Symbol() {
-  setImplicitSize(sideOf(pointSize_), sideOf(pointSize_));
+  Symbol::inputChanged();
 }
 
-void Symbol::setPointSize(double value) {
-  if (!assign(pointSize_, value)) return;
-  setImplicitSize(sideOf(value), sideOf(value));
-  Q_EMIT changed();
+void Symbol::inputChanged() {
+  PaintedItem::inputChanged();
+  const double side = std::round(pointSize_ * 1.25);
+  setImplicitSize(side, side);
 }
 
 QString Symbol::drawing(const QString& name) {
