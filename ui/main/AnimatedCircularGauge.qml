@@ -105,7 +105,7 @@ Item {
             objectName: "percentage"
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.usageText
-            font: Theme.roundedFont(38, Font.Bold)
+            font: Theme.systemFont(38, Font.Bold)
             colors: usageColors.text
         }
 

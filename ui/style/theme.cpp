@@ -58,15 +58,15 @@ bool Theme::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-QFont Theme::systemFont(double size, int weight) const {
+QFont Theme::systemFont(double size, int weight) {
   return sized(QGuiApplication::font(), size, weight);
 }
 
-QFont Theme::monospacedFont(double size, int weight) const {
+QFont Theme::monospacedFont(double size, int weight) {
   return sized(QFontDatabase::systemFont(QFontDatabase::FixedFont), size, weight);
 }
 
-QVariantList Motion::springCurve(double response, double damping) const {
+QVariantList Motion::springCurve(double response, double damping) {
   QVariantList curve;
   for (const QPointF& point : orvane::springCurve({response, damping})) {
     curve << point.x() << point.y();
@@ -74,7 +74,7 @@ QVariantList Motion::springCurve(double response, double damping) const {
   return curve;
 }
 
-int Motion::springDuration(double response, double damping) const {
+int Motion::springDuration(double response, double damping) {
   return static_cast<int>(std::lround(1000 * springSettlingTime({response, damping})));
 }
 
