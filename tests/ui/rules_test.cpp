@@ -10,9 +10,9 @@ namespace orvane {
 namespace {
 
 TEST(ProcessText, TruncatesGridLabels) {
-  EXPECT_EQ(historyGridLabels(200, 100), QStringLiteral("200 166 133 100").split(u' '));
-  EXPECT_EQ(historyGridLabels(99.9, 99.9), QStringLiteral("99 99 99 99").split(u' '));
-  EXPECT_EQ(historyGridLabels(1234567.9, 0.5),
+  EXPECT_EQ(ProcessText::gridLabels(200, 100), QStringLiteral("200 166 133 100").split(u' '));
+  EXPECT_EQ(ProcessText::gridLabels(99.9, 99.9), QStringLiteral("99 99 99 99").split(u' '));
+  EXPECT_EQ(ProcessText::gridLabels(1234567.9, 0.5),
             QStringLiteral("1234567 823045 411522 0").split(u' '));
 }
 
@@ -20,9 +20,9 @@ TEST(ProcessText, CutsAPathInItsMiddleOnly) {
   const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   const double width = QFontMetricsF(font).horizontalAdvance(QString(20, QLatin1Char('m')));
   const QString fits = QString(38, QLatin1Char('a'));
-  EXPECT_EQ(middleElidedText(fits, font, width, 2), fits);
+  EXPECT_EQ(ProcessText::middleElided(fits, font, width, 2), fits);
 
-  const QString cut = middleElidedText(
+  const QString cut = ProcessText::middleElided(
       QStringLiteral("/start/") + QString(500, QLatin1Char('b')) + QStringLiteral("/end"), font,
       width, 2);
   EXPECT_TRUE(cut.startsWith(QStringLiteral("/start/")) && cut.endsWith(QStringLiteral("/end")));
@@ -33,13 +33,14 @@ TEST(ProcessText, CutsAPathInItsMiddleOnly) {
 TEST(ProcessText, CopiesWhatACutPathStandsFor) {
   const QString text = QStringLiteral("/start/of/the/way/end");
   const QString cut = QStringLiteral("/sta\u2026/end");
-  EXPECT_EQ(uncutPart(text, text, 1, 6), QStringLiteral("start"));
-  EXPECT_EQ(uncutPart(text, cut, 0, 9), text);
-  EXPECT_EQ(uncutPart(text, cut, 1, 4), QStringLiteral("sta"));
-  EXPECT_EQ(uncutPart(text, cut, 6, 9), QStringLiteral("end"));
-  EXPECT_EQ(uncutPart(text, cut, 4, 5), QStringLiteral("rt/of/the/way"));
-  EXPECT_EQ(uncutPart(text, cut, 2, 6), QStringLiteral("ta") + QStringLiteral("rt/of/the/way/"));
-  EXPECT_EQ(uncutPart(text, cut, 3, 3), QString());
+  EXPECT_EQ(ProcessText::uncutPart(text, text, 1, 6), QStringLiteral("start"));
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 0, 9), text);
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 1, 4), QStringLiteral("sta"));
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 6, 9), QStringLiteral("end"));
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 4, 5), QStringLiteral("rt/of/the/way"));
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 2, 6),
+            QStringLiteral("ta") + QStringLiteral("rt/of/the/way/"));
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 3, 3), QString());
 }
 
 constexpr QRect screen{0, 0, 1000, 800};

@@ -1,6 +1,5 @@
 #include "ui/dialogs/update_texts.h"
 
-#include "core/memory_stats.h"
 #include "ui/style/formats.h"
 
 namespace orvane {
@@ -18,10 +17,9 @@ struct Describe {
   }
 
   UpdateTexts operator()(const UpdateOffer& offer) const {
-    const QString size = offer.downloadBytes
-                             ? QStringLiteral(" (%1)").arg(megabytesText(
-                                   static_cast<double>(*offer.downloadBytes) / bytesPerMB, 1))
-                             : QString();
+    const QString size = offer.downloadBytes ? QStringLiteral(" (%1)").arg(Format::bytesInMB(
+                                                   static_cast<double>(*offer.downloadBytes), 1))
+                                             : QString();
     return {.headline = QStringLiteral("A new version is available"),
             .message = QStringLiteral("Orvane %1 can be downloaded%2. You have version %3.")
                            .arg(QString::fromStdString(offer.version), size, runningVersion),

@@ -14,7 +14,7 @@ Item {
     property color trackColor: Theme.counterTrack
     readonly property real share: Format.fraction(bytes, total)
     readonly property string shareText: showsPercentage ? "(" + Format.percent(share * 100, 1) + ")" : ""
-    readonly property string sizeText: Format.gigabytes(bytes, 2)
+    readonly property string sizeText: Format.bytesInGB(bytes, 2)
 
     implicitHeight: bar.y + bar.height
     Accessible.role: Accessible.StaticText

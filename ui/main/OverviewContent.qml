@@ -61,21 +61,21 @@ Item {
             CompactStatCard {
                 width: cards.cardWidth
                 title: qsTr("Free")
-                value: Format.gigabytes(root.model.availableBytes, 1)
+                value: Format.bytesInGB(root.model.availableBytes, 1)
                 valueColor: Theme.green
             }
 
             CompactStatCard {
                 width: cards.cardWidth
                 title: qsTr("Used")
-                value: Format.gigabytes(root.model.usedBytes, 1)
+                value: Format.bytesInGB(root.model.usedBytes, 1)
                 valueColor: Theme.orange
             }
 
             CompactStatCard {
                 width: cards.cardWidth
                 title: qsTr("Total")
-                value: Format.gigabytes(root.model.totalBytes, 1)
+                value: Format.bytesInGB(root.model.totalBytes, 1)
                 valueColor: Theme.blue
             }
         }

@@ -1,6 +1,7 @@
 #include "ui/model/memory_model.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "ui/style/formats.h"
 
@@ -42,15 +43,16 @@ double MemoryModel::usagePercentage() const {
 }
 
 QString MemoryModel::usedOfTotalText() const {
-  return gigabytesText(usedBytes(), 1) + QStringLiteral(" / ") + gigabytesText(totalBytes(), 1);
+  return Format::bytesInGB(usedBytes(), 1) + QStringLiteral(" / ") +
+         Format::bytesInGB(totalBytes(), 1);
 }
 
 QString MemoryModel::wholePercentText() const {
-  return orvane::wholePercentText(usagePercentage());
+  return Format::percent(std::trunc(usagePercentage()), 0);
 }
 
 QString MemoryModel::percentText() const {
-  return orvane::percentText(usagePercentage(), 1);
+  return Format::percent(usagePercentage(), 1);
 }
 
 QList<double> MemoryModel::usageHistory() const {
@@ -95,7 +97,7 @@ QString MemoryModel::topConsumersText() const {
   for (std::size_t i = 0; i < count; ++i) sum += bytes(processes[i].memoryUsage);
   return QStringLiteral("Top %1 apps use %2 of memory")
       .arg(count)
-      .arg(orvane::percentText(fraction(sum, usedBytes()) * 100, 1));
+      .arg(Format::percent(Format::fraction(sum, usedBytes()) * 100, 1));
 }
 
 void MemoryModel::killProcess(const ProcessRecord& record) {

@@ -25,7 +25,7 @@ QVariant ProcessListModel::data(const QModelIndex& index, int role) const {
     case iconSourceRole:
       return row.record.iconSource();
     case memoryTextRole:
-      return megabytesText(row.figure, 0);
+      return Format::figureInMB(row.figure, 0);
     case isLargeRole:
       return row.figure > largeFigure;
     case isSelectedRole:

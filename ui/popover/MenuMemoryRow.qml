@@ -52,7 +52,7 @@ Item {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: Text.AlignRight
-        text: Format.gigabytes(root.bytes, 1)
+        text: Format.bytesInGB(root.bytes, 1)
         textFormat: Text.PlainText
         font: Theme.monospacedFont(10)
         color: Theme.secondaryLabel

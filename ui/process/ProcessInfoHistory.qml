@@ -87,7 +87,7 @@ ProcessInfoSection {
                 Text {
                     id: figure
 
-                    text: Format.megabytes(entry.modelData.figure, 0)
+                    text: Format.figureInMB(entry.modelData.figure, 0)
                     font: Theme.systemFont(10, Font.DemiBold)
                     color: entry.modelData.color
                     Accessible.ignored: true

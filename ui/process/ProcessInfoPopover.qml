@@ -81,7 +81,7 @@ FocusScope {
                     icon: "square.fill"
                     iconColor: Theme.blue
                     label: qsTr("Physical Memory")
-                    value: ProcessText.megabytes(root.record.privateBytes, 1)
+                    value: Format.bytesInMB(root.record.privateBytes, 1)
                 }
 
                 MemoryInfoRow {
@@ -89,7 +89,7 @@ FocusScope {
                     icon: "square.fill"
                     iconColor: Theme.purple
                     label: qsTr("Virtual Memory")
-                    value: Format.gigabytes(root.record.virtualBytes, 2)
+                    value: Format.bytesInGB(root.record.virtualBytes, 2)
                 }
             }
         }

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/memory_stats.h"
 #include "ui/style/formats.h"
 
 namespace orvane {
@@ -14,7 +13,11 @@ namespace orvane {
 namespace {
 
 constexpr int gridSteps = 3;
-constexpr int secondsPerMinute = 60;
+constexpr int historyPointsPerMinute = 12;
+
+QString pidText(const ProcessRecord& record) {
+  return QStringLiteral("PID: %1").arg(record.pid());
+}
 
 int lineCount(const QString& text, const QFont& font, double width) {
   QTextLayout layout(text, font);
@@ -43,43 +46,39 @@ QString withoutMiddle(const QString& text, qsizetype kept) {
 
 }  // namespace
 
-QString historyDurationText(int points) {
-  const int minutes = points * historySecondsPerPoint / secondsPerMinute;
+QString ProcessText::historyDuration(int points) {
+  const int minutes = points / historyPointsPerMinute;
   return minutes < 1 ? QString() : QStringLiteral("Last %1 min").arg(minutes);
 }
 
-QStringList historyGridLabels(double peak, double minimum) {
+QStringList ProcessText::gridLabels(double peak, double minimum) {
   QStringList labels;
   for (int step = 0; step <= gridSteps; ++step) {
     const double value = peak - step * (peak - minimum) / gridSteps;
-    labels << fixedNumber(std::isfinite(value) ? std::trunc(value) : 0.0, 0);
+    labels << Format::number(std::isfinite(value) ? std::trunc(value) : 0.0, 0);
   }
   return labels;
 }
 
-QString pidText(const ProcessRecord& record) {
-  return QStringLiteral("PID: %1").arg(record.pid());
-}
-
-QString identityText(const ProcessRecord& record) {
+QString ProcessText::identity(const ProcessRecord& record) {
   const QString distinction = record.distinction();
   return distinction.isEmpty() ? pidText(record)
                                : pidText(record) + QStringLiteral(" \u00b7 ") + distinction;
 }
 
-QString locationText(const ProcessRecord& record) {
+QString ProcessText::location(const ProcessRecord& record) {
   const QString path = record.path();
   return path.isEmpty() ? pidText(record) : path;
 }
 
-QString killQuestion(const ProcessRecord& record) {
+QString ProcessText::killQuestion(const ProcessRecord& record) {
   // Not arg(): a name may contain "%1" itself. The isolates keep a name written from right to left
   // from turning what follows it.
   return QStringLiteral("Are you sure you want to kill '\u2068") + record.name() +
          QStringLiteral("\u2069'? Unsaved data will be lost.");
 }
 
-QString middleElidedText(const QString& text, const QFont& font, double width, int lines) {
+QString ProcessText::middleElided(const QString& text, const QFont& font, double width, int lines) {
   if (lineCount(text, font, width) <= lines) return text;
   qsizetype fits = 0;
   qsizetype tooMany = text.size();
@@ -91,7 +90,7 @@ QString middleElidedText(const QString& text, const QFont& font, double width, i
   return withoutMiddle(text, fits);
 }
 
-QString uncutPart(const QString& text, const QString& cut, int from, int to) {
+QString ProcessText::uncutPart(const QString& text, const QString& cut, int from, int to) {
   const auto* const mark = std::mismatch(cut.begin(), cut.end(), text.begin(), text.end()).first;
   const auto place = [&](qsizetype position) {
     return position <= mark - cut.begin() ? position : position + text.size() - cut.size();
@@ -100,7 +99,7 @@ QString uncutPart(const QString& text, const QString& cut, int from, int to) {
 }
 
 void ProcessText::copyPart(const QString& text, const QString& cut, int from, int to,
-                           bool forMiddleClick) const {
+                           bool forMiddleClick) {
   const QString part = uncutPart(text, cut, from, to);
   QClipboard* clipboard = QGuiApplication::clipboard();
   if (part.isEmpty()) return;
@@ -112,10 +111,6 @@ void ProcessText::copyPart(const QString& text, const QString& cut, int from, in
         clipboard, [clipboard, part] { clipboard->setText(part, QClipboard::Selection); },
         Qt::QueuedConnection);
   }
-}
-
-QString ProcessText::megabytes(double bytes, int decimals) const {
-  return megabytesText(bytes / bytesPerMB, decimals);
 }
 
 }  // namespace orvane

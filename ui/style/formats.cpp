@@ -1,33 +1,28 @@
 #include "ui/style/formats.h"
 
-#include <cmath>
-
+#include "core/memory_stats.h"
 #include "core/number_format.h"
 
 namespace orvane {
 
-QString fixedNumber(double value, int decimals) {
+QString Format::number(double value, int decimals) {
   return QString::fromStdString(fixedText(value, decimals));
 }
 
-QString gigabytesText(double bytes, int decimals) {
-  return fixedNumber(bytes / bytesPerGB, decimals) + QStringLiteral(" GB");
+QString Format::bytesInGB(double bytes, int decimals) {
+  return number(bytes / (1024 * bytesPerMB), decimals) + QStringLiteral(" GB");
 }
 
-QString megabytesText(double megabytes, int decimals) {
-  return fixedNumber(megabytes, decimals) + QStringLiteral(" MB");
+QString Format::bytesInMB(double bytes, int decimals) {
+  return figureInMB(bytes / bytesPerMB, decimals);
 }
 
-QString percentText(double percentage, int decimals) {
-  return fixedNumber(percentage, decimals) + QStringLiteral("%");
+QString Format::figureInMB(double megabytes, int decimals) {
+  return number(megabytes, decimals) + QStringLiteral(" MB");
 }
 
-QString wholePercentText(double percentage) {
-  return percentText(std::trunc(percentage), 0);
-}
-
-double fraction(double part, double whole) {
-  return whole > 0 ? part / whole : 0.0;
+QString Format::percent(double percentage, int decimals) {
+  return number(percentage, decimals) + QStringLiteral("%");
 }
 
 }  // namespace orvane
