@@ -30,17 +30,19 @@ QPainterPath arrowPath(double length) {
 
 }  // namespace
 
-QPainterPath bubblePath(const QRectF& bounds, double radius, double arrow, bool arrowOnRight,
-                        double tip) {
-  const QRectF body = bounds.adjusted(arrowOnRight ? 0 : arrow, 0, arrowOnRight ? -arrow : 0, 0);
+QPainterPath Bubble::outline(double inset) const {
+  const QRectF bounds = boundingRect().adjusted(inset, inset, -inset, -inset);
+  const double radius = radius_ - inset;
+  const QRectF body =
+      bounds.adjusted(arrowOnRight_ ? 0 : arrow_, 0, arrowOnRight_ ? -arrow_ : 0, 0);
   const QPainterPath rectangle = smoothRectanglePath(body, radius);
-  if (arrow <= 0) return rectangle;
-  const double clear = std::min(bounds.height() / 2, radius * 1.3 + arrow * 1.1);
-  const double y = std::clamp(tip, clear, std::max(clear, bounds.height() - clear));
+  if (arrow_ <= 0) return rectangle;
+  const double clear = std::min(bounds.height() / 2, radius * 1.3 + arrow_ * 1.1);
+  const double tip = std::clamp(arrowTip_ - inset, clear, std::max(clear, bounds.height() - clear));
   QTransform place;
-  place.translate(arrowOnRight ? bounds.right() : bounds.left(), bounds.top() + y);
-  if (arrowOnRight) place.scale(-1, 1);
-  return rectangle.united(place.map(arrowPath(arrow)));
+  place.translate(arrowOnRight_ ? bounds.right() : bounds.left(), bounds.top() + tip);
+  if (arrowOnRight_) place.scale(-1, 1);
+  return rectangle.united(place.map(arrowPath(arrow_)));
 }
 
 void Bubble::inputChanged() {
@@ -49,24 +51,16 @@ void Bubble::inputChanged() {
 }
 
 void Bubble::paint(QPainter& painter) const {
-  const QRectF bounds(0, 0, width(), height());
-  painter.fillPath(bubblePath(bounds, radius_, arrow_, arrowOnRight_, arrowTip_), color_);
-  if (borderColor_.alpha() == 0) return;
-  const double inset = borderWidth / 2;
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(borderColor_, borderWidth));
-  painter.drawPath(bubblePath(bounds.adjusted(inset, inset, -inset, -inset), radius_ - inset,
-                              arrow_, arrowOnRight_, arrowTip_ - inset));
+  painter.fillPath(outline(0), color_);
+  if (borderColor_.alpha() != 0) {
+    painter.strokePath(outline(borderWidth / 2), QPen(borderColor_, borderWidth));
+  }
 }
 
 void Bubble::updatePolish() {
   if (window() == nullptr) return;
   QRegion mask;
-  if (cutsWindow_ && arrow_ > 0) {
-    const QRectF bounds(0, 0, width(), height());
-    mask = QRegion(
-        bubblePath(bounds, radius_, arrow_, arrowOnRight_, arrowTip_).toFillPolygon().toPolygon());
-  }
+  if (cutsWindow_ && arrow_ > 0) mask = QRegion(outline(0).toFillPolygon().toPolygon());
   if (mask != window()->mask()) window()->setMask(mask);
 }
 

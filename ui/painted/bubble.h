@@ -8,12 +8,6 @@
 
 namespace orvane {
 
-/// Outline of a rectangle with continuous corners whose arrow reaches the edge of `bounds`:
-/// `arrow` points long, on the left or the right, its tip at `tip` from the top, kept clear of the
-/// corners. Without an arrow the rectangle fills `bounds`.
-[[nodiscard]] QPainterPath bubblePath(const QRectF& bounds, double radius, double arrow,
-                                      bool arrowOnRight, double tip);
-
 /// The background of a window beside a control, with an arrow that points at it.
 class Bubble : public orvane::PaintedItem {
   Q_OBJECT
@@ -36,6 +30,10 @@ class Bubble : public orvane::PaintedItem {
   void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
  private:
+  /// The outline `inset` points inside the item's edge. The arrow's tip is kept clear of the
+  /// corners; without an arrow the rectangle fills the item.
+  [[nodiscard]] QPainterPath outline(double inset) const;
+
   double radius_ = 0;
   QColor color_ = Qt::transparent;
   QColor borderColor_ = Qt::transparent;

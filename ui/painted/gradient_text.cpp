@@ -15,10 +15,9 @@ void GradientText::inputChanged() {
 }
 
 void GradientText::paint(QPainter& painter) const {
-  const QRectF bounds(0, 0, width(), height());
   painter.setFont(font_);
-  painter.setPen(QPen(unitGradient(colors_, bounds, {0, 0}, {1, 1}), 1));
-  painter.drawText(bounds, Qt::AlignCenter | Qt::TextSingleLine, text_);
+  painter.setPen(QPen(unitGradient(colors_, boundingRect(), {0, 0}, {1, 1}), 1));
+  painter.drawText(boundingRect(), Qt::AlignCenter | Qt::TextSingleLine, text_);
 }
 
 }  // namespace orvane

@@ -72,9 +72,7 @@ void HistoryChart::paintLine(QPainter& painter, const QList<QPointF>& points) co
   QPen pen(unitGradient(lineColors_, line.boundingRect(), {0, 0}, {1, 0}), lineWidth, Qt::SolidLine,
            Qt::FlatCap, Qt::SvgMiterJoin);
   pen.setMiterLimit(miterLimit);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(pen);
-  painter.drawPath(line);
+  painter.strokePath(line, pen);
 }
 
 }  // namespace orvane

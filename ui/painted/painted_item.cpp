@@ -42,7 +42,7 @@ bool PaintedItem::assignStep(double& member, double value, double length) {
 
 QRectF PaintedItem::paintedArea() const {
   const double margin = overhang();
-  return {-margin, -margin, width() + 2 * margin, height() + 2 * margin};
+  return boundingRect().adjusted(-margin, -margin, margin, margin);
 }
 
 QRectF PaintedItem::pictureArea() const {

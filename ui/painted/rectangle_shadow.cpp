@@ -12,7 +12,7 @@ void RectangleShadow::paint(QPainter& painter) const {
 
 void RectangleShadow::paintSharp(QPainter& painter) const {
   // Half a point less than the rectangle, so that no gap shows along its soft edge.
-  const QRectF inside = QRectF(0, 0, width(), height()).adjusted(0.5, 0.5, -0.5, -0.5);
+  const QRectF inside = boundingRect().adjusted(0.5, 0.5, -0.5, -0.5);
   painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
   painter.fillPath(smoothRectanglePath(inside, radius_), Qt::black);
 }

@@ -8,7 +8,7 @@
 namespace orvane {
 
 void ShareBar::paint(QPainter& painter) const {
-  const QPainterPath track = smoothRectanglePath({0, 0, width(), height()}, cornerRadius);
+  const QPainterPath track = smoothRectanglePath(boundingRect(), cornerRadius);
   painter.fillPath(track, trackColor_);
   const double fill = (width() - 2 * inset_) * share_;
   if (fill <= 0) return;

@@ -8,17 +8,16 @@
 namespace orvane {
 
 void SmoothRectangle::paint(QPainter& painter) const {
-  const QRectF bounds(0, 0, width(), height());
+  const QRectF bounds = boundingRect();
   const QBrush fill = gradientColors_.isEmpty()
                           ? QBrush(color_)
                           : unitGradient(gradientColors_, bounds, gradientStart_, gradientEnd_);
   painter.fillPath(smoothRectanglePath(bounds, radius_), fill);
   if (borderWidth_ <= 0 || borderColor_.alpha() == 0) return;
   const double inset = borderWidth_ / 2;
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(borderColor_, borderWidth_));
-  painter.drawPath(
-      smoothRectanglePath(bounds.adjusted(inset, inset, -inset, -inset), radius_ - inset));
+  painter.strokePath(
+      smoothRectanglePath(bounds.adjusted(inset, inset, -inset, -inset), radius_ - inset),
+      QPen(borderColor_, borderWidth_));
 }
 
 }  // namespace orvane

@@ -32,7 +32,7 @@ void Symbol::paint(QPainter& painter) const {
   // Drawn black, then coloured: a translucent colour must not add up where shapes overlap.
   renderer.render(&painter, square);
   painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-  painter.fillRect(QRectF(0, 0, width(), height()), color_);
+  painter.fillRect(boundingRect(), color_);
 }
 
 }  // namespace orvane
