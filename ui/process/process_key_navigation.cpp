@@ -16,12 +16,6 @@ ProcessKeyNavigation::~ProcessKeyNavigation() {
   setActive(false);
 }
 
-void ProcessKeyNavigation::setModel(MemoryModel* model) {
-  if (model_ == model) return;
-  model_ = model;
-  Q_EMIT modelChanged();
-}
-
 void ProcessKeyNavigation::setActive(bool active) {
   if (active_ == active) return;
   active_ = active;

@@ -22,14 +22,11 @@ class ProcessKeyNavigation : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
 
-  Q_PROPERTY(orvane::MemoryModel* model READ model WRITE setModel NOTIFY modelChanged)
+  Q_PROPERTY(orvane::MemoryModel* model MEMBER model_ NOTIFY modelChanged)
 
  public:
   using QQuickItem::QQuickItem;
   ~ProcessKeyNavigation() override;
-
-  [[nodiscard]] MemoryModel* model() const { return model_; }
-  void setModel(MemoryModel* model);
 
  Q_SIGNALS:
   void modelChanged();
