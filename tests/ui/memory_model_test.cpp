@@ -57,12 +57,12 @@ TEST_F(MemoryModelTest, RowsFollowTheirProcess) {
   refreshList();
   EXPECT_EQ(resets.count(), 0);
   EXPECT_EQ(second.row(), 0) << "the row of Two moved to the top with it";
-  EXPECT_EQ(cell(0, ProcessListModel::nameRole), QStringLiteral("Two"));
+  EXPECT_EQ(list_.record(0).name(), QStringLiteral("Two"));
   EXPECT_EQ(cell(0, ProcessListModel::memoryTextRole), QStringLiteral("501 MB"));
   EXPECT_TRUE(cell(0, ProcessListModel::isLargeRole).toBool());
-  EXPECT_EQ(cell(1, ProcessListModel::pidRole), 1);
+  EXPECT_EQ(list_.record(1).pid(), 1);
   EXPECT_FALSE(cell(1, ProcessListModel::isLargeRole).toBool()) << "500 itself isn't large";
-  EXPECT_EQ(cell(2, ProcessListModel::nameRole), QStringLiteral("Four"));
+  EXPECT_EQ(list_.record(2).name(), QStringLiteral("Four"));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "tests/ui/view_case.h"
 #include "tests/unit/test_files.h"
+#include "ui/model/process_record.h"
 
 namespace orvane {
 namespace {
@@ -34,9 +35,8 @@ class Processes : public ViewCase {
     return found;
   }
   QQuickItem* row(int pid) {
-    const QString name = QStringLiteral("Application %1").arg(pid);
     for (auto* row : rows(view_->contentItem())) {
-      if (row->property("name").toString() == name) return row;
+      if (row->property("record").value<ProcessRecord>().pid() == pid) return row;
     }
     return nullptr;
   }
@@ -239,7 +239,7 @@ TEST_F(Processes, TextFromRightToLeftStandsWhereAllTextStands) {
     return of.property("effectiveHorizontalAlignment").toInt() == Qt::AlignLeft;
   };
   auto* first = rows(view_->contentItem()).front();
-  ASSERT_EQ(first->property("name").toString().toStdString(), name);
+  ASSERT_EQ(first->property("record").value<ProcessRecord>().name().toStdString(), name);
   EXPECT_TRUE(isAtTheLeft(*findIn(first, QStringLiteral("name"))));
   click(*first);
   EXPECT_TRUE(isAtTheLeft(item("selectionName")));

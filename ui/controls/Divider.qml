@@ -3,6 +3,7 @@ import Orvane
 
 /// A hairline across its parent.
 Rectangle {
+    width: parent.width
     implicitHeight: 1
     color: Theme.divider
 }

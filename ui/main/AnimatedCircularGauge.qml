@@ -109,13 +109,11 @@ Item {
             colors: usageColors.text
         }
 
-        Text {
+        Label {
             objectName: "caption"
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.processing ? qsTr("Boosting...") : qsTr("Used")
             font: Theme.systemFont(10, Font.Medium)
-            color: Theme.secondaryLabel
-            Accessible.ignored: true
         }
     }
 }

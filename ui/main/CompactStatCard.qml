@@ -22,22 +22,16 @@ SmoothRectangle {
         width: root.width
         spacing: 6
 
-        Text {
+        Label {
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.title
-            textFormat: Text.PlainText
-            font: Theme.caption
-            color: Theme.secondaryLabel
-            Accessible.ignored: true
         }
 
-        Text {
+        Label {
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.value
-            textFormat: Text.PlainText
             font: Theme.systemFont(15, Font.Bold)
             color: root.valueColor
-            Accessible.ignored: true
         }
     }
 }

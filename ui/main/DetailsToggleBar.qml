@@ -26,14 +26,11 @@ PlainButton {
         anchors.centerIn: parent
         spacing: 4
 
-        Text {
+        Label {
             id: label
 
             anchors.verticalCenter: parent.verticalCenter
             text: root.name
-            font: Theme.caption
-            color: Theme.secondaryLabel
-            Accessible.ignored: true
         }
 
         Symbol {

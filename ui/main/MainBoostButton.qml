@@ -47,12 +47,11 @@ PlainButton {
             color: "white"
         }
 
-        Text {
+        Label {
             anchors.verticalCenter: parent.verticalCenter
             text: root.name
             font: Theme.systemFont(15, Font.DemiBold)
             color: "white"
-            Accessible.ignored: true
         }
     }
 }

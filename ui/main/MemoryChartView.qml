@@ -27,13 +27,11 @@ Item {
             width: parent.width - 40
             spacing: 8
 
-            Text {
+            Label {
                 id: title
 
                 text: qsTr("Memory Usage History")
                 font: Theme.systemFont(11, Font.Medium)
-                color: Theme.secondaryLabel
-                Accessible.ignored: true
             }
 
             HistoryPlot {

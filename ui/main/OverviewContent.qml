@@ -127,11 +127,8 @@ Item {
         }
     }
 
-    Rectangle {
+    Divider {
         anchors.bottom: bar.top
-        width: root.width
-        height: 1
-        color: Theme.divider
     }
 
     DetailsToggleBar {

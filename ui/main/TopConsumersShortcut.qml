@@ -39,15 +39,12 @@ PlainButton {
             color: Theme.blue
         }
 
-        Text {
+        Label {
             id: label
 
             anchors.left: info.right
             anchors.leftMargin: 6
             text: root.text
-            font: Theme.caption2
-            color: Theme.secondaryLabel
-            Accessible.ignored: true
         }
 
         Symbol {

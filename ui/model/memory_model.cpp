@@ -19,8 +19,6 @@ MemoryModel::MemoryModel(std::shared_ptr<MemoryManager> manager) : manager_(std:
   processes_.refresh(*manager_);
 }
 
-MemoryModel::~MemoryModel() = default;
-
 void MemoryModel::scheduleRefresh() {
   if (refreshPending_) return;
   refreshPending_ = true;
@@ -63,24 +61,6 @@ QList<double> MemoryModel::usageHistory() const {
   return usage;
 }
 
-MemoryModel::SortMode MemoryModel::sortMode() const {
-  switch (manager_->processSortMode()) {
-    case ProcessSortMode::average:
-      return AverageMemory;
-    case ProcessSortMode::peak:
-      return PeakMemory;
-    case ProcessSortMode::current:
-      break;
-  }
-  return CurrentMemory;
-}
-
-void MemoryModel::setSortMode(SortMode mode) {
-  manager_->setProcessSortMode(mode == AverageMemory ? ProcessSortMode::average
-                               : mode == PeakMemory  ? ProcessSortMode::peak
-                                                     : ProcessSortMode::current);
-}
-
 ProcessRecord MemoryModel::selection() const {
   return hasSelection() ? ProcessRecord(*manager_->selectedProcess()) : ProcessRecord();
 }
@@ -104,33 +84,14 @@ void MemoryModel::killProcess(const ProcessRecord& record) {
   if (record.isValid()) manager_->killProcess(*record.info());
 }
 
-const ProcessMemoryHistory* MemoryModel::historyOf(int pid) const {
+ProcessHistory MemoryModel::processHistory(int pid) const {
   const auto& histories = manager_->processMemoryHistories();
   const auto found = histories.find(pid);
-  return found == histories.end() ? nullptr : found->second.get();
-}
-
-QList<double> MemoryModel::processHistory(int pid) const {
-  QList<double> points;
-  if (const auto* history = historyOf(pid)) {
-    for (const auto& point : history->dataPoints()) points << point.memoryMB;
-  }
-  return points;
-}
-
-double MemoryModel::processPeak(int pid) const {
-  const auto* history = historyOf(pid);
-  return history != nullptr ? history->peakMemory() : 0;
-}
-
-double MemoryModel::processMinimum(int pid) const {
-  const auto* history = historyOf(pid);
-  return history != nullptr ? history->minimumMemory() : 0;
-}
-
-double MemoryModel::processAverage(int pid) const {
-  const auto* history = historyOf(pid);
-  return history != nullptr ? history->averageMemory() : 0;
+  if (found == histories.end()) return {};
+  const ProcessMemoryHistory& source = *found->second;
+  ProcessHistory history{{}, source.peakMemory(), source.minimumMemory(), source.averageMemory()};
+  for (const auto& point : source.dataPoints()) history.values << point.memoryMB;
+  return history;
 }
 
 }  // namespace orvane

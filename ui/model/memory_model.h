@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "core/memory_manager.h"
+#include "ui/model/process_history.h"
 #include "ui/model/process_list_model.h"
 #include "ui/model/process_record.h"
 
@@ -53,11 +54,14 @@ class MemoryModel : public QObject {
   Q_PROPERTY(QString topConsumersText READ topConsumersText NOTIFY changed)
 
  public:
-  enum SortMode { CurrentMemory, AverageMemory, PeakMemory };
+  enum SortMode {
+    CurrentMemory = static_cast<int>(ProcessSortMode::current),
+    AverageMemory = static_cast<int>(ProcessSortMode::average),
+    PeakMemory = static_cast<int>(ProcessSortMode::peak)
+  };
   Q_ENUM(SortMode)
 
   explicit MemoryModel(std::shared_ptr<MemoryManager> manager);
-  ~MemoryModel() override;
 
   [[nodiscard]] bool hasSample() const { return manager_->currentStats().has_value(); }
   [[nodiscard]] double freeBytes() const { return bytes(sample().free); }
@@ -76,8 +80,12 @@ class MemoryModel : public QObject {
   [[nodiscard]] QList<double> usageHistory() const;
 
   [[nodiscard]] ProcessListModel* processes() { return &processes_; }
-  [[nodiscard]] SortMode sortMode() const;
-  void setSortMode(SortMode mode);
+  [[nodiscard]] SortMode sortMode() const {
+    return static_cast<SortMode>(manager_->processSortMode());
+  }
+  void setSortMode(SortMode mode) {
+    manager_->setProcessSortMode(static_cast<ProcessSortMode>(mode));
+  }
   [[nodiscard]] bool hasSelection() const { return manager_->selectedProcess().has_value(); }
   [[nodiscard]] ProcessRecord selection() const;
   void setSelection(const ProcessRecord& record);
@@ -89,12 +97,8 @@ class MemoryModel : public QObject {
   /// Ends the application of the record at once; nothing for no record.
   Q_INVOKABLE void killProcess(const orvane::ProcessRecord& record);
 
-  /// MB of an application at each list, oldest first; empty when it has no history. These and the
-  /// figures below are of the moment of the call: call them again after `changed`.
-  Q_INVOKABLE [[nodiscard]] QList<double> processHistory(int pid) const;
-  Q_INVOKABLE [[nodiscard]] double processPeak(int pid) const;
-  Q_INVOKABLE [[nodiscard]] double processMinimum(int pid) const;
-  Q_INVOKABLE [[nodiscard]] double processAverage(int pid) const;
+  /// As it is now: call it again after `changed`. Empty when the application has no history.
+  Q_INVOKABLE [[nodiscard]] orvane::ProcessHistory processHistory(int pid) const;
 
   /// Lets views read again at once instead of at the end of this turn.
   void refresh();
@@ -107,7 +111,6 @@ class MemoryModel : public QObject {
     return manager_->currentStats().value_or(MemoryStats{});
   }
   [[nodiscard]] static double bytes(std::uint64_t count) { return static_cast<double>(count); }
-  [[nodiscard]] const ProcessMemoryHistory* historyOf(int pid) const;
   void scheduleRefresh();
 
   std::shared_ptr<MemoryManager> manager_;

@@ -16,14 +16,6 @@ QVariant ProcessListModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case recordRole:
       return QVariant::fromValue(row.record);
-    case processIdRole:
-      return row.record.id();
-    case nameRole:
-      return row.record.name();
-    case pidRole:
-      return row.record.pid();
-    case iconSourceRole:
-      return row.record.iconSource();
     case memoryTextRole:
       return Format::figureInMB(row.figure, 0);
     case isLargeRole:
@@ -36,9 +28,10 @@ QVariant ProcessListModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> ProcessListModel::roleNames() const {
-  return {{recordRole, "record"},   {processIdRole, "processId"},   {nameRole, "name"},
-          {pidRole, "pid"},         {iconSourceRole, "iconSource"}, {memoryTextRole, "memoryText"},
-          {isLargeRole, "isLarge"}, {isSelectedRole, "isSelected"}};
+  return {{recordRole, "record"},
+          {memoryTextRole, "memoryText"},
+          {isLargeRole, "isLarge"},
+          {isSelectedRole, "isSelected"}};
 }
 
 ProcessRecord ProcessListModel::record(int row) const {

@@ -20,16 +20,7 @@ class ProcessListModel : public QAbstractListModel {
 
  public:
   /// `record` is a ProcessRecord; `memoryText` and `isLarge` go by the figure of the sort mode.
-  enum Role {
-    recordRole = Qt::UserRole + 1,
-    processIdRole,
-    nameRole,
-    pidRole,
-    iconSourceRole,
-    memoryTextRole,
-    isLargeRole,
-    isSelectedRole
-  };
+  enum Role { recordRole = Qt::UserRole + 1, memoryTextRole, isLargeRole, isSelectedRole };
 
   /// MB above which a figure is shown as large.
   static constexpr double largeFigure = 500;

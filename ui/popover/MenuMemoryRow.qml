@@ -18,16 +18,12 @@ Item {
     Accessible.role: Accessible.StaticText
     Accessible.name: label + ": " + valueText
 
-    Text {
+    Label {
         id: name
 
         width: 70
         anchors.verticalCenter: parent.verticalCenter
         text: root.label
-        textFormat: Text.PlainText
-        font: Theme.caption
-        color: Theme.secondaryLabel
-        Accessible.ignored: true
     }
 
     ShareBar {
@@ -45,7 +41,7 @@ Item {
         fillColor: root.color
     }
 
-    Text {
+    Label {
         id: value
 
         width: 60
@@ -53,9 +49,6 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: Text.AlignRight
         text: Format.bytesInGB(root.bytes, 1)
-        textFormat: Text.PlainText
         font: Theme.monospacedFont(10)
-        color: Theme.secondaryLabel
-        Accessible.ignored: true
     }
 }

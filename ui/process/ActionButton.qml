@@ -35,12 +35,11 @@ PlainButton {
             color: root.textColor
         }
 
-        Text {
+        Label {
             anchors.verticalCenter: parent.verticalCenter
             text: root.name
             font: Theme.body
             color: root.textColor
-            Accessible.ignored: true
         }
     }
 }

@@ -25,7 +25,6 @@ Item {
         // In pixels of the screen: an icon drawn smaller would be blurred there.
         sourceSize.width: root.side * Screen.devicePixelRatio
         sourceSize.height: root.side * Screen.devicePixelRatio
-        asynchronous: false
     }
 
     Rectangle {

@@ -10,6 +10,7 @@ Item {
     required property string label
     required property string value
 
+    width: parent.width
     implicitHeight: caption.implicitHeight
     Accessible.role: Accessible.StaticText
     Accessible.name: label + ": " + value
@@ -22,23 +23,19 @@ Item {
         color: root.iconColor
     }
 
-    Text {
+    Label {
         id: caption
 
         x: 20
         anchors.verticalCenter: parent.verticalCenter
         text: root.label
-        font: Theme.caption
-        color: Theme.secondaryLabel
-        Accessible.ignored: true
     }
 
-    Text {
+    Label {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         text: root.value
         font: Theme.systemFont(10, Font.DemiBold)
         color: Theme.label
-        Accessible.ignored: true
     }
 }

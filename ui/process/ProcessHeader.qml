@@ -21,7 +21,6 @@ Item {
         Accessible.name: text
     }
 
-    // The buttons reach 4 points beyond their symbols on every side: easier to hit.
     Row {
         id: buttons
 
@@ -29,24 +28,15 @@ Item {
         anchors.rightMargin: 16
         y: 12 + (Math.max(title.implicitHeight, 16) - height) / 2
 
-        PlainButton {
+        SymbolButton {
             id: sortButton
 
             objectName: "sortMenu"
-            width: 24
-            height: 24
+            symbol: "arrow.up.arrow.down"
             name: qsTr("Sort by")
             toolTip: qsTr("Sort by...")
             Accessible.role: Accessible.ButtonMenu
             onClicked: menu.open()
-
-            Symbol {
-                anchors.centerIn: parent
-                name: "arrow.up.arrow.down"
-                pointSize: 13
-                color: Theme.blue
-                opacity: sortButton.pressedDown ? 0.6 : 1
-            }
 
             PopupMenu {
                 id: menu
@@ -79,24 +69,13 @@ Item {
             }
         }
 
-        PlainButton {
+        SymbolButton {
             objectName: "refresh"
-            width: 24
-            height: 24
+            symbol: "arrow.clockwise"
             name: qsTr("Refresh")
             toolTip: qsTr("Refresh process list")
             enabled: !root.model.hasSelection
-            onClicked: {
-                if (!root.model.hasSelection)
-                    root.model.updateTopProcesses();
-            }
-
-            Symbol {
-                anchors.centerIn: parent
-                name: "arrow.clockwise"
-                color: Theme.blue
-                opacity: !parent.enabled ? 0.35 : (parent as PlainButton).pressedDown ? 0.6 : 1
-            }
+            onClicked: root.model.updateTopProcesses()
         }
     }
 }

@@ -6,11 +6,8 @@ import Orvane
 ProcessInfoSection {
     id: root
 
-    required property list<real> values  ///< MB, oldest first
-    required property real peak
-    required property real minimum
-    required property real average
-    required property real current
+    required property var history  ///< a ProcessHistory
+    required property real current  ///< MB
 
     contentSpacing: 8
 
@@ -30,8 +27,8 @@ ProcessInfoSection {
             objectName: "duration"
             anchors.right: parent.right
             anchors.verticalCenter: heading.verticalCenter
-            text: ProcessText.historyDuration(root.values.length)
-            font: Theme.caption2
+            text: ProcessText.historyDuration(root.history.values.length)
+            font: Theme.caption
             color: Theme.secondaryLabel
             visible: text !== ""
         }
@@ -40,10 +37,7 @@ ProcessInfoSection {
     ProcessMemoryChart {
         objectName: "processChart"
         width: root.width
-        height: 80
-        values: root.values
-        peak: root.peak
-        minimum: root.minimum
+        history: root.history
     }
 
     Row {
@@ -59,12 +53,12 @@ ProcessInfoSection {
                 },
                 {
                     caption: qsTr("Average"),
-                    figure: root.average,
+                    figure: root.history.average,
                     color: Theme.label
                 },
                 {
                     caption: qsTr("Peak"),
-                    figure: root.peak,
+                    figure: root.history.peak,
                     color: Theme.orange
                 }
             ]
@@ -77,20 +71,16 @@ ProcessInfoSection {
                 Accessible.role: Accessible.StaticText
                 Accessible.name: modelData.caption + ": " + figure.text
 
-                Text {
+                Label {
                     text: entry.modelData.caption
-                    font: Theme.caption2
-                    color: Theme.secondaryLabel
-                    Accessible.ignored: true
                 }
 
-                Text {
+                Label {
                     id: figure
 
                     text: Format.figureInMB(entry.modelData.figure, 0)
                     font: Theme.systemFont(10, Font.DemiBold)
                     color: entry.modelData.color
-                    Accessible.ignored: true
                 }
             }
         }

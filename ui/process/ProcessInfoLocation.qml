@@ -46,12 +46,10 @@ ProcessInfoSection {
                 spacing: 3
                 opacity: reveal.pressedDown ? 0.6 : 1
 
-                Text {
+                Label {
                     anchors.verticalCenter: parent.verticalCenter
                     text: reveal.name
-                    font: Theme.caption2
                     color: Theme.blue
-                    Accessible.ignored: true
                 }
 
                 Symbol {

@@ -11,25 +11,18 @@ FocusScope {
     required property MainWindowActions actions
     required property var record  ///< a ProcessRecord
 
-    property list<real> history
-    property real peak: 0
-    property real minimum: 0
-    property real average: 0
+    property var history: model.processHistory(record.pid)  ///< a ProcessHistory
 
     signal revealed  ///< the executable, in the file manager
 
     function readHistory() {
         history = model.processHistory(record.pid);
-        peak = model.processPeak(record.pid);
-        minimum = model.processMinimum(record.pid);
-        average = model.processAverage(record.pid);
     }
 
     implicitWidth: 360
     implicitHeight: column.height + 32
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Details of %1").arg(record.name)
-    Component.onCompleted: readHistory()
     onRecordChanged: readHistory()
 
     Connections {
@@ -54,18 +47,12 @@ FocusScope {
 
         ProcessInfoHistory {
             objectName: "historySection"
-            width: column.width
-            visible: root.history.length >= 2
-            values: root.history
-            peak: root.peak
-            minimum: root.minimum
-            average: root.average
+            visible: root.history.values.length >= 2
+            history: root.history
             current: root.record.memoryBytes / 1048576
         }
 
         ProcessInfoSection {
-            width: column.width
-
             Text {
                 text: qsTr("Memory Details")
                 font: Theme.systemFont(11, Font.DemiBold)
@@ -77,7 +64,6 @@ FocusScope {
                 spacing: 8
 
                 MemoryInfoRow {
-                    width: column.width
                     icon: "square.fill"
                     iconColor: Theme.blue
                     label: qsTr("Physical Memory")
@@ -85,7 +71,6 @@ FocusScope {
                 }
 
                 MemoryInfoRow {
-                    width: column.width
                     icon: "square.fill"
                     iconColor: Theme.purple
                     label: qsTr("Virtual Memory")
@@ -96,7 +81,6 @@ FocusScope {
 
         ProcessInfoSection {
             objectName: "threadSection"
-            width: column.width
             visible: root.record.threadCount >= 1
 
             Row {
@@ -118,7 +102,6 @@ FocusScope {
             }
 
             MemoryInfoRow {
-                width: column.width
                 icon: "number"
                 iconColor: Theme.green
                 label: qsTr("Active Threads")
@@ -128,7 +111,6 @@ FocusScope {
 
         ProcessInfoLocation {
             objectName: "locationSection"
-            width: column.width
             visible: root.record.path !== ""
             record: root.record
             actions: root.actions

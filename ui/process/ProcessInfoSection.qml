@@ -6,11 +6,10 @@ Column {
     default property alias content: body.data
     property alias contentSpacing: body.spacing
 
+    width: parent.width
     spacing: 14
 
-    Divider {
-        width: parent.width
-    }
+    Divider {}
 
     Column {
         id: body

@@ -5,9 +5,7 @@ import Orvane
 Item {
     id: root
 
-    required property list<real> values  ///< MB, oldest first
-    required property real peak
-    required property real minimum
+    required property var history  ///< a ProcessHistory
 
     implicitHeight: 80
     Accessible.role: Accessible.Chart
@@ -24,10 +22,10 @@ Item {
         y: 8
         width: root.width - 8
         height: root.height - 16
-        values: root.values
-        minimum: root.minimum
-        maximum: root.peak
-        gridLabels: Array.from(ProcessText.gridLabels(root.peak, root.minimum))
+        values: root.history.values
+        minimum: root.history.minimum
+        maximum: root.history.peak
+        gridLabels: Array.from(ProcessText.gridLabels(root.history.peak, root.history.minimum))
         labelSize: 8
     }
 }

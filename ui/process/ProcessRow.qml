@@ -8,8 +8,6 @@ Item {
     required property MemoryModel memoryModel
     required property MainWindowActions actions
     required property var record  ///< a ProcessRecord
-    required property string name
-    required property string iconSource
     required property string memoryText
     required property bool isLarge
     required property bool isSelected
@@ -22,7 +20,7 @@ Item {
 
     implicitHeight: 56
     Accessible.role: Accessible.ListItem
-    Accessible.name: name + ", " + memoryText
+    Accessible.name: record.name + ", " + memoryText
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true
@@ -62,11 +60,11 @@ Item {
 
         x: 10
         anchors.verticalCenter: parent.verticalCenter
-        source: root.iconSource
+        source: root.record.iconSource
         side: 36
     }
 
-    Text {
+    Label {
         objectName: "name"
         anchors.left: icon.right
         anchors.leftMargin: 12
@@ -74,41 +72,29 @@ Item {
         anchors.rightMargin: 20
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: Text.AlignLeft  // whatever it is written in
-        text: root.name
-        textFormat: Text.PlainText
+        text: root.record.name
         font: Theme.systemFont(13, Font.Medium)
         color: Theme.label
         elide: Text.ElideRight
         maximumLineCount: 1
-        Accessible.ignored: true
     }
 
-    // Reaches 4 points beyond its symbol on every side: easier to hit.
-    PlainButton {
+    SymbolButton {
         id: info
 
         objectName: "info"
         anchors.right: memory.left
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        width: symbol.width + 8
-        height: symbol.height + 8
-        name: qsTr("Show details of %1").arg(root.name)
+        symbol: "info.circle.fill"
+        pointSize: 14
+        color: Theme.secondaryLabel
+        name: qsTr("Show details of %1").arg(root.record.name)
         toolTip: qsTr("Show process details")
         onClicked: details.open()
-
-        Symbol {
-            id: symbol
-
-            anchors.centerIn: parent
-            name: "info.circle.fill"
-            pointSize: 14
-            color: Theme.secondaryLabel
-            opacity: info.pressedDown ? 0.6 : 1
-        }
     }
 
-    Text {
+    Label {
         id: memory
 
         objectName: "memory"
@@ -121,7 +107,6 @@ Item {
         text: root.memoryText
         font: Theme.monospacedFont(13, Font.Medium)
         color: root.isLarge ? Theme.orange : Theme.secondaryLabel
-        Accessible.ignored: true
     }
 
     PopupWindow {

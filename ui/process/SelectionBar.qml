@@ -31,9 +31,7 @@ Item {
         color: Theme.material
     }
 
-    Divider {
-        width: root.width
-    }
+    Divider {}
 
     Column {
         id: texts

@@ -64,14 +64,12 @@ QtObject {
             easing.bezierCurve: Motion.easeInOut
         }
     }
-    readonly property ParallelAnimation settle: ParallelAnimation {
-        NumberAnimation {
-            target: root
-            properties: "rotation,pulse"
-            to: 0
-            duration: 300
-            easing.type: Easing.BezierSpline
-            easing.bezierCurve: Motion.easeOut
-        }
+    readonly property NumberAnimation settle: NumberAnimation {
+        target: root
+        properties: "rotation,pulse"
+        to: 0
+        duration: 300
+        easing.type: Easing.BezierSpline
+        easing.bezierCurve: Motion.easeOut
     }
 }
