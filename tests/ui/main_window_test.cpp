@@ -50,15 +50,15 @@ TEST_F(MainWindowTest, FiguresAreThoseOfTheSample) {
   EXPECT_EQ(accessibleName(*cards[1]), QStringLiteral("Used 9.0 GB"));
   EXPECT_EQ(accessibleName(*cards[2]), QStringLiteral("Total 16.0 GB"));
   EXPECT_EQ(text(item("percentage")), QStringLiteral("56.2%"));
-  EXPECT_EQ(accessibleName(item("freeBar")), QStringLiteral("Free 4.00 GB (25.0%)"));
-  EXPECT_EQ(accessibleName(item("compressedBar")), QStringLiteral("Compressed 1.00 GB"));
+  EXPECT_EQ(accessibleName(item("freeBytesBar")), QStringLiteral("Free 4.00 GB (25.0%)"));
+  EXPECT_EQ(accessibleName(item("compressedBytesBar")), QStringLiteral("Compressed 1.00 GB"));
   const QString consumers = accessibleName(item("topConsumers"));
   EXPECT_EQ(consumers, QStringLiteral("Top 3 apps use 33.3% of memory"));
 
   setMemory(0, 0, 0, 0, 0);
   sample();
   EXPECT_EQ(text(item("percentage")), QStringLiteral("0.0%")) << "a machine without memory";
-  EXPECT_EQ(accessibleName(item("freeBar")), QStringLiteral("Free 0.00 GB (0.0%)"));
+  EXPECT_EQ(accessibleName(item("freeBytesBar")), QStringLiteral("Free 0.00 GB (0.0%)"));
   for (const auto* bar : view_->rootObject()->findChildren<ShareBar*>()) {
     EXPECT_TRUE(eventually([bar] { return bar->share() == 0; }));
   }
@@ -72,7 +72,7 @@ TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
       << "nothing is hidden while they are closed";
   bool betweenPixels = false;
   QObject::connect(view_.get(), &QQuickWindow::beforeSynchronizing, [&] {
-    const double y = find("freeBar") == nullptr ? 0 : place(item("chartCard")).y();
+    const double y = find("freeBytesBar") == nullptr ? 0 : place(item("chartCard")).y();
     betweenPixels = betweenPixels || y != std::round(y);
   });
   QElapsedTimer sinceClick;
@@ -91,7 +91,7 @@ TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
   click(item("detailsToggle"));
   QTest::qWait(900);
   EXPECT_FALSE(scrolled());
-  EXPECT_TRUE(eventually([this] { return find("freeBar") == nullptr; }));
+  EXPECT_TRUE(eventually([this] { return find("freeBytesBar") == nullptr; }));
 }
 
 TEST_F(MainWindowTest, DrawsOnlyWhileSomethingMovesAndCanBeSeen) {

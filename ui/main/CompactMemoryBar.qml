@@ -1,24 +1,23 @@
 import QtQuick
 import Orvane
 
-/// One counter: its name, its size, its share of the total and a bar of that share.
+/// One counter: its name, its size and a bar of its share of the total. What is part of the total
+/// has its share as a figure too.
 Item {
     id: root
 
     required property string label
     required property real bytes
     required property real total
-    required property color barColor
-    property bool showsPercentage: true
-    property bool animated: true
-    property color trackColor: Theme.counterTrack
+    required property color color
+    required property bool isPart
     readonly property real share: Format.fraction(bytes, total)
-    readonly property string shareText: showsPercentage ? "(" + Format.percent(share * 100, 1) + ")" : ""
     readonly property string sizeText: Format.bytesInGB(bytes, 2)
+    readonly property string shareText: isPart ? "(" + Format.percent(share * 100, 1) + ")" : ""
 
     implicitHeight: bar.y + bar.height
     Accessible.role: Accessible.StaticText
-    Accessible.name: label + " " + sizeText + (showsPercentage ? " " + shareText : "")
+    Accessible.name: (label + " " + sizeText + " " + shareText).trim()
 
     OnScreen {
         id: onScreen
@@ -32,18 +31,16 @@ Item {
         width: 6
         height: 6
         radius: 3
-        color: root.barColor
+        color: root.color
     }
 
-    Text {
+    Label {
         id: title
 
         x: 20
         text: root.label
-        textFormat: Text.PlainText
         font: Theme.systemFont(10, Font.Medium)
         color: Theme.label
-        Accessible.ignored: true
     }
 
     Row {
@@ -52,19 +49,13 @@ Item {
         anchors.verticalCenter: title.verticalCenter
         spacing: 8
 
-        Text {
+        Label {
             text: root.sizeText
-            font: Theme.caption2
-            color: Theme.secondaryLabel
-            Accessible.ignored: true
         }
 
-        Text {
-            visible: root.showsPercentage
+        Label {
+            visible: root.isPart
             text: root.shareText
-            font: Theme.caption2
-            color: Theme.secondaryLabel
-            Accessible.ignored: true
         }
     }
 
@@ -77,11 +68,11 @@ Item {
         width: root.width - 16
         height: 6
         share: root.share
-        trackColor: root.trackColor
-        fillColor: root.barColor
+        trackColor: root.isPart ? Theme.counterTrack : Theme.compressedTrack
+        fillColor: root.color
 
         Behavior on share {
-            enabled: root.animated && onScreen.holds && bar.isVisibleWay(targetValue)
+            enabled: root.isPart && onScreen.holds && bar.isVisibleWay(targetValue)
 
             Spring {
                 response: 0.5

@@ -22,49 +22,18 @@ Column {
         width: root.width - 40
         spacing: 10
 
-        CompactMemoryBar {
-            objectName: "freeBar"
-            width: parent.width
-            label: qsTr("Free")
-            bytes: root.model.freeBytes
-            total: root.model.totalBytes
-            barColor: Theme.green
-        }
+        MemoryCounters {
+            CompactMemoryBar {
+                required property var modelData
 
-        CompactMemoryBar {
-            width: parent.width
-            label: qsTr("Active")
-            bytes: root.model.activeBytes
-            total: root.model.totalBytes
-            barColor: Theme.blue
-        }
-
-        CompactMemoryBar {
-            width: parent.width
-            label: qsTr("Inactive")
-            bytes: root.model.inactiveBytes
-            total: root.model.totalBytes
-            barColor: Theme.yellow
-        }
-
-        CompactMemoryBar {
-            width: parent.width
-            label: qsTr("Wired")
-            bytes: root.model.wiredBytes
-            total: root.model.totalBytes
-            barColor: Theme.red
-        }
-
-        CompactMemoryBar {
-            objectName: "compressedBar"
-            width: parent.width
-            label: qsTr("Compressed")
-            bytes: root.model.compressedBytes
-            total: root.model.totalBytes
-            barColor: Theme.purple
-            trackColor: Theme.compressedTrack
-            showsPercentage: false
-            animated: false
+                objectName: modelData.bytes + "Bar"
+                width: root.width - 40
+                label: modelData.name
+                bytes: root.model[modelData.bytes]
+                total: root.model.totalBytes
+                color: Theme[modelData.color]
+                isPart: modelData.isPart
+            }
         }
     }
 

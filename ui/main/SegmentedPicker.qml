@@ -37,7 +37,7 @@ Item {
     SmoothRectangle {
         anchors.fill: parent
         radius: 6
-        color: Theme.dark ? Qt.rgba(1, 1, 1, 0.07) : Qt.rgba(0, 0, 0, 0.06)
+        color: Theme.pickerTrack
     }
 
     RectangleShadow {
@@ -45,7 +45,7 @@ Item {
         radius: selection.radius
         blurRadius: 2
         drop: 1
-        color: Qt.rgba(0, 0, 0, Theme.dark ? 0.3 : 0.18)
+        color: Theme.pickerShadow
     }
 
     SmoothRectangle {
@@ -57,7 +57,7 @@ Item {
         width: root.segmentWidth
         height: root.height - 2 * root.inset
         radius: 5
-        color: Theme.dark ? "#5A5A60" : "#FFFFFF"
+        color: Theme.pickerSelection
     }
 
     Repeater {
@@ -79,12 +79,11 @@ Item {
             Accessible.selected: selected
             Accessible.onPressAction: root.choose(index)
 
-            Text {
+            Label {
                 anchors.centerIn: parent
                 text: segment.modelData
                 font: Theme.systemFont(12, segment.selected ? Font.DemiBold : Font.Normal)
                 color: segment.selected || area.containsMouse ? Theme.label : Theme.secondaryLabel
-                Accessible.ignored: true
             }
 
             MouseArea {

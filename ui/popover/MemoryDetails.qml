@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvane
 
@@ -13,39 +14,15 @@ Column {
     rightPadding: 12
     spacing: 4
 
-    MenuMemoryRow {
-        width: root.width - 24
-        label: "Free"
-        bytes: root.model.freeBytes
-        total: root.model.totalBytes
-        color: Theme.green
-    }
-    MenuMemoryRow {
-        width: root.width - 24
-        label: "Active"
-        bytes: root.model.activeBytes
-        total: root.model.totalBytes
-        color: Theme.blue
-    }
-    MenuMemoryRow {
-        width: root.width - 24
-        label: "Inactive"
-        bytes: root.model.inactiveBytes
-        total: root.model.totalBytes
-        color: Theme.yellow
-    }
-    MenuMemoryRow {
-        width: root.width - 24
-        label: "Wired"
-        bytes: root.model.wiredBytes
-        total: root.model.totalBytes
-        color: Theme.red
-    }
-    MenuMemoryRow {
-        width: root.width - 24
-        label: "Compressed"
-        bytes: root.model.compressedBytes
-        total: root.model.totalBytes
-        color: Theme.purple
+    MemoryCounters {
+        MenuMemoryRow {
+            required property var modelData
+
+            width: root.width - 24
+            label: modelData.name
+            bytes: root.model[modelData.bytes]
+            total: root.model.totalBytes
+            color: Theme[modelData.color]
+        }
     }
 }

@@ -23,6 +23,9 @@ namespace orvane {
   COLOR(windowGradientStart, srgb(0.95, 0.96, 0.98), srgb(0.10, 0.10, 0.12)) /* top left */        \
   COLOR(windowGradientEnd, srgb(0.98, 0.98, 1.00), srgb(0.15, 0.15, 0.18))   /* bottom right */    \
   COLOR(menuBackground, QColor(0xF6, 0xF6, 0xF6), QColor(0x2B, 0x2B, 0x2D))                        \
+  COLOR(pickerTrack, black(0.06), white(0.07))                                                     \
+  COLOR(pickerSelection, QColor(0xFF, 0xFF, 0xFF), QColor(0x5A, 0x5A, 0x60))                       \
+  COLOR(pickerShadow, black(0.18), black(0.3))                                                     \
   COLOR(divider, black(0.1), white(0.1))                                                           \
   COLOR(material, withOpacity(windowBackground, 0.6), withOpacity(windowBackground, 0.6))          \
   COLOR(statCard, white(0.7), white(0.05))                                                         \

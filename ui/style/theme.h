@@ -31,7 +31,6 @@ class Theme : public QObject {
   Q_PROPERTY(QFont body READ body CONSTANT)
   Q_PROPERTY(QFont subheadline READ subheadline CONSTANT)
   Q_PROPERTY(QFont caption READ caption CONSTANT)
-  Q_PROPERTY(QFont caption2 READ caption2 CONSTANT)
   /// Radius of frameless windows: 0 where the desktop can't blend their corners.
   Q_PROPERTY(double windowRadius READ windowRadius NOTIFY changed)
   ORVANE_COLORS(ORVANE_COLOR_PROPERTY)
@@ -50,7 +49,6 @@ class Theme : public QObject {
   [[nodiscard]] static QFont body() { return systemFont(13); }
   [[nodiscard]] static QFont subheadline() { return systemFont(11); }
   [[nodiscard]] static QFont caption() { return systemFont(10); }
-  [[nodiscard]] static QFont caption2() { return systemFont(10); }
 
   /// The desktop's own font, `size` in points (device-independent pixels).
   Q_INVOKABLE [[nodiscard]] static QFont systemFont(double size, int weight = QFont::Normal);
