@@ -32,7 +32,7 @@ FocusScope {
         objectName: "tabContent"
         anchors.fill: parent
         anchors.topMargin: root.contentTop
-        active: root.selectedTab === 0
+        active: root.selectedTab === 0 && root.model.hasSample
         sourceComponent: CompactOverviewView {
             model: root.model
             showDetailedView: root.showDetailedView
