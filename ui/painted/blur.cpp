@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <vector>
 
 namespace orvane {
 
@@ -16,8 +15,7 @@ namespace {
 constexpr double deviationInPixels = 3;
 constexpr int reachInPixels = 9;
 
-using Channels = std::array<float, 4>;
-using Plane = std::vector<Channels>;
+using Pixel = std::array<float, 4>;  // of Format_RGBA32FPx4_Premultiplied
 
 std::array<float, reachInPixels + 1> halfKernel() {
   std::array<float, reachInPixels + 1> kernel{};
@@ -32,47 +30,23 @@ std::array<float, reachInPixels + 1> halfKernel() {
 }
 
 /// Blurs along the rows and transposes: done twice, it blurs both ways.
-Plane blurredAcross(const Plane& plane, int width, int height) {
+QImage blurredAcross(const QImage& image) {
   static const auto kernel = halfKernel();
-  Plane result(plane.size());
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      Channels sum{};
+  QImage result(image.size().transposed(), image.format());
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* row = reinterpret_cast<const Pixel*>(image.constScanLine(y));
+    for (int x = 0; x < image.width(); ++x) {
+      Pixel sum{};
       const int first = std::max(0, x - reachInPixels);
-      const int last = std::min(width - 1, x + reachInPixels);
+      const int last = std::min(image.width() - 1, x + reachInPixels);
       for (int i = first; i <= last; ++i) {
         const float weight = kernel[static_cast<std::size_t>(std::abs(i - x))];
-        const Channels& source = plane[static_cast<std::size_t>(y * width + i)];
-        for (std::size_t c = 0; c < sum.size(); ++c) sum[c] += weight * source[c];
+        for (std::size_t c = 0; c < sum.size(); ++c) sum[c] += weight * row[i][c];
       }
-      result[static_cast<std::size_t>(x * height + y)] = sum;
+      reinterpret_cast<Pixel*>(result.scanLine(x))[y] = sum;
     }
   }
   return result;
-}
-
-Plane planeOf(const QImage& image) {
-  Plane plane;
-  plane.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      const QRgb pixel = reinterpret_cast<const QRgb*>(image.constScanLine(y))[x];
-      plane.push_back({static_cast<float>(qAlpha(pixel)), static_cast<float>(qRed(pixel)),
-                       static_cast<float>(qGreen(pixel)), static_cast<float>(qBlue(pixel))});
-    }
-  }
-  return plane;
-}
-
-void store(const Plane& plane, QImage& image) {
-  const auto level = [](float value) { return static_cast<int>(std::lround(value)); };
-  for (int y = 0; y < image.height(); ++y) {
-    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-    for (int x = 0; x < image.width(); ++x) {
-      const Channels& value = plane[static_cast<std::size_t>(y * image.width() + x)];
-      line[x] = qRgba(level(value[1]), level(value[2]), level(value[3]), level(value[0]));
-    }
-  }
 }
 
 }  // namespace
@@ -94,8 +68,8 @@ void paintBlurred(QPainter& painter, const QRectF& bounds, double radius,
     small.translate(-area.topLeft());
     drawing(small);
   }
-  const Plane across = blurredAcross(planeOf(image), image.width(), image.height());
-  store(blurredAcross(across, image.height(), image.width()), image);
+  image.convertTo(QImage::Format_RGBA32FPx4_Premultiplied);
+  image = blurredAcross(blurredAcross(image)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
   painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawImage(QRectF(area.topLeft(), QSizeF(image.size()) / scale), image);

@@ -44,7 +44,7 @@ class GradientArc : public orvane::PaintedItem {
 
  protected:
   void paint(QPainter& painter) const override;
-  // One more point than the line needs leaves room for its soft edge, also when turned.
+  // One point beyond the line is room for its soft edge.
   [[nodiscard]] double overhang() const override { return lineWidth_ / 2 + 1; }
   [[nodiscard]] QRectF paintedArea() const override;
 

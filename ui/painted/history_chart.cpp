@@ -42,7 +42,7 @@ void HistoryChart::paint(QPainter& painter) const {
 
 void HistoryChart::paintGrid(QPainter& painter) const {
   const QTransform place = painter.worldTransform();
-  // Whole device pixels: a hairline between two of them would be a wide, pale one.
+  // QPainter spreads a hairline that lies between two device pixels over both, wide and pale.
   const double thickness = std::max(1.0, std::floor(place.m22()));
   painter.save();
   painter.resetTransform();

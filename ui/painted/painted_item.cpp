@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QQuickWindow>
 #include <QSGImageNode>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/painted/blur.h"
@@ -13,12 +14,6 @@ PaintedItem::PaintedItem(QQuickItem* parent) : QQuickItem(parent) {
   setFlag(ItemHasContents);
   setSmooth(false);
   connect(this, &PaintedItem::changed, this, &PaintedItem::inputChanged);
-}
-
-void PaintedItem::setDetail(double value) {
-  if (value <= 0 || value > 1 || value == detail_) return;
-  detail_ = value;
-  Q_EMIT changed();
 }
 
 bool PaintedItem::isVisibleMove(double points) const {
@@ -61,7 +56,7 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   painter.translate(offset);
   if (isStretched()) {
-    // Fills its last pixels too: half empty ones would fade at the edges, widely when enlarged.
+    // The drawing fills the last pixels too: enlarged, half empty ones show as a fading edge.
     painter.scale(image.width() / area.width(), image.height() / area.height());
   } else {
     painter.scale(scale, scale);
@@ -79,7 +74,7 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
 }
 
 QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
-  const double scale = window()->effectiveDevicePixelRatio() * detail_;
+  const double scale = window()->effectiveDevicePixelRatio() * std::clamp(detail_, 1.0 / 64, 1.0);
   auto* image = static_cast<QSGImageNode*>(node);
   if (width() <= 0 || height() <= 0) {
     delete image;
@@ -92,7 +87,7 @@ QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
     dirty_ = true;
   }
   if (dirty_) {
-    // Starts at a whole device pixel, wherever the item lies; what is stretched has no such place.
+    // The picture starts at a whole device pixel, unless it is stretched.
     const QRectF area = pictureArea();
     const QPointF corner = (mapToScene({0, 0}) + area.topLeft()) * scale;
     const QPointF offset = isStretched()

@@ -14,24 +14,21 @@ namespace orvane {
 /// Paints in device pixels, aligned to them, so that edges are crisp at any scale. Set `smooth` on
 /// an item that turns or grows.
 ///
-/// Inputs are properties with MEMBER and NOTIFY changed, which QML alone sets. Subclasses name this
-/// class with its namespace: the type registration of QML finds it by that name only.
+/// Inputs are properties with MEMBER and NOTIFY changed, which QML alone sets. Subclasses write
+/// this class with its namespace: qmltyperegistrar finds it by that name only.
 class PaintedItem : public QQuickItem {
   Q_OBJECT
   QML_ANONYMOUS
 
-  /// Pixels of the picture for each device pixel, at most 1. What is soft anyway, a shadow or a
+  /// Pixels of the picture for each device pixel, 1/64 to 1. What is soft anyway, a shadow or a
   /// wide gradient, looks the same with fewer and takes a fraction of the memory.
-  Q_PROPERTY(double detail READ detail WRITE setDetail NOTIFY changed)
+  Q_PROPERTY(double detail MEMBER detail_ NOTIFY changed)
   /// Points by which the drawing is out of focus: for a glow or a shadow; see paintBlurred. 0 at
   /// first: sharp.
   Q_PROPERTY(double blurRadius MEMBER blurRadius_ NOTIFY changed)
 
  public:
   explicit PaintedItem(QQuickItem* parent = nullptr);
-
-  [[nodiscard]] double detail() const { return detail_; }
-  void setDetail(double value);
 
   /// How often the item has painted itself.
   [[nodiscard]] int paintCount() const { return paintCount_; }

@@ -11,7 +11,7 @@ void RectangleShadow::paint(QPainter& painter) const {
 }
 
 void RectangleShadow::paintSharp(QPainter& painter) const {
-  // Half a point less than the rectangle, so that no gap shows along its soft edge.
+  // The cut is half a point smaller than the rectangle: no gap shows along its soft edge.
   const QRectF inside = boundingRect().adjusted(0.5, 0.5, -0.5, -0.5);
   painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
   painter.fillPath(smoothRectanglePath(inside, radius_), Qt::black);

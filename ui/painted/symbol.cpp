@@ -29,7 +29,8 @@ void Symbol::paint(QPainter& painter) const {
   QSvgRenderer renderer(path);
   const double side = std::min(width(), height());
   const QRectF square((width() - side) / 2, (height() - side) / 2, side, side);
-  // Drawn black, then coloured: a translucent colour must not add up where shapes overlap.
+  // QSvgRenderer draws black and the colour follows: translucent shapes would add up where they
+  // overlap.
   renderer.render(&painter, square);
   painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
   painter.fillRect(boundingRect(), color_);
