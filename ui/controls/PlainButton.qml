@@ -32,7 +32,7 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: press()
     Accessible.description: toolTip
-    // The key that reached this control is its own, not the window's default action.
+    // An accepted override keeps the key from the window's Shortcut.
     Keys.onShortcutOverride: event => event.accepted = isPress(event.key)
     Keys.onPressed: event => {
         event.accepted = isPress(event.key);

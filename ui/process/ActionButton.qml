@@ -9,7 +9,7 @@ PlainButton {
     property color fill: Theme.withOpacity(Theme.gray, 0.2)
     property color textColor: Theme.secondaryLabel
 
-    // Whole points, so that its edges are sharp.
+    // Edges on whole points are sharp.
     implicitWidth: Math.ceil(label.implicitWidth) + 28
     implicitHeight: label.implicitHeight + 16
     focusRadius: 11

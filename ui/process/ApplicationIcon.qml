@@ -22,7 +22,7 @@ Item {
         // An icon that can't be shown is a single clear pixel.
         visible: status === Image.Ready && implicitWidth > 1
         source: root.source
-        // In pixels of the screen: an icon drawn smaller would be blurred there.
+        // Image scales up a smaller picture, which blurs it.
         sourceSize.width: root.side * Screen.devicePixelRatio
         sourceSize.height: root.side * Screen.devicePixelRatio
     }

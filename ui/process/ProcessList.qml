@@ -68,7 +68,7 @@ ScrollArea {
         }
     }
 
-    // The bar that comes up with the selection may lie over its row.
+    // The SelectionBar that appears in this turn may cover the selected row.
     Timer {
         id: sight
 

@@ -101,7 +101,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: 10
         anchors.verticalCenter: parent.verticalCenter
-        // Whole points, so that what lies before it stays sharp.
+        // The button before it is sharp on whole points.
         width: Math.ceil(implicitWidth)
         horizontalAlignment: Text.AlignRight
         text: root.memoryText
@@ -122,7 +122,7 @@ Item {
             model: root.memoryModel
             actions: root.actions
             record: root.record
-            // It would lie above the file manager and keep the keyboard from it.
+            // An open popup lies above the file manager and holds the keyboard.
             onRevealed: Qt.callLater(details.close)
         }
     }

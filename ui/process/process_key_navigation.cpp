@@ -49,7 +49,7 @@ void ProcessKeyNavigation::updateActive(const QQuickWindow* window) {
 }
 
 bool ProcessKeyNavigation::eventFilter(QObject* watched, QEvent* event) {
-  // At the window, before anything in it sees the key.
+  // The window gets the event before any of its items.
   if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return false;
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (key != Qt::Key_Up && key != Qt::Key_Down) return false;

@@ -72,8 +72,8 @@ QString ProcessText::location(const ProcessRecord& record) {
 }
 
 QString ProcessText::killQuestion(const ProcessRecord& record) {
-  // Not arg(): a name may contain "%1" itself. The isolates keep a name written from right to left
-  // from turning what follows it.
+  // A name may contain "%1", which QString::arg would replace. The isolates keep a name written
+  // from right to left from turning what follows it.
   return QStringLiteral("Are you sure you want to kill '\u2068") + record.name() +
          QStringLiteral("\u2069'? Unsaved data will be lost.");
 }
@@ -106,7 +106,8 @@ void ProcessText::copyPart(const QString& text, const QString& cut, int from, in
   if (!forMiddleClick) {
     clipboard->setText(part);
   } else if (clipboard->supportsSelection()) {
-    // Not yet: at the release of the pointer the text hands out what it shows of itself.
+    // TextEdit puts its own selection on the clipboard when the pointer is released: this comes
+    // after it.
     QMetaObject::invokeMethod(
         clipboard, [clipboard, part] { clipboard->setText(part, QClipboard::Selection); },
         Qt::QueuedConnection);

@@ -9,8 +9,7 @@ Rectangle {
     anchors.fill: parent
     color: Theme.withOpacity(Theme.secondaryLabel, hover.hovered ? 0.1 : 0)
 
-    // The control's own: below a pointer area that hovers too, this rectangle would never hear of
-    // the pointer.
+    // The handler belongs to the control: a MouseArea above this rectangle takes its hover events.
     HoverHandler {
         id: hover
 

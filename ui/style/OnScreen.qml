@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Whether an item can be seen, as far as its window tells: nothing should move while it can't.
+/// Whether an item is visible in a window that is on the screen: nothing should move otherwise.
 QtObject {
     required property Item item
     readonly property bool holds: item.visible && item.Window.visibility !== Window.Hidden && item.Window.visibility !== Window.Minimized

@@ -9,10 +9,10 @@ namespace orvane {
 namespace {
 
 constexpr double settled = 0.001;
-// QEasingCurve writes past its own memory with more (seen in Qt 6.4.2); these keep the curve within
-// three thousandths of its height.
+// QEasingCurve writes past its own memory with more segments (seen in Qt 6.4.2). Ten keep the curve
+// within three thousandths of its height.
 constexpr int segmentCount = 10;
-// The formula below divides by sqrt(1 - fraction^2); a critically damped spring looks the same.
+// The formula below divides by sqrt(1 - fraction^2), which is 0 for a critically damped spring.
 constexpr double largestFraction = 0.9999;
 
 struct Motion {
