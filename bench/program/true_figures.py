@@ -35,6 +35,15 @@ def fill(i):
     for at in range(i << 28, (i + 1) << 28, 4096): block[at] = 1
 work(8, fill)
 """
+RESPAWNED = """
+block = bytearray(300 << 20)
+block[::4096] = b"x" * len(block[::4096])
+def spawn(seconds):
+    if os.fork() == 0: time.sleep(seconds); os._exit(0)
+for i in range(6): spawn(3 + i / 2)
+open(sys.argv[1], "w").close()
+while os.wait(): spawn(6)
+"""
 PLAIN = """
 block = bytearray(300 << 20)
 block[::4096] = b"x" * len(block[::4096])
@@ -138,6 +147,7 @@ def rows(desktop, build, settled, launched):
     applications = [launched,
                     python_application(desktop, "copy-on-write", COPY_ON_WRITE, 8),
                     python_application(desktop, "shared-memory", SHARED, 8),
+                    python_application(desktop, "respawned", RESPAWNED, 0),
                     python_application(desktop, "plain", PLAIN, 0)]
     applications += [browser(desktop, command) for command in BROWSERS if shutil.which(command)]
     for each in applications:

@@ -37,6 +37,7 @@ GroupedProcess process(std::int32_t pid, std::int32_t parent,
           .residentSize = 100,
           .program = "program",
           .executable = "/usr/bin/program",
+          .command = "program",
           .unit = {},
           .role = role};
 }
@@ -141,6 +142,11 @@ TEST(ApplicationGrouping, LaunchersKeepTheirHelpersOnly) {
                       inUnit(process(24, 20), "/panel.service", isApplication),
                       inUnit(process(25, 24), "/panel.service", isApplication)}),
               (Groups{"19: 19", "20: 20 22", "24: 24 25"}));
+    EXPECT_EQ(groups({inUnit(panel, "/panel.service", isApplication),
+                      inUnit(plugin, "/panel.service", isApplication),
+                      inUnit(process(24, 1), "/panel.service", isApplication)}),
+              (Groups{"20: 20 22", "24: 24"}))
+        << "started by a process that has ended";
   }
   panel.parent = 19;
   panel.claimed = false;
@@ -158,9 +164,12 @@ TEST(ApplicationGrouping, ATreeThatNobodyClaimsIsOneSession) {
       groups({process(10, 5), process(11, 10), detached, below, application(14, 10, &editor)}),
       (Groups{"10: 10 11", "12: 12 13", "14: 14"}));
   // A remote shell's jobs; a sandbox with a session of its own inside.
-  EXPECT_EQ(groups({process(10, 5, ProcessRole::shell), helperOf(process(11, 10), 10),
-                    process(12, 10), process(13, 12)}),
-            (Groups{"10: 10 11", "12: 12 13"}));
+  auto login = process(10, 5, ProcessRole::shell);
+  auto prompt = helperOf(process(11, 10), 10);
+  auto job = detached;
+  login.session = prompt.session = job.session = below.session = 10;
+  EXPECT_EQ(groups({login, prompt, job, below}), (Groups{"10: 10 11", "12: 12 13"}));
+  below.session = 12;
   EXPECT_EQ(groups({process(10, 5, ProcessRole::wrapper), detached, below}),
             (Groups{"12: 10 12 13"}));
 }
@@ -196,6 +205,25 @@ TEST(ApplicationGrouping, WhoHoldsTheMemoryLeads) {
   script.residentSize = 2;
   EXPECT_EQ(groups({runner, script, running("server", 12, 11, 300)}), (Groups{"12: 10 11 12"}));
   EXPECT_EQ(groups({runner, script, running("tool", 12, 11, 50)}), (Groups{"10: 10 11 12"}));
+  // A fork of it in between, and the same interpreter with another program, are nothing else.
+  EXPECT_EQ(groups({runner, running("runner", 11, 10, 2), running("server", 12, 11, 300)}),
+            (Groups{"12: 10 11 12"}));
+  auto first = runner;
+  auto second = running("runner", 11, 10, 300);
+  first.image = 1;
+  second.image = 2;
+  second.command = "runner -c code";
+  EXPECT_EQ(groups({first, second}), (Groups{"11: 10 11"}));
+  first.claimed = true;  // as a browser's parts
+  EXPECT_EQ(groups({first, second}), (Groups{"10: 10 11"}));
+  // Who leads stays it while its memory swings.
+  auto swinging = running("server", 11, 10, 59);
+  EXPECT_EQ(groups({runner, swinging}), (Groups{"10: 10 11"}));
+  swinging.leads = true;
+  EXPECT_EQ(groups({runner, swinging}), (Groups{"11: 10 11"}));
+  // A shell that reads its commands from a pipe, and one with jobs.
+  auto piped = process(10, 1, ProcessRole::shell);
+  EXPECT_EQ(groups({piped, helperOf(process(11, 10), 10)}), (Groups{"11: 10 11"}));
   // Workers of the same program end with it, and two large ones are no single program.
   EXPECT_EQ(groups({runner, running("runner", 11, 10, 900)}), (Groups{"10: 10 11"}));
   EXPECT_EQ(groups({runner, running("a", 11, 10, 100), running("b", 12, 10, 100)}),
@@ -214,6 +242,7 @@ TEST(ApplicationGrouping, WhoHoldsTheMemoryLeads) {
   EXPECT_EQ(groups({editorWithServer, running("server", 11, 10, 901)}), (Groups{"11: 10 11"}));
   auto shell = running("bash", 11, 10, 9000);
   shell.role = ProcessRole::shell;
+  shell.session = 11;
   EXPECT_EQ(groups({editorWithServer, shell}), (Groups{"10: 10 11"}));
 }
 

@@ -127,7 +127,7 @@ TEST_F(LinuxApplicationsTest, NamesakesAreToldApart) {
   const ChildProcess third({other, "600"});
   ASSERT_TRUE(eventually([&] { return ledBy(third.pid()).has_value(); }));
   EXPECT_EQ(ledBy(third.pid())->distinction, "other-twin");
-  EXPECT_EQ(ledBy(first.pid())->distinction, "twin");
+  EXPECT_EQ(ledBy(first.pid())->distinction, "twin 600");
 }
 
 TEST_F(LinuxApplicationsTest, DeadProcessesAreNoApplications) {

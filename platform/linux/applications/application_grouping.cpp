@@ -59,7 +59,7 @@ class LeaderChoice {
     std::size_t leader = root;
     while (true) {
       const std::size_t program =
-          best([&](std::size_t i) { return parents_[i] == leader && leadsInstead(i, leader); },
+          best([&](std::size_t i) { return isRunBy(i, leader) && leadsInstead(i, leader); },
                [&](std::size_t a, std::size_t b) { return isMoreLikelyProgram(a, b); });
       if (program == none) return leader;
       leader = program;
@@ -77,25 +77,45 @@ class LeaderChoice {
                : none;
   }
 
-  [[nodiscard]] bool leadsInstead(std::size_t child, std::size_t parent) const {
-    const GroupedProcess& process = at(parent);
-    if (isWrapper(process)) {
-      return aboveWindow_[child] || holdsMost(child, 2) ||
-             at(child).startTime <= process.startTime + startUpTicks;
+  /// Below `parent` with nothing but forks of the same program between them.
+  [[nodiscard]] bool isRunBy(std::size_t process, std::size_t parent) const {
+    for (std::size_t up = parents_[process]; up != none; up = parents_[up]) {
+      if (up == parent) return true;
+      if (at(up).program != at(parent).program) return false;
     }
-    // A terminal's shell and the tools of a window are ended with them.
-    if (process.ownsWindow || process.role != ProcessRole::program ||
-        at(child).role == ProcessRole::shell) {
-      return false;
-    }
-    const bool otherProgram = at(child).program != process.program && !at(child).young;
-    const bool isApplication = process.claimed && process.visible && !aboveWindow_[child];
-    return otherProgram && holdsMost(child, isApplication ? 10 : 2);
+    return false;
   }
 
-  /// The child and what is below it hold all but one `part`th of the application's memory.
-  [[nodiscard]] bool holdsMost(std::size_t child, std::uint64_t part) const {
-    return (all_ - below_[child]) * part < all_;
+  [[nodiscard]] bool leadsInstead(std::size_t child, std::size_t parent) const {
+    const GroupedProcess& process = at(parent);
+    const GroupedProcess& program = at(child);
+    // A shell in somebody else's session reads a script from a pipe, when it gives its child no
+    // job.
+    const bool isScript = process.role == ProcessRole::shell && process.session != process.pid &&
+                          process.processGroup == program.processGroup;
+    if (isWrapper(process) || isScript) {
+      return aboveWindow_[child] || holdsMost(child) ||
+             program.startTime <= process.startTime + startUpTicks;
+    }
+    // A terminal's shell and the tools of a window are ended with them.
+    const bool isTerminalShell =
+        program.role == ProcessRole::shell && program.session == program.pid;
+    if (process.ownsWindow || process.role != ProcessRole::program || isTerminalShell) return false;
+    const bool isApplication = process.claimed && process.visible && !aboveWindow_[child];
+    if (program.young || !isOtherProgram(program, process)) return false;
+    return isApplication ? (all_ - below_[child]) * 10 < all_ : holdsMost(child);
+  }
+
+  /// An application may consist of a program that runs itself with other arguments.
+  [[nodiscard]] static bool isOtherProgram(const GroupedProcess& a, const GroupedProcess& b) {
+    const bool otherImage = a.image != 0 && b.image != 0 && a.image != b.image;
+    return a.program != b.program || (otherImage && a.command != b.command && !b.claimed);
+  }
+
+  /// The process and what is below it hold more than half of the application's memory. Who leads
+  /// goes on leading with more than a third: a figure that swings must not move the application.
+  [[nodiscard]] bool holdsMost(std::size_t process) const {
+    return at(process).leads ? below_[process] * 3 > all_ : below_[process] * 2 > all_;
   }
 
   [[nodiscard]] bool isMoreLikelyProgram(std::size_t a, std::size_t b) const {
@@ -130,6 +150,12 @@ class Grouping {
       : processes_(processes), parents_(processes.size(), none), keys_(processes.size(), none) {
     for (std::size_t i = 0; i < processes_.size(); ++i) parents_[i] = find(processes_[i].parent);
     cutCycles();
+    for (std::size_t i = 0; i < processes_.size(); ++i) {
+      const GroupedProcess& process = processes_[i];
+      if (process.role == ProcessRole::launcher && !process.unit.empty()) {
+        launchers_.try_emplace(process.unit, i);
+      }
+    }
     for (std::size_t i = 0; i < processes_.size(); ++i) assignWithAncestors(i);
   }
 
@@ -188,7 +214,7 @@ class Grouping {
     const std::size_t parent = parents_[i];
     const bool sameUnit =
         parent != none && !process.unit.empty() && processes_[parent].unit == process.unit;
-    if (sameUnit && isLaunched(parent, i)) return i;
+    if (sameUnit ? isLaunched(parent, i) : isLaunchedAside(i)) return i;
     if (process.unitIsApplication) return sameUnit ? keys_[parent] : unitKey(i);
     if (process.claimed) return applicationAbove(i).value_or(i);
     if (!process.unit.empty()) return sameUnit ? keys_[parent] : unitKey(i);
@@ -228,6 +254,13 @@ class Grouping {
     return executable != processes_[parent].executable && !isHelper(executable);
   }
 
+  /// Started by its unit's launcher, which doesn't keep its children (a double fork).
+  [[nodiscard]] bool isLaunchedAside(std::size_t i) const {
+    if (processes_[i].unit.empty()) return false;
+    const auto launcher = launchers_.find(processes_[i].unit);
+    return launcher != launchers_.end() && isLaunched(launcher->second, i);
+  }
+
   [[nodiscard]] bool gathersChild(std::size_t parent, std::size_t child) const {
     const GroupedProcess& process = processes_[parent];
     const GroupedProcess& application = processes_[keys_[parent]];
@@ -246,6 +279,7 @@ class Grouping {
   std::vector<std::size_t> parents_;
   std::vector<std::size_t> keys_;
   std::map<std::string_view, std::size_t> units_;
+  std::map<std::string_view, std::size_t> launchers_;  ///< of a unit
 };
 
 }  // namespace

@@ -21,6 +21,9 @@ struct GroupedProcess {
   bool young = false;                 ///< its memory may still be that of a beginning
   std::string_view program;           ///< what it runs, as ProcessCommand::name
   std::string_view executable;        ///< path; empty when it is a secret
+  std::string_view command;           ///< the beginning of its command line
+  std::uint64_t image = 0;            ///< forks have that of their parent; 0 when it is a secret
+  bool leads = false;                 ///< its application until now
   std::string_view unit;              ///< of systemd; empty for none
   bool unitIsApplication = false;     ///< the unit stands for one application
   bool claimed = false;               ///< has other evidence of its own: a launch, a window, ...

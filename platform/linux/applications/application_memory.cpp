@@ -38,9 +38,9 @@ double ageFactor(std::span<const ApplicationMember> members) {
 
 std::optional<ReadingTime> oldestReading(std::span<const ApplicationMember> members) {
   std::optional<ReadingTime> oldest;
-  for (const auto& [process, forkedFrom] : members) {
-    if (process->reading)
-      oldest = std::min(oldest.value_or(process->reading->taken), process->reading->taken);
+  for (const auto& member : members) {
+    const auto& reading = member.process->reading;
+    if (reading) oldest = std::min(oldest.value_or(reading->taken), reading->taken);
   }
   return oldest;
 }
@@ -73,8 +73,8 @@ bool isWanted(const Process& process, const ReadingState& state) {
 
 void beginRound(const ReadingCandidate& candidate, ReadingTime now) {
   candidate.state->roundStart = now;
-  for (const auto& [process, forkedFrom] : candidate.members) {
-    candidate.state->lastSerial = std::max(candidate.state->lastSerial, process->serial);
+  for (const auto& member : candidate.members) {
+    candidate.state->lastSerial = std::max(candidate.state->lastSerial, member.process->serial);
   }
 }
 
@@ -98,33 +98,40 @@ std::vector<Due> dueCandidates(std::span<const ReadingCandidate> candidates,
 }  // namespace
 
 std::uint64_t memoryFigure(std::span<const ApplicationMember> members) {
-  std::uint64_t sum = 0;
-  std::uint64_t largestShared = 0;
-  std::uint64_t largestSharedRead = 0;
-  for (const auto& [process, forkedFrom] : members) {
+  std::uint64_t read = 0;  // what the read ones hold
+  std::uint64_t unread = 0;
+  std::uint64_t sharedByRead = 0;
+  std::uint64_t sharedWhenRead = 0;
+  std::uint64_t sharedByUnread = 0;
+  std::uint64_t least = static_cast<std::uint64_t>(std::max(::sysconf(_SC_PAGESIZE), 1L));
+  for (const auto& [process, forkedFrom, familyInside] : members) {
     const std::uint64_t own = process->ownSize();
-    largestShared = std::max(largestShared, process->sharedSize);
+    if (familyInside) least = std::max(least, own);
     if (isRead(*process)) {
       // What is gone since can't be more than there was.
       const std::uint64_t now = *process->reading->proportionalSize + own;
-      sum += now - std::min(now, process->reading->ownSize);
-      largestSharedRead = std::max(largestSharedRead, process->reading->sharedSize);
+      read += now - std::min(now, process->reading->ownSize);
+      sharedByRead = std::max(sharedByRead, process->sharedSize);
+      sharedWhenRead = std::max(sharedWhenRead, process->reading->sharedSize);
     } else {
-      sum += own - std::min(own, forkedFrom == nullptr ? 0 : forkedFrom->ownSize());
+      unread += own - std::min(own, forkedFrom == nullptr ? 0 : forkedFrom->ownSize());
+      sharedByUnread = std::max(sharedByUnread, process->sharedSize);
     }
   }
-  sum += largestShared;
-  sum -= std::min(sum, largestSharedRead);
-  static const auto page = static_cast<std::uint64_t>(std::max(::sysconf(_SC_PAGESIZE), 1L));
-  return std::max(sum, page);
+  read += sharedByRead;
+  read -= std::min(read, sharedWhenRead);
+  // The same shared memory is in the readings already.
+  unread += sharedByUnread - std::min(sharedByUnread, read);
+  return std::max(read + unread, least);
 }
 
 std::uint64_t currentFigure(std::span<const ApplicationMember> members, ReadingState& state) {
   const auto wanted = [&](const auto& member) { return isWanted(*member.process, state); };
   const bool complete = state.roundStart && std::none_of(members.begin(), members.end(), wanted);
   if (!complete) return memoryFigure(members);
-  for (const auto& [process, forkedFrom] : members) {
-    if (process->pending) process->reading = std::exchange(process->pending, std::nullopt);
+  for (const auto& member : members) {
+    auto& pending = member.process->pending;
+    if (pending) member.process->reading = std::exchange(pending, std::nullopt);
   }
   state = {.roundStart = {}, .lastSerial = 0, .figureAfterRound = memoryFigure(members)};
   return state.figureAfterRound;
@@ -132,21 +139,23 @@ std::uint64_t currentFigure(std::span<const ApplicationMember> members, ReadingS
 
 ReadingPace ReadingPace::of(bool watched) {
   constexpr std::uint64_t mebibyte = 1 << 20;
-  if (watched) return {seconds(45), seconds(15), 2048 * mebibyte, 9};
-  return {seconds(270), seconds(120), 256 * mebibyte, 50};
+  // The age and the ticks, of five seconds each, come to less than a minute and than five minutes.
+  if (watched) return {seconds(35), seconds(15), 2048 * mebibyte, 8192 * mebibyte, 4};
+  return {seconds(180), seconds(90), 256 * mebibyte, 1024 * mebibyte, 22};
 }
 
 std::vector<Process*> nextReadings(std::span<const ReadingCandidate> candidates,
                                    const ReadingPace& pace, ReadingTime now) {
   const auto due = dueCandidates(candidates, pace, now);
   std::uint64_t total = 0;
-  for (const auto& each : due) total += residentSize(each.candidate->members);
-  const std::uint64_t budget = std::max(pace.budget, total / pace.rounds);
+  for (const auto& each : candidates) total += residentSize(each.members);
+  const std::uint64_t budget = std::clamp(total / pace.ticks, pace.budget, pace.mostBudget);
   std::vector<Process*> chosen;
   std::uint64_t spent = 0;
   for (const auto& [candidate, doubt] : due) {
     if (!candidate->state->roundStart) beginRound(*candidate, now);
-    for (const auto& [process, forkedFrom] : candidate->members) {
+    for (const auto& member : candidate->members) {
+      Process* const process = member.process;
       if (!isWanted(*process, *candidate->state)) continue;
       if (!chosen.empty() && spent + process->residentSize > budget) return chosen;
       chosen.push_back(process);

@@ -15,6 +15,8 @@ struct ApplicationMember {
   Process* process = nullptr;
   /// The member it was forked from without running another program since; null for none.
   const Process* forkedFrom = nullptr;
+  /// All processes that were forked from the same one are members: nobody else has its own pages.
+  bool familyInside = false;
 };
 
 /// Bytes that an application holds.
@@ -22,7 +24,8 @@ struct ApplicationMember {
 /// Where its processes were read it is the sum of their proportional sizes, moved by what the cheap
 /// figures have changed since; elsewhere the estimate: what each process has for itself and the
 /// largest shared part once. A forked process that wasn't read has for itself what it has more than
-/// its parent, because most of its pages are still the parent's. At least a page.
+/// its parent, because most of its pages are still the parent's. It is never less than what one
+/// process has for itself, however many forks took part in that when it was read. At least a page.
 [[nodiscard]] std::uint64_t memoryFigure(std::span<const ApplicationMember> members);
 
 /// How the proportional sizes of one application are kept up to date: in rounds that read all of
@@ -41,8 +44,9 @@ struct ReadingState {
 struct ReadingPace {
   std::chrono::seconds maximumAge;        ///< of a reading
   std::chrono::seconds shortestInterval;  ///< between two readings of a figure that moves
-  std::uint64_t budget = 0;               ///< bytes of resident memory a tick
-  std::uint64_t rounds = 1;               ///< ticks that may pass until everything was read
+  std::uint64_t budget = 0;               ///< bytes of resident memory that a tick may read anyway
+  std::uint64_t mostBudget = 0;           ///< and at most
+  std::uint64_t ticks = 1;                ///< that it may take to read everything
 
   /// While somebody looks at the figures, or while nobody does.
   [[nodiscard]] static ReadingPace of(bool watched);

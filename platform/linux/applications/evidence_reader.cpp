@@ -15,7 +15,11 @@ std::string commandText(const std::vector<std::string>& arguments) {
     if (text.size() >= longestCommandText) break;
     text += text.empty() ? std::string(fileName(argument)) : ' ' + argument;
   }
-  if (text.size() > longestCommandText) text.resize(longestCommandText);
+  if (text.size() > longestCommandText) {
+    text.resize(longestCommandText);
+    // Not in the middle of a character of UTF-8.
+    while (!text.empty() && (static_cast<unsigned char>(text.back()) & 0x80U) != 0) text.pop_back();
+  }
   return text;
 }
 

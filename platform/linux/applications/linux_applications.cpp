@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "core/utf8.h"
 #include "platform/linux/applications/linux_process_handle.h"
@@ -80,9 +81,12 @@ void LinuxApplications::group() {
   processes.reserve(all.size());
   for (const auto& candidate : all) processes.push_back(groupedProcess(candidate));
   applications_.clear();
+  for (const auto& candidate : all) candidate.process->leads = false;
   for (const auto& group : groupApplications(processes)) {
+    all[group.leader].process->leads = true;
     applications_.push_back(makeApplication(all, group));
   }
+  findFamilies();
   keepLeaders();
   tellNamesakesApart();
 }
@@ -131,6 +135,9 @@ GroupedProcess LinuxApplications::groupedProcess(const Candidate& candidate) {
           .young = process.isYoung(),
           .program = evidence.name,
           .executable = evidence.executable,
+          .command = evidence.command,
+          .image = process.startStack,
+          .leads = process.leads,
           .unit = evidence.unit.path,
           .unitIsApplication = unitIsApplication,
           .claimed = candidate.entry != nullptr || candidate.window != nullptr,
@@ -180,9 +187,30 @@ void LinuxApplications::addMembers(Application& application,
         group.members.begin(), group.members.end(), process.parent,
         [&](std::size_t other, std::int32_t pid) { return candidates[other].process->pid < pid; });
     const Process* above = parent == group.members.end() ? nullptr : candidates[*parent].process;
+    // Of a process that protects itself only the name is known.
     const bool isFork = above != nullptr && above->pid == process.parent &&
-                        process.startStack != 0 && above->startStack == process.startStack;
+                        (process.startStack == 0 ? above->command == process.command
+                                                 : above->startStack == process.startStack);
     application.members.push_back({.process = &process, .forkedFrom = isFork ? above : nullptr});
+  }
+}
+
+/// Processes forked from one another may have come to belong to several applications.
+void LinuxApplications::findFamilies() {
+  std::unordered_map<std::uint64_t, const Application*> homes;
+  const auto homeless = [](const Process& process) { return process.startStack == 0; };
+  for (const auto& application : applications_) {
+    for (const auto& member : application.members) {
+      if (homeless(*member.process)) continue;
+      auto& home = homes.try_emplace(member.process->startStack, &application).first->second;
+      if (home != &application) home = nullptr;
+    }
+  }
+  for (auto& application : applications_) {
+    for (auto& member : application.members) {
+      member.familyInside =
+          !homeless(*member.process) && homes.at(member.process->startStack) == &application;
+    }
   }
 }
 
@@ -214,13 +242,13 @@ void LinuxApplications::tellNamesakesApart() {
   }
   for (const auto& [name, namesakes] : byName) {
     if (namesakes.size() < 2) continue;
-    const std::string& first = namesakes.front()->entryId;
-    const bool sameEntry = std::all_of(namesakes.begin(), namesakes.end(),
-                                       [&](const auto* each) { return each->entryId == first; });
     for (Application* each : namesakes) {
-      const std::string& text =
-          sameEntry || each->entryId.empty() ? each->leader->evidence.command : each->entryId;
-      each->record.distinction = singleLineText(text);
+      const auto copies =
+          std::count_if(namesakes.begin(), namesakes.end(),
+                        [&](const Application* other) { return other->entryId == each->entryId; });
+      const bool byEntry = copies == 1 && !each->entryId.empty();
+      each->record.distinction =
+          singleLineText(byEntry ? each->entryId : each->leader->evidence.command);
     }
   }
 }
@@ -231,7 +259,7 @@ void LinuxApplications::measure() {
     ReadingState& readings = leaders_.at(application.leader->pid).readings;
     const std::uint64_t figure = currentFigure(application.members, readings);
     int threads = 0;
-    for (const auto& [process, forkedFrom] : application.members) threads += process->threads;
+    for (const auto& member : application.members) threads += member.process->threads;
     application.record.figures = {.virtualSize = application.leader->virtualSize,
                                   .residentSize = figure,
                                   .threadCount = threads};

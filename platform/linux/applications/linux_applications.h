@@ -83,6 +83,7 @@ class LinuxApplications : public RunningApplications {
                                                    const ApplicationGroup& group);
   static void addMembers(Application& application, const std::vector<Candidate>& candidates,
                          const ApplicationGroup& group);
+  void findFamilies();
   void keepLeaders();
   void tellNamesakesApart();
   void measure();

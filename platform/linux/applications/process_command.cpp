@@ -19,24 +19,42 @@ constexpr std::array wrappers{
     "bwrap"sv,    "unshare"sv,      "env"sv,     "nohup"sv,       "setsid"sv,         "timeout"sv,
     "firejail"sv, "snap-confine"sv, "flatpak"sv, "gamemoderun"sv, "systemd-inhibit"sv};
 constexpr std::array sessionRoots{
-    "systemd"sv,           "startx"sv, "xinit"sv,       "Xsession"sv,
-    "x-session-manager"sv, "sshd"sv,   "dbus-daemon"sv, "dbus-broker-launch"sv};
+    "systemd"sv,           "startx"sv,    "xinit"sv,           "Xsession"sv,
+    "x-session-manager"sv, "sshd"sv,      "dbus-daemon"sv,     "dbus-broker-launch"sv,
+    "lxsession"sv,         "ksmserver"sv, "startplasma-x11"sv, "startplasma-wayland"sv,
+    "start-hyprland"sv};
 /// Panels, shells, window managers and compositors; windows tell the same of others, but on X11
 /// only.
-constexpr std::array launchers{
-    "gnome-shell"sv,  "gnome-panel"sv,    "plasmashell"sv,   "kwin_x11"sv,
-    "kwin_wayland"sv, "krunner"sv,        "xfce4-panel"sv,   "xfwm4"sv,
-    "xfdesktop"sv,    "lxqt-panel"sv,     "lxqt-runner"sv,   "lxpanel"sv,
-    "mate-panel"sv,   "marco"sv,          "cinnamon"sv,      "muffin"sv,
-    "budgie-panel"sv, "budgie-wm"sv,      "mutter"sv,        "metacity"sv,
-    "waybar"sv,       "sway"sv,           "swaybar"sv,       "i3"sv,
-    "i3bar"sv,        "polybar"sv,        "tint2"sv,         "openbox"sv,
-    "fluxbox"sv,      "icewm"sv,          "jwm"sv,           "awesome"sv,
-    "bspwm"sv,        "sxhkd"sv,          "herbstluftwm"sv,  "dwm"sv,
-    "xmonad"sv,       "qtile"sv,          "enlightenment"sv, "Hyprland"sv,
-    "labwc"sv,        "wayfire"sv,        "river"sv,         "niri"sv,
-    "weston"sv,       "dmenu"sv,          "rofi"sv,          "fuzzel"sv,
-    "wofi"sv,         "xfce4-appfinder"sv};
+constexpr std::array launchers{"gnome-shell"sv,   "gnome-panel"sv,
+                               "plasmashell"sv,   "kwin_x11"sv,
+                               "kwin_wayland"sv,  "krunner"sv,
+                               "xfce4-panel"sv,   "xfwm4"sv,
+                               "xfdesktop"sv,     "lxqt-panel"sv,
+                               "lxqt-runner"sv,   "lxpanel"sv,
+                               "mate-panel"sv,    "marco"sv,
+                               "cinnamon"sv,      "muffin"sv,
+                               "budgie-panel"sv,  "budgie-wm"sv,
+                               "mutter"sv,        "metacity"sv,
+                               "waybar"sv,        "sway"sv,
+                               "swaybar"sv,       "i3"sv,
+                               "i3bar"sv,         "polybar"sv,
+                               "tint2"sv,         "openbox"sv,
+                               "fluxbox"sv,       "icewm"sv,
+                               "jwm"sv,           "awesome"sv,
+                               "bspwm"sv,         "sxhkd"sv,
+                               "herbstluftwm"sv,  "dwm"sv,
+                               "pekwm"sv,         "dwl"sv,
+                               "wmaker"sv,        "spectrwm"sv,
+                               "leftwm"sv,        "gala"sv,
+                               "phosh"sv,         "cosmic-comp"sv,
+                               "hyprland"sv,      "xmonad-x86_64-linux"sv,
+                               "xmonad"sv,        "qtile"sv,
+                               "enlightenment"sv, "Hyprland"sv,
+                               "labwc"sv,         "wayfire"sv,
+                               "river"sv,         "niri"sv,
+                               "weston"sv,        "dmenu"sv,
+                               "rofi"sv,          "fuzzel"sv,
+                               "wofi"sv,          "xfce4-appfinder"sv};
 
 template <typename Names>
 bool contains(const Names& names, std::string_view name) {

@@ -44,6 +44,7 @@ struct Process {
   std::uint64_t startStack = 0;    ///< as in ProcessStat
   bool needsEvidence = true;       ///< new, very young, or running another program than before
   ProcessEvidence evidence;        ///< kept here for whoever gathers it
+  bool leads = false;              ///< an application, kept here for the next grouping
   std::optional<ProportionalReading> reading;  ///< the one that counts, for whoever takes it
   std::optional<ProportionalReading> pending;  ///< waits for those of the same application
 

@@ -41,8 +41,6 @@ class ProportionalSizeReader {
     std::vector<Entry> entries;
   };
 
-  static void readAll(std::vector<Entry>& entries);
-
   MainQueue& mainQueue_;
   BackgroundQueue& backgroundQueue_;
   std::shared_ptr<Batch> batch_ = std::make_shared<Batch>();
