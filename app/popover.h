@@ -7,9 +7,9 @@
 #include <QtQuick/QQuickView>
 #include <memory>
 
-#include "app/window_geometry.h"
 #include "app/windows.h"
 #include "ui/views.h"
+#include "ui/windows/window_geometry.h"
 
 namespace orvane {
 

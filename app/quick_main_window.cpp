@@ -4,8 +4,8 @@
 #include <QtGui/QScreen>
 #include <utility>
 
-#include "app/window_geometry.h"
 #include "platform/linux/x11/x11_window_hints.h"
+#include "ui/windows/window_geometry.h"
 
 namespace orvane {
 namespace {

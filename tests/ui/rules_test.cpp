@@ -3,8 +3,9 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 
-#include "ui/menus/popup_placement.h"
+#include "ui/menus/menu_choice.h"
 #include "ui/process/process_text.h"
+#include "ui/windows/window_geometry.h"
 
 namespace orvane {
 namespace {

@@ -1,11 +1,12 @@
-#include "ui/menus/popup_controller.h"
+#include "ui/windows/popup_controller.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <cmath>
 
-#include "ui/menus/popup_placement.h"
+#include "ui/menus/menu_choice.h"
 
 namespace orvane {
 
@@ -65,6 +66,27 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
   window_->setGeometry({staysPut(*window_) ? window_->position() : placed.topLeft(), size});
 }
 
+void PopupController::placeAtStatusItem(QPoint reported) {
+  const QList<ScreenArea> areas = screenAreas();
+  if (!window_ || areas.isEmpty()) return;
+  const auto pointer = needsGrab() ? std::optional(QCursor::pos()) : std::nullopt;
+  statusItem_ = statusItemLocation(pointer, {reported.x(), reported.y()}, areas);
+  screen_ = screenAt(statusItem_, areas);
+  if (QScreen* screen = QGuiApplication::screenAt(statusItem_)) window_->setScreen(screen);
+  const auto follow = [this] {
+    const QRect place = popoverRectangle(statusItem_, window_->size(), screen_);
+    if (window_->position() != place.topLeft()) window_->setPosition(place.topLeft());
+  };
+  follow();
+  connect(window_, &QWindow::heightChanged, this, follow);
+  // Later than the change itself: between two of our own windows the focus is nowhere for a moment.
+  connect(window_, &QWindow::activeChanged, this, [this] { focusCheck_.start(0, this); });
+  // The item may be elsewhere now, and the window off the screen.
+  const auto close = [this] { Q_EMIT dismissed(false); };
+  connect(window_->screen(), &QScreen::geometryChanged, this, close);
+  connect(qGuiApp, &QGuiApplication::screenRemoved, this, close);
+}
+
 bool PopupController::isAnchorInSight() const {
   if (!anchor_) return false;
   const QPointF middle(anchor_->width() / 2, anchor_->height() / 2);
@@ -78,6 +100,30 @@ int PopupController::next(const QList<bool>& choosable, int current, int directi
   return nextChoice(choosable, current, direction);
 }
 
+void PopupController::setLent(bool lent) {
+  if (isLent_ == lent) return;
+  isLent_ = lent;
+  Q_EMIT lentChanged();
+  if (isLent_ || !window_ || !window_->isVisible()) return;
+  // A menu that was closed by its user has the focus still; without it another program took it.
+  if (needsGrab() && QGuiApplication::focusWindow() == nullptr) {
+    Q_EMIT dismissed(true);
+    return;
+  }
+  window_->requestActivate();
+  retry_.start(retryMilliseconds, this);
+}
+
+void PopupController::checkFocus() {
+  focusCheck_.stop();
+  if (!window_ || !window_->isVisible()) return;
+  if (window_->isActive()) {
+    wasActive_ = true;
+  } else if (wasActive_ && !isLent_) {
+    Q_EMIT dismissed(true);
+  }
+}
+
 bool PopupController::ownerEvent(QEvent& event) {
   if (!window_ || !window_->isVisible()) return false;
   switch (event.type()) {
@@ -85,18 +131,18 @@ bool PopupController::ownerEvent(QEvent& event) {
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
       // Some compositors leave the keyboard here.
-      if (!takesInput_) return false;
+      if (!isPopup()) return false;
       QCoreApplication::sendEvent(window_, &event);
       return true;
     case QEvent::MouseMove:
       Q_EMIT pointerMovedOutside(static_cast<QMouseEvent&>(event).globalPosition());
       return false;
     case QEvent::FocusOut:
-      if (isLeft()) Q_EMIT dismissed();
+      if (isLeft()) Q_EMIT dismissed(true);
       return false;
     case QEvent::Hide:
     case QEvent::Close:
-      Q_EMIT dismissed();
+      Q_EMIT dismissed(false);
       return false;
     default:
       return false;
@@ -115,39 +161,55 @@ bool PopupController::deliverKey(QEvent& event) {
   return false;
 }
 
+bool PopupController::popupEvent(QEvent& event) {
+  switch (event.type()) {
+    case QEvent::ShortcutOverride:
+      // Keys belong to the popup alone: no shortcut of the window below may take one.
+      event.accept();
+      return true;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return window_->activeFocusItem() == nullptr && deliverKey(event);
+    case QEvent::FocusOut:
+      // While it holds the keyboard the window below has none to lose.
+      if (needsGrab() && window_->isVisible() && isLeft()) Q_EMIT dismissed(true);
+      return false;
+    default:
+      return false;
+  }
+}
+
 bool PopupController::eventFilter(QObject* watched, QEvent* event) {
   if (watched == owner_) return ownerEvent(*event);
   if (watched != window_) return false;
   switch (event->type()) {
     case QEvent::Expose:
-      if (takesInput_ && needsGrab() && window_->isExposed()) hold();
-      return false;
-    case QEvent::ShortcutOverride:
-      // Keys belong to the popup alone: no shortcut of the window below may take one.
-      event->accept();
-      return true;
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-      return window_->activeFocusItem() == nullptr && deliverKey(*event);
-    case QEvent::FocusOut:
-      // While it holds the keyboard the window below has none to lose.
-      if (needsGrab() && window_->isVisible() && isLeft()) Q_EMIT dismissed();
+      hold();
       return false;
     case QEvent::Hide:
       retry_.stop();
       return false;
     case QEvent::MouseButtonPress:
-      if (isInside(*static_cast<QMouseEvent*>(event))) return false;
-      Q_EMIT dismissed();
-      return true;
+    case QEvent::MouseButtonRelease:
+      return closesOutside(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseMove: {
       const auto& move = *static_cast<QMouseEvent*>(event);
       if (!isInside(move)) Q_EMIT pointerMovedOutside(move.globalPosition());
       return false;
     }
     default:
-      return false;
+      return isPopup() && popupEvent(*event);
   }
+}
+
+// The popover holds the mouse until the button is up: a panel that got the release alone would make
+// a click of it and open the popover again.
+bool PopupController::closesOutside(const QMouseEvent& event) {
+  const bool press = event.type() == QEvent::MouseButtonPress;
+  pressedOutside_ = pressedOutside_ || (press && !isInside(event));
+  if (!pressedOutside_) return false;
+  if (isPopup() || event.buttons() == Qt::NoButton) Q_EMIT dismissed(false);
+  return true;
 }
 
 bool PopupController::isLeft() const {
@@ -161,20 +223,15 @@ bool PopupController::isInside(const QMouseEvent& event) const {
 
 void PopupController::timerEvent(QTimerEvent* event) {
   if (event->timerId() == retry_.timerId()) hold();
+  if (event->timerId() == focusCheck_.timerId()) checkFocus();
 }
 
 void PopupController::hold() {
-  if (!window_ || !window_->isVisible()) {
-    retry_.stop();
-    return;
-  }
+  retry_.stop();
+  if (holds_ == Nothing || isLent_ || !needsGrab() || !window_ || !window_->isExposed()) return;
   const bool mouse = window_->setMouseGrabEnabled(true);
-  const bool keyboard = window_->setKeyboardGrabEnabled(true);
-  if (mouse && keyboard) {
-    retry_.stop();
-  } else if (!retry_.isActive()) {
-    retry_.start(retryMilliseconds, this);
-  }
+  const bool keyboard = !isPopup() || window_->setKeyboardGrabEnabled(true);
+  if (!mouse || !keyboard) retry_.start(retryMilliseconds, this);
 }
 
 }  // namespace orvane

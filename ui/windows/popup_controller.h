@@ -6,36 +6,49 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
+#include "ui/windows/window_geometry.h"
+
 namespace orvane {
 
-/// Places a transient window at an item and says when it has to close: at a press outside of it
-/// and when the window it belongs to is left or hidden.
+/// Places a transient window and says when it has to close: at a press outside of it, when the
+/// focus goes elsewhere, and when what it lies at is gone.
 ///
-/// Where the window system doesn't do so itself (X11) the popup holds the mouse and the keyboard
-/// while it is open; whoever held them before takes them again afterwards. Keys that arrive at the
-/// window below all the same are the popup's.
+/// A popup lies at an item of another window. The popover lies at the status item, and keeps its
+/// place while its height changes. Where the window system doesn't do so itself (X11) the window
+/// holds the mouse, and a popup the keyboard too, while it is open; whoever held them before takes
+/// them again afterwards. Keys that arrive at the window below all the same are the popup's.
 class PopupController : public QObject {
   Q_OBJECT
   QML_ELEMENT
 
   Q_PROPERTY(QQuickWindow* window READ window WRITE setWindow NOTIFY windowChanged)
+  /// What a popup lies at; none for the popover.
   Q_PROPERTY(QQuickItem* anchor READ anchor WRITE setAnchor NOTIFY anchorChanged)
-  /// Whether the window takes the mouse and the keyboard; a window that is only looked at doesn't.
-  Q_PROPERTY(bool takesInput MEMBER takesInput_)
+  /// What the window takes; one that is only looked at takes nothing.
+  Q_PROPERTY(Hold holds MEMBER holds_)
+  /// A popup of this window's own is open and has the mouse and the focus until it closes.
+  Q_PROPERTY(bool lent READ isLent WRITE setLent NOTIFY lentChanged)
 
  public:
   enum Edge { Below, Trailing };
   Q_ENUM(Edge)
+  enum Hold { Nothing, Mouse, MouseAndKeyboard };
+  Q_ENUM(Hold)
 
   using QObject::QObject;
 
   [[nodiscard]] QQuickWindow* window() const { return window_; }
   [[nodiscard]] QQuickItem* anchor() const { return anchor_; }
+  [[nodiscard]] bool isLent() const { return isLent_; }
   void setWindow(QQuickWindow* window);
   void setAnchor(QQuickItem* anchor);
+  void setLent(bool lent);
 
   /// Gives the window its size and place, on the screen of the anchor.
   Q_INVOKABLE void place(double width, double height, Edge edge, double gap);
+  /// Puts the window beside the status item, on its screen, now and whenever its height changes;
+  /// `reported` is where the panel says the item is, in device pixels.
+  Q_INVOKABLE void placeAtStatusItem(QPoint reported);
   /// Whether the middle of the anchor can be seen, not scrolled away.
   Q_INVOKABLE [[nodiscard]] bool isAnchorInSight() const;
   /// The entry a key moves to; see nextChoice.
@@ -45,7 +58,9 @@ class PopupController : public QObject {
  Q_SIGNALS:
   void windowChanged();
   void anchorChanged();
-  void dismissed();
+  void lentChanged();
+  /// `left`: the user turned to something else, with a click that may mean more than the end.
+  void dismissed(bool left);
   /// The pointer is elsewhere on the screen; on Wayland told for the window below alone.
   void pointerMovedOutside(QPointF place);
 
@@ -54,20 +69,32 @@ class PopupController : public QObject {
   void timerEvent(QTimerEvent* event) override;
 
  private:
+  [[nodiscard]] bool isPopup() const { return holds_ == MouseAndKeyboard; }
   [[nodiscard]] bool isInside(const QMouseEvent& event) const;
   /// Whether the focus is with neither the popup nor the window below.
   [[nodiscard]] bool isLeft() const;
   void hold();
+  void checkFocus();
   void watchOwner();
   /// What happens to the window below while the popup is open; true for what is the popup's own.
   bool ownerEvent(QEvent& event);
+  /// The keys and the focus of a popup; true for a key that is delivered.
+  bool popupEvent(QEvent& event);
   bool deliverKey(QEvent& event);
+  /// A press outside closes; true for events that belong to one.
+  bool closesOutside(const QMouseEvent& event);
 
   QPointer<QQuickWindow> window_;
   QPointer<QQuickItem> anchor_;
   QPointer<QWindow> owner_;
+  QPoint statusItem_;
+  ScreenArea screen_;
   QBasicTimer retry_;
-  bool takesInput_ = true;
+  QBasicTimer focusCheck_;
+  Hold holds_ = MouseAndKeyboard;
+  bool isLent_ = false;
+  bool wasActive_ = false;
+  bool pressedOutside_ = false;
 };
 
 }  // namespace orvane

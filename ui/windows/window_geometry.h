@@ -40,6 +40,15 @@ enum class PanelEdge { top, bottom, left, right };
 /// the item, and always inside of what panels leave.
 [[nodiscard]] QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen);
 
+/// At which edge of its anchor a popup lies.
+enum class PopupEdge { below, trailing };
+
+/// Where a popup of `size` goes: at `edge` of `anchor`, at the opposite edge when there is more
+/// room, and moved to lie inside `screen`. Below, its leading edge follows the anchor's; beside,
+/// it is centred on the anchor.
+[[nodiscard]] QRect placePopup(const QRect& anchor, QSize size, const QRect& screen,
+                               PopupEdge edge);
+
 /// Where a window of `size` lies in the middle of what panels leave of the screen, its upper left
 /// corner inside in any case.
 [[nodiscard]] QPoint centredPosition(QSize size, const QRect& available);

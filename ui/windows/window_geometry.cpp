@@ -1,4 +1,4 @@
-#include "app/window_geometry.h"
+#include "ui/windows/window_geometry.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -72,6 +72,20 @@ int fit(int value, int lowest, int highest) {
   return std::max(lowest, std::min(value, highest));
 }
 
+/// `rectangle`, moved to lie inside `room`, or to begin where that begins.
+QRect inside(QRect rectangle, const QRect& room) {
+  rectangle.moveTo(fit(rectangle.x(), room.left(), room.right() + 1 - rectangle.width()),
+                   fit(rectangle.y(), room.top(), room.bottom() + 1 - rectangle.height()));
+  return rectangle;
+}
+
+/// Start of a span of `length` after [from, to), or before it when there is more room.
+int besides(int from, int to, int length, int low, int high) {
+  const bool fitsAfter = to + length <= high;
+  const bool moreRoomBefore = from - low > high - to;
+  return fitsAfter || !moreRoomBefore ? to : from - length;
+}
+
 }  // namespace
 
 const ScreenArea& screenAt(QPoint point, const QList<ScreenArea>& screens) {
@@ -118,9 +132,19 @@ QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen) {
       corner.setX((inPanel ? room.right() + 1 : item.x() - reach) - size.width());
       break;
   }
-  corner.setX(fit(corner.x(), room.left(), room.right() + 1 - size.width()));
-  corner.setY(fit(corner.y(), room.top(), room.bottom() + 1 - size.height()));
-  return {corner, size};
+  return inside({corner, size}, room);
+}
+
+QRect placePopup(const QRect& anchor, QSize size, const QRect& screen, PopupEdge edge) {
+  QPoint corner(anchor.x(), anchor.y() + (anchor.height() - size.height()) / 2);
+  if (edge == PopupEdge::below) {
+    corner.setY(besides(anchor.top(), anchor.bottom() + 1, size.height(), screen.top(),
+                        screen.bottom() + 1));
+  } else {
+    corner.setX(besides(anchor.left(), anchor.right() + 1, size.width(), screen.left(),
+                        screen.right() + 1));
+  }
+  return inside({corner, size}, screen);
 }
 
 QList<ScreenArea> screenAreas() {

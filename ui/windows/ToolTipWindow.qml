@@ -43,7 +43,7 @@ Item {
 
                 window: window
                 anchor: root.anchorItem
-                takesInput: false
+                holds: PopupController.Nothing
                 onDismissed: loader.active = false
             }
 
