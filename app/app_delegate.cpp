@@ -1,5 +1,6 @@
 #include "app/app_delegate.h"
 
+#include <functional>
 #include <utility>
 
 #include "app/status_title.h"
@@ -25,8 +26,6 @@ void AppDelegate::applicationDidFinishLaunching() {
   requestNotificationPermission();
   setupStatusItem();
   showMainWindowAtLaunch();
-  updaterController_ = std::make_unique<UpdateController>(services_.updates, services_.windows,
-                                                          services_.desktop, memoryManager_);
   observeBoost();
 }
 
@@ -88,7 +87,6 @@ void AppDelegate::setupStatusItem() {
   titleTimer_ = services_.model.timers.repeat(statusTitleInterval, [weak = weak_from_this()] {
     if (const auto self = weak.lock()) self->updateStatusTitle();
   });
-  setupPopover();
 }
 
 void AppDelegate::updateStatusTitle() {
@@ -121,73 +119,54 @@ void AppDelegate::updateStatusIcon(bool boosting) {
 
 std::vector<StatusMenuEntry> AppDelegate::menuEntries() {
   using Kind = StatusMenuEntry::Kind;
-  const PopoverClosures actions = popoverClosures();
+  const auto weak = weak_from_this();
   const StatusMenuEntry divider{
       .kind = Kind::divider, .label = {}, .isChecked = {}, .activate = {}};
-  const auto toggle = [](const char* label, auto isOn, auto set) {
+  const auto toggle = [weak](const char* label, auto isOn, auto set) {
+    const auto checked = [weak, isOn] {
+      const auto self = weak.lock();
+      return self && std::invoke(isOn, *self);
+    };
+    const auto flip = [weak, isOn, set] {
+      if (const auto self = weak.lock()) std::invoke(set, *self, !std::invoke(isOn, *self));
+    };
     return StatusMenuEntry{
-        .kind = Kind::toggle, .label = label, .isChecked = isOn, .activate = [isOn, set] {
-          set(!isOn());
-        }};
+        .kind = Kind::toggle, .label = label, .isChecked = checked, .activate = flip};
   };
-  const auto action = [](const char* label, auto activate) {
+  const auto action = [weak](const char* label, auto operation) {
+    const auto perform = [weak, operation] {
+      if (const auto self = weak.lock()) std::invoke(operation, *self);
+    };
     return StatusMenuEntry{
-        .kind = Kind::action, .label = label, .isChecked = {}, .activate = activate};
+        .kind = Kind::action, .label = label, .isChecked = {}, .activate = perform};
   };
-  return {toggle("Show Window", actions.isMainWindowVisible, actions.setMainWindowVisible),
-          divider,
-          toggle("Launch at Login", actions.launchAtLogin, actions.setLaunchAtLogin),
-          divider,
-          action("Check for Updates...", actions.onCheckUpdates),
-          divider,
-          action("Quit Orvane", actions.onQuit)};
+  return {
+      toggle("Show Window", &AppDelegate::isMainWindowVisible, &AppDelegate::setMainWindowVisible),
+      divider,
+      toggle("Launch at Login", &AppDelegate::launchAtLogin,
+             &AppDelegate::setLaunchAtLoginPreference),
+      divider,
+      action("Check for Updates...", &AppDelegate::checkForUpdates),
+      divider,
+      action("Quit Orvane", &AppDelegate::quitApp)};
 }
 
-// The popover.
+// The windows.
 
-void AppDelegate::setupPopover() {
-  popover_ = services_.windows.makePopover(memoryManager_);
+Windows* AppDelegate::windows() {
+  if (!loaded_.windows) loaded_ = services_.loadWindows(*this, memoryManager_);
+  return loaded_.windows.get();
 }
 
 void AppDelegate::togglePopover(ScreenPoint item) {
   if (!statusItem_) return;
-  if (popover_ && popover_->isShown()) {
-    popover_->performClose();
+  if (loaded_.windows && loaded_.windows->isPopoverShown()) {
+    loaded_.windows->closePopover();
     return;
   }
-  if (popover_) popover_->show(item, popoverClosures());
+  if (Windows* shown = windows()) shown->showPopover(item);
   memoryManager_->updateMemoryStats();
 }
-
-PopoverClosures AppDelegate::popoverClosures() {
-  const auto weak = weak_from_this();
-  const auto perform = [weak](auto operation) {
-    return [weak, operation] {
-      if (const auto self = weak.lock()) operation(*self);
-    };
-  };
-  const auto ask = [weak](auto question) {
-    return [weak, question] {
-      const auto self = weak.lock();
-      return self && question(*self);
-    };
-  };
-  return {.isMainWindowVisible = ask([](AppDelegate& self) { return self.isMainWindowVisible_; }),
-          .setMainWindowVisible =
-              [weak](bool visible) {
-                if (const auto self = weak.lock()) self->setMainWindowVisible(visible);
-              },
-          .onBoost = perform([](AppDelegate& self) { self.boostMemoryFromMenu(); }),
-          .onCheckUpdates = perform([](AppDelegate& self) { self.checkForUpdates(); }),
-          .onQuit = perform([](AppDelegate& self) { self.quitApp(); }),
-          .launchAtLogin = ask([](AppDelegate& self) { return self.preference(launchAtLoginKey); }),
-          .setLaunchAtLogin =
-              [weak](bool enabled) {
-                if (const auto self = weak.lock()) self->setLaunchAtLoginPreference(enabled);
-              }};
-}
-
-// The main window.
 
 void AppDelegate::setMainWindowVisible(bool visible) {
   if (visible) {
@@ -199,70 +178,32 @@ void AppDelegate::setMainWindowVisible(bool visible) {
 
 void AppDelegate::showMainWindow() {
   services_.application.setActivationPolicy(ActivationPolicy::regular);
-  if (!mainWindow_) {
-    mainWindow_ = services_.windows.makeMainWindow(memoryManager_, mainWindowClosures(),
-                                                   mainWindowDelegate());
-  }
-  if (mainWindow_) {
-    presentMainWindow();
-  } else {
+  if (windows() == nullptr) {
     services_.application.setActivationPolicy(ActivationPolicy::accessory);
+    return;
   }
-}
-
-MainWindowClosures AppDelegate::mainWindowClosures() {
-  const auto weak = weak_from_this();
-  return {.revealFile =
-              [weak](const std::string& path) {
-                if (const auto self = weak.lock()) self->services_.desktop.revealFile(path);
-              },
-          .contactSupport =
-              [weak] {
-                if (const auto self = weak.lock()) self->openSupportEmail();
-              },
-          .checkForUpdates =
-              [weak] {
-                if (const auto self = weak.lock()) self->checkForUpdates();
-              },
-          .quit =
-              [weak] {
-                if (const auto self = weak.lock()) self->quitApp();
-              }};
-}
-
-MainWindowDelegate AppDelegate::mainWindowDelegate() {
-  const auto weak = weak_from_this();
-  return {.willClose =
-              [weak](const MainWindow& window) {
-                if (const auto self = weak.lock()) self->windowWillClose(window);
-              },
-          .didBecomeKey =
-              [weak](const MainWindow& window) {
-                if (const auto self = weak.lock()) self->windowDidBecomeKey(window);
-              }};
-}
-
-void AppDelegate::presentMainWindow() {
   services_.application.activate();
-  mainWindow_->makeKeyAndOrderFront();
+  loaded_.windows->showMainWindow();
+  hasMainWindow_ = true;
   isMainWindowVisible_ = true;
   services_.model.preferences.setBoolean(mainWindowVisibleKey, true);
 }
 
 void AppDelegate::hideMainWindow() {
-  if (!mainWindow_) return;
-  mainWindow_->orderOut();
+  if (!hasMainWindow_) return;
+  loaded_.windows->hideMainWindow();
   isMainWindowVisible_ = false;
   services_.application.setActivationPolicy(ActivationPolicy::accessory);
   services_.model.preferences.setBoolean(mainWindowVisibleKey, false);
 }
 
-void AppDelegate::windowWillClose(const MainWindow& window) {
-  if (&window == mainWindow_.get()) hideMainWindow();
+void AppDelegate::windowWillClose(WindowKind window) {
+  if (window == WindowKind::main) hideMainWindow();
+  if (window == WindowKind::update) loaded_.updaterController->cancel();
 }
 
-void AppDelegate::windowDidBecomeKey(const MainWindow& window) {
-  if (&window == mainWindow_.get()) isMainWindowVisible_ = true;
+void AppDelegate::windowDidBecomeKey(WindowKind window) {
+  if (window == WindowKind::main) isMainWindowVisible_ = true;
 }
 
 // Commands.
@@ -279,7 +220,18 @@ void AppDelegate::quitApp() {
 }
 
 void AppDelegate::checkForUpdates() {
-  if (updaterController_) updaterController_->checkForUpdates();
+  if (windows() == nullptr) return;
+  loaded_.windows->showUpdateCheck();
+  loaded_.updaterController->checkForUpdates(
+      [this](const UpdateResult& result) { loaded_.windows->showUpdateResult(result); });
+}
+
+void AppDelegate::openUrl(const std::string& address) {
+  services_.desktop.openUrl(address);
+}
+
+void AppDelegate::revealFile(const std::string& path) {
+  services_.desktop.revealFile(path);
 }
 
 void AppDelegate::openSupportEmail() {
@@ -288,6 +240,10 @@ void AppDelegate::openSupportEmail() {
   } else {
     services_.model.output.printLine("Failed to create mailto URL");
   }
+}
+
+bool AppDelegate::launchAtLogin() const {
+  return preference(launchAtLoginKey);
 }
 
 void AppDelegate::setLaunchAtLoginPreference(bool enabled) {

@@ -7,13 +7,12 @@
 
 #include "app/application.h"
 #include "app/status_icon.h"
-#include "app/update_controller.h"
-#include "app/windows.h"
+#include "app/windows_module.h"
 #include "core/memory_manager.h"
 #include "platform/desktop_opener.h"
 #include "platform/login_item.h"
-#include "platform/software_updater.h"
 #include "platform/status_bar.h"
+#include "ui/windows/windows.h"
 
 namespace orvane {
 
@@ -30,18 +29,19 @@ struct AppServices {
   Application& application;
   StatusBar& statusBar;
   LoginItem& loginItem;
-  UpdateSettings updates;
   DesktopOpener& desktop;
-  WindowFactory& windows;
+  WindowLoader loadWindows;
   const StatusIcons& icons;
   std::string supportAddress;
 };
 
-/// The shell: owns the model, the status item with its popover and menu, the main window and the
-/// update controller, and keeps the preferences about them.
+/// The shell: owns the model, the status item with its menu, the windows and the update check, and
+/// keeps the preferences about them. The windows are loaded when the first is wanted.
 ///
 /// Main thread only. No operation blocks, and none reports an error to its caller.
-class AppDelegate : public NotificationDelegate, public std::enable_shared_from_this<AppDelegate> {
+class AppDelegate : public NotificationDelegate,
+                    public Shell,
+                    public std::enable_shared_from_this<AppDelegate> {
  public:
   /// Makes the model, which takes its first sample and samples from then on.
   [[nodiscard]] static std::shared_ptr<AppDelegate> create(AppServices services);
@@ -62,13 +62,20 @@ class AppDelegate : public NotificationDelegate, public std::enable_shared_from_
 
   void showMainWindow();
   void hideMainWindow();
-  void windowWillClose(const MainWindow& window);
-  void windowDidBecomeKey(const MainWindow& window);
+  [[nodiscard]] bool isMainWindowVisible() const override { return isMainWindowVisible_; }
+  void setMainWindowVisible(bool visible) override;
+  void windowWillClose(WindowKind window) override;
+  void windowDidBecomeKey(WindowKind window) override;
 
-  void boostMemoryFromMenu();
-  void quitApp();
-  void checkForUpdates();
-  void openSupportEmail();
+  void boostMemoryFromMenu() override;
+  void quitApp() override;
+  void checkForUpdates() override;
+  void openSupportEmail() override;
+  void openUrl(const std::string& address) override;
+  void revealFile(const std::string& path) override;
+  [[nodiscard]] bool launchAtLogin() const override;
+  /// Stores the choice, and registers or unregisters the login item.
+  void setLaunchAtLoginPreference(bool enabled) override;
   /// Registers or unregisters the login item; a failure is printed.
   void setLaunchAtLogin(bool enabled);
 
@@ -79,32 +86,25 @@ class AppDelegate : public NotificationDelegate, public std::enable_shared_from_
   [[nodiscard]] const std::shared_ptr<MemoryManager>& memoryManager() const {
     return memoryManager_;
   }
-  [[nodiscard]] bool isMainWindowVisible() const { return isMainWindowVisible_; }
 
  private:
   void requestNotificationPermission();
   void setupStatusItem();
-  void setupPopover();
   void showMainWindowAtLaunch();
   void observeBoost();
-  void presentMainWindow();
   void redrawNumber(int percent);
   [[nodiscard]] std::vector<IconPixmap> restingIcon() const;
   [[nodiscard]] bool preference(const char* key) const;
-  void setMainWindowVisible(bool visible);
-  void setLaunchAtLoginPreference(bool enabled);
-  [[nodiscard]] PopoverClosures popoverClosures();
-  [[nodiscard]] MainWindowClosures mainWindowClosures();
-  [[nodiscard]] MainWindowDelegate mainWindowDelegate();
   [[nodiscard]] std::vector<StatusMenuEntry> menuEntries();
+  /// The windows, loaded by now; null when they can't be had.
+  [[nodiscard]] Windows* windows();
 
   AppServices services_;
   std::unique_ptr<StatusBarItem> statusItem_;
-  std::unique_ptr<Popover> popover_;
   std::shared_ptr<MemoryManager> memoryManager_;
-  std::unique_ptr<MainWindow> mainWindow_;
+  LoadedWindows loaded_;
+  bool hasMainWindow_ = false;
   bool isMainWindowVisible_ = false;
-  std::unique_ptr<UpdateController> updaterController_;
 
   std::unique_ptr<RepeatingTimer> titleTimer_;
   std::optional<int> shownPercent_;

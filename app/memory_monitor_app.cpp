@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/app_delegate.h"
-#include "app/lazy_windows.h"
+#include "app/load_windows.h"
 #include "app/product_settings.h"
 #include "app/status_icon.h"
 #include "platform/linux/applications/linux_applications.h"
@@ -99,10 +99,6 @@ struct MemoryMonitorApp::Services {
   LinuxLoginItem loginItem{QCoreApplication::applicationFilePath().toStdString()};
   StatusIconPainter icons;
   QtApplication application;
-  LazyWindows windows{moduleFolders(),
-                      appearance,
-                      {.version = std::string(productVersion),
-                       .builtOn = "Qt " + std::string(qVersion()) + " and GLib"}};
   std::shared_ptr<AppDelegate> delegate;
   TerminationSignals terminationSignals;
 };
@@ -129,10 +125,17 @@ AppServices MemoryMonitorApp::Services::forDelegate() {
           .application = application,
           .statusBar = statusBar,
           .loginItem = loginItem,
-          .updates = {.feedUrl = std::string(updateFeed),
-                      .runningVersion = std::string(productVersion)},
           .desktop = desktop,
-          .windows = windows,
+          .loadWindows =
+              [this](Shell& shell, const std::shared_ptr<MemoryManager>& manager) {
+                return loadWindows(
+                    moduleFolders(),
+                    {.appearance = appearance,
+                     .facts = {.version = std::string(productVersion),
+                               .builtOn = "Qt " + std::string(qVersion()) + " and GLib"},
+                     .updateFeed = std::string(updateFeed)},
+                    shell, manager);
+              },
           .icons = icons,
           .supportAddress = std::string(supportAddress)};
 }

@@ -1,12 +1,51 @@
 // The one door into the module of the windows.
 #include "app/windows_module.h"
 
-#include <QtCore/QtGlobal>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QIcon>
+#include <utility>
 
-#include "app/quick_windows.h"
+#include "platform/linux/files/regular_file.h"
+#include "platform/linux/updates/linux_software_updater.h"
+#include "platform/linux/x11/x11_window_hints.h"
+#include "ui/windows/window_controller.h"
 
-extern "C" Q_DECL_EXPORT void makeOrvaneWindows(std::unique_ptr<orvane::WindowFactory>& windows,
-                                                orvane::Appearance& appearance,
-                                                const orvane::ProductFacts& facts) {
-  windows = std::make_unique<orvane::QuickWindows>(appearance, facts);
+namespace orvane {
+namespace {
+
+/// The windows in the colours the desktop asks for.
+class DesktopWindows : public WindowController {
+ public:
+  DesktopWindows(const WindowSettings& settings, Shell& shell,
+                 std::shared_ptr<MemoryManager> manager)
+      : WindowController(shell, std::move(manager),
+                         {.readFile = readRegularFile,
+                          .skipTaskbar = skipTaskbar,
+                          .blendsTranslucentWindows = blendsTranslucentWindows},
+                         settings.facts),
+        appearance_(settings.appearance) {
+    // On desktops the toolkit doesn't know it finds hardly an application's icon by itself.
+    if (QIcon::themeName() == QLatin1String("hicolor"))
+      QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/orvane/icons/orvane.svg")));
+    appearance_.setChanged([this] { setColorScheme(appearance_.colorScheme()); });
+    setColorScheme(appearance_.colorScheme());
+  }
+  DesktopWindows(const DesktopWindows&) = delete;
+  DesktopWindows& operator=(const DesktopWindows&) = delete;
+  ~DesktopWindows() override { appearance_.setChanged({}); }
+
+ private:
+  Appearance& appearance_;
+};
+
+}  // namespace
+}  // namespace orvane
+
+extern "C" Q_DECL_EXPORT void makeOrvaneWindows(
+    orvane::LoadedWindows& made, const orvane::WindowSettings& settings, orvane::Shell& shell,
+    const std::shared_ptr<orvane::MemoryManager>& manager) {
+  made.windows = std::make_unique<orvane::DesktopWindows>(settings, shell, manager);
+  made.updaterController = std::make_unique<orvane::LinuxSoftwareUpdater>(orvane::UpdateSettings{
+      .feedUrl = settings.updateFeed, .runningVersion = settings.facts.version});
 }

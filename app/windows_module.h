@@ -1,11 +1,32 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 
-#include "app/windows.h"
+#include "core/memory_manager.h"
 #include "platform/appearance.h"
+#include "platform/software_updater.h"
+#include "ui/windows/windows.h"
 
 namespace orvane {
+
+/// What the module of the windows makes: both, or nothing.
+struct LoadedWindows {
+  std::unique_ptr<Windows> windows;
+  std::unique_ptr<SoftwareUpdater> updaterController;  ///< the check that the update window shows
+};
+
+/// What the windows need besides the shell and the model.
+struct WindowSettings {
+  Appearance& appearance;  ///< must outlive the windows, which take its handler
+  ProductFacts facts;
+  std::string updateFeed;  ///< empty: updates come from the system's package manager
+};
+
+/// Makes the windows; `shell` must outlive them. Nothing when they can't be had.
+using WindowLoader =
+    std::function<LoadedWindows(Shell& shell, const std::shared_ptr<MemoryManager>& manager)>;
 
 /// File name, without its ending, of the module that holds the windows.
 inline constexpr const char* windowsModuleFile = "orvane-windows";
@@ -13,8 +34,8 @@ inline constexpr const char* windowsModuleFile = "orvane-windows";
 /// Name of its one function, `MakeWindows`.
 inline constexpr const char* makeWindowsName = "makeOrvaneWindows";
 
-/// Puts a factory of the real windows into `windows`. `appearance` must outlive it.
-using MakeWindows = void (*)(std::unique_ptr<WindowFactory>& windows, Appearance& appearance,
-                             const ProductFacts& facts);
+/// Puts the real windows into `made`.
+using MakeWindows = void (*)(LoadedWindows& made, const WindowSettings& settings, Shell& shell,
+                             const std::shared_ptr<MemoryManager>& manager);
 
 }  // namespace orvane

@@ -55,7 +55,7 @@ int shoot(PreviewStage& stage, const Scenario& scenario, const QString& file) {
   QObject::connect(&settled, &QTimer::timeout, &settled, [&] {
     const bool saved = stage.pictured()->grabWindow().save(file);
     result = saved ? 0 : fail(QStringLiteral("Can't write %1").arg(file));
-    QCoreApplication::quit();
+    QCoreApplication::exit();  // quit() would ask the main window, which only hides
   });
   settled.start();
   QCoreApplication::exec();

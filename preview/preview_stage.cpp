@@ -53,12 +53,16 @@ const std::shared_ptr<MemoryManager>& PreviewStage::manager() {
   return manager_;
 }
 
-Views& PreviewStage::views() {
-  if (views_) return *views_;
-  views_ = std::make_unique<Views>(manager(), readFile);
-  views_->setColorScheme(scheme_);
-  views_->setTranslucentWindows(roundWindows_);
-  return *views_;
+WindowController& PreviewStage::windows() {
+  if (windows_) return *windows_;
+  shell_.onBoost = [this] { startBoost(); };
+  windows_ = std::make_unique<WindowController>(
+      shell_, manager(),
+      WindowSystem{.readFile = readFile,
+                   .blendsTranslucentWindows = [this] { return roundWindows_; }},
+      ProductFacts{.version = "0.1.0", .builtOn = "Qt 6 and GLib"});
+  windows_->setColorScheme(scheme_);
+  return *windows_;
 }
 
 void PreviewStage::startBoost() {
@@ -66,28 +70,16 @@ void PreviewStage::startBoost() {
   manager()->boostMemory();
 }
 
-PopoverClosures PreviewStage::popoverClosures() {
-  return {.isMainWindowVisible = [this] { return mainWindowVisible; },
-          .setMainWindowVisible = [this](bool visible) { mainWindowVisible = visible; },
-          .onBoost = [this] { startBoost(); },
-          .onCheckUpdates = [] {},
-          .onQuit = [] {},
-          .launchAtLogin = [this] { return launchAtLogin; },
-          .setLaunchAtLogin = [this](bool launch) { launchAtLogin = launch; }};
-}
-
-QQuickView& PreviewStage::showPopover() {
-  return show(views().makePopoverView(popoverClosures()));
-}
-
-QQuickView& PreviewStage::show(std::unique_ptr<QQuickView> window) {
-  window_ = std::move(window);
-  window_->show();
-  return *window_;
+QQuickWindow* PreviewStage::window() const {
+  for (const auto kind :
+       {WindowKind::popover, WindowKind::main, WindowKind::update, WindowKind::about}) {
+    if (QQuickWindow* shown = windows_->window(kind)) return shown;
+  }
+  qFatal("the scenario shows no window");
 }
 
 QQuickItem& PreviewStage::item(const char* name) const {
-  auto* found = window_->rootObject()->findChild<QQuickItem*>(QLatin1String(name));
+  auto* found = window()->findChild<QQuickItem*>(QLatin1String(name));
   if (found == nullptr) qFatal("the view has no item named %s", name);
   return *found;
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QQuickView>
+#include <QQuickWindow>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "tests/fakes/fake_services.h"
-#include "ui/views.h"
+#include "tests/fakes/recording_shell.h"
+#include "ui/windows/window_controller.h"
 
 namespace orvane::preview {
 
@@ -42,30 +43,25 @@ class PreviewStage {
   fakes::FakeServices& services() { return services_; }
   /// Made at the first call, with the services as they are then.
   const std::shared_ptr<MemoryManager>& manager();
-  Views& views();
+  WindowController& windows();
+  fakes::RecordingShell& shell() { return shell_; }
 
-  /// What the popover's closures read and write.
-  bool mainWindowVisible = false;
-  bool launchAtLogin = false;
-  [[nodiscard]] PopoverClosures popoverClosures();
-
-  /// Makes the popover the window of the preview.
-  QQuickView& showPopover();
-  /// Makes `window` the one the preview shows and takes the picture of.
-  QQuickView& show(std::unique_ptr<QQuickView> window);
-  [[nodiscard]] QQuickView* window() const { return window_.get(); }
+  void showPopover() { windows().showPopover({}); }
+  void showMainWindow() { windows().showMainWindow(); }
+  /// The window that the preview shows and takes the picture of.
+  [[nodiscard]] QQuickWindow* window() const;
   /// The item of that name in the window; never null: the preview ends with a message.
   [[nodiscard]] QQuickItem& item(const char* name) const;
 
   /// The window of which the picture is taken instead, such as an open menu.
   void setPictured(QQuickWindow* window) { pictured_ = window; }
-  [[nodiscard]] QQuickWindow* pictured() const { return pictured_ ? pictured_ : window_.get(); }
+  [[nodiscard]] QQuickWindow* pictured() const { return pictured_ ? pictured_ : window(); }
 
  private:
   fakes::FakeServices services_;
   std::shared_ptr<MemoryManager> manager_;
-  std::unique_ptr<Views> views_;
-  std::unique_ptr<QQuickView> window_;
+  fakes::RecordingShell shell_;
+  std::unique_ptr<WindowController> windows_;
   QQuickWindow* pictured_ = nullptr;
   ColorScheme scheme_ = ColorScheme::light;
   bool roundWindows_ = true;

@@ -6,8 +6,8 @@ namespace orvane::preview {
 namespace {
 
 void showUpdate(PreviewStage& stage, const std::optional<UpdateResult>& result) {
-  QQuickView& window = stage.show(stage.views().makeUpdateView({}, "0.1.0"));
-  Views::showUpdate(window, result);
+  stage.windows().showUpdateCheck();
+  if (result) stage.windows().showUpdateResult(*result);
 }
 
 void checking(PreviewStage& stage) {
@@ -55,7 +55,7 @@ void error(PreviewStage& stage) {
 }
 
 void about(PreviewStage& stage) {
-  stage.show(stage.views().makeAboutView({.version = "0.1.0", .builtOn = "Qt 6 and GLib"}, {}));
+  stage.windows().showAbout();
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
 constexpr int transitionTime = 1400;  // the spring, the pause and the scroll
 
 void showMain(PreviewStage& stage) {
-  stage.show(stage.views().makeMainWindowView({}));
+  stage.showMainWindow();
 }
 
 void addApplications(PreviewStage& stage, int count) {

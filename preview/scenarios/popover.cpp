@@ -43,7 +43,8 @@ void openedWhileBoosting(PreviewStage& stage) {
 }
 
 void expand(PreviewStage& stage) {
-  stage.showPopover().rootObject()->setProperty("detailsShown", true);
+  stage.showPopover();
+  stage.item("statusMenu").setProperty("detailsShown", true);
 }
 
 void details(PreviewStage& stage) {
@@ -72,8 +73,8 @@ void openMenu(PreviewStage& stage) {
 }
 
 void togglesOn(PreviewStage& stage) {
-  stage.mainWindowVisible = true;
-  stage.launchAtLogin = true;
+  stage.shell().mainWindowVisible = true;
+  stage.shell().loginItem = true;
   openMenu(stage);
 }
 

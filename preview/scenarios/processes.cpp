@@ -76,7 +76,7 @@ void list(PreviewStage& stage, std::size_t count, bool withIcons = true) {
 void showList(PreviewStage& stage, int points = 1) {
   stage.manager();
   for (int i = 0; i < points; ++i) stage.advance(5);
-  stage.show(stage.views().makeMainWindowView({}));
+  stage.showMainWindow();
   stage.item("content").setProperty("selectedTab", 1);
 }
 
@@ -104,7 +104,7 @@ QList<QQuickItem*> rowItems(QQuickItem* parent) {
 }
 
 QQuickItem& rowItem(PreviewStage& stage, int row) {
-  const QList<QQuickItem*> rows = rowItems(stage.window()->rootObject());
+  const QList<QQuickItem*> rows = rowItems(stage.window()->contentItem());
   if (row >= rows.size()) qFatal("the list has no row %d", row);
   return *rows[row];
 }

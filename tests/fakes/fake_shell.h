@@ -9,7 +9,7 @@
 
 #include "app/application.h"
 #include "app/status_icon.h"
-#include "app/windows.h"
+#include "app/windows_module.h"
 #include "tests/fakes/fake_software_updater.h"
 
 namespace orvane::fakes {
@@ -30,69 +30,48 @@ class RecordingApplication : public Application {
 };
 
 /// Windows that write down what is done to them.
-class FakeWindows : public WindowFactory {
+class FakeWindows : public Windows {
  public:
   explicit FakeWindows(Journal& journal) : journal_(journal) {}
 
-  std::unique_ptr<Popover> makePopover(const std::shared_ptr<MemoryManager>& /*manager*/) override {
-    return std::make_unique<FakePopover>(*this);
+  void showPopover(ScreenPoint /*item*/) override { popoverShown_ = true; }
+  void closePopover() override { popoverShown_ = false; }
+  [[nodiscard]] bool isPopoverShown() const override { return popoverShown_; }
+  void showMainWindow() override { journal_.emplace_back("show window"); }
+  void hideMainWindow() override { journal_.emplace_back("hide window"); }
+  void showUpdateCheck() override { journal_.emplace_back("checking"); }
+  void showUpdateResult(const UpdateResult& /*result*/) override {
+    journal_.emplace_back("result");
   }
-  std::unique_ptr<MainWindow> makeMainWindow(const std::shared_ptr<MemoryManager>& /*manager*/,
-                                             MainWindowClosures /*closures*/,
-                                             MainWindowDelegate delegate) override {
-    journal_.emplace_back("make window");
-    mainWindowDelegate = std::move(delegate);
-    auto window = std::make_unique<FakeMainWindow>(journal_);
-    mainWindow = window.get();
-    return window;
-  }
-
-  std::unique_ptr<UpdateWindow> makeUpdateWindow(const std::shared_ptr<MemoryManager>& /*manager*/,
-                                                 UpdateClosures newClosures) override {
-    updateClosures = std::move(newClosures);
-    return std::make_unique<FakeUpdateWindow>(journal_);
-  }
-  std::unique_ptr<SoftwareUpdater> makeUpdater(UpdateSettings /*settings*/) override {
-    auto made = std::make_unique<FakeSoftwareUpdater>();
-    updater = made.get();
-    return made;
-  }
-
-  UpdateClosures updateClosures;
-  FakeSoftwareUpdater* updater = nullptr;
-  bool popoverShown = false;
-  std::optional<PopoverClosures> closures;
-  MainWindow* mainWindow = nullptr;
-  MainWindowDelegate mainWindowDelegate;
+  void setColorScheme(std::optional<ColorScheme> /*scheme*/) override {}
 
  private:
-  struct FakeUpdateWindow : UpdateWindow {
-    explicit FakeUpdateWindow(Journal& to) : journal(to) {}
-    void showChecking() override { journal.emplace_back("checking"); }
-    void showResult(const UpdateResult& /*result*/) override { journal.emplace_back("result"); }
-    void close() override { journal.emplace_back("close update"); }
-    Journal& journal;
-  };
-
-  struct FakePopover : Popover {
-    explicit FakePopover(FakeWindows& of) : windows(of) {}
-    [[nodiscard]] bool isShown() const override { return windows.popoverShown; }
-    void performClose() override { windows.popoverShown = false; }
-    void show(ScreenPoint /*item*/, PopoverClosures given) override {
-      windows.popoverShown = true;
-      windows.closures = std::move(given);
-    }
-    FakeWindows& windows;
-  };
-
-  struct FakeMainWindow : MainWindow {
-    explicit FakeMainWindow(Journal& to) : journal(to) {}
-    void makeKeyAndOrderFront() override { journal.emplace_back("front"); }
-    void orderOut() override { journal.emplace_back("out"); }
-    Journal& journal;
-  };
-
   Journal& journal_;
+  bool popoverShown_ = false;
+};
+
+/// Loads such windows, unless it fails, and keeps hold of what it made.
+struct FakeWindowLoader {
+  explicit FakeWindowLoader(Journal& to) : journal(to) {}
+
+  [[nodiscard]] WindowLoader loader() {
+    return [this](Shell& given, const std::shared_ptr<MemoryManager>& /*manager*/) {
+      journal.emplace_back(fails ? "no windows" : "load windows");
+      if (fails) return LoadedWindows{};
+      auto made = std::make_unique<FakeWindows>(journal);
+      auto madeUpdater = std::make_unique<FakeSoftwareUpdater>();
+      shell = &given;
+      windows = made.get();
+      updater = madeUpdater.get();
+      return LoadedWindows{std::move(made), std::move(madeUpdater)};
+    };
+  }
+
+  Journal& journal;
+  bool fails = false;
+  Shell* shell = nullptr;
+  FakeWindows* windows = nullptr;
+  FakeSoftwareUpdater* updater = nullptr;
 };
 
 /// Icons that can be told apart by their width: 1 normal, 2 bolt, 1000 + n the number n.

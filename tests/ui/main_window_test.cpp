@@ -15,15 +15,11 @@ class MainWindowTest : public ViewCase {
       services_.applications.add(100 + i, "Application " + std::to_string(i), 1024 * megabyte);
     }
   }
-  void create() {
-    if (!manager_) createViews();
-    view_ = views_->makeMainWindowView({});
-    QObject::connect(view_.get(), &QQuickWindow::frameSwapped, [this] { ++frames_; });
-  }
   void show() {
-    if (!view_) create();
-    view_->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(view_.get()));
+    createWindows();
+    createMainWindow();
+    QObject::connect(view_, &QQuickWindow::frameSwapped, [this] { ++frames_; });
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(view_));
     QTest::qWait(100);
   }
   [[nodiscard]] int framesWithin(int milliseconds) {
@@ -59,7 +55,7 @@ TEST_F(MainWindowTest, FiguresAreThoseOfTheSample) {
   sample();
   EXPECT_EQ(text(item("percentage")), QStringLiteral("0.0%")) << "a machine without memory";
   EXPECT_EQ(accessibleName(item("freeBytesBar")), QStringLiteral("Free 0.00 GB (0.0%)"));
-  for (const auto* bar : view_->rootObject()->findChildren<ShareBar*>()) {
+  for (const auto* bar : view_->findChildren<ShareBar*>()) {
     EXPECT_TRUE(eventually([bar] { return bar->share() == 0; }));
   }
 }
@@ -71,7 +67,7 @@ TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
   EXPECT_EQ(item("scrollArea").property("furthest"), 0)
       << "nothing is hidden while they are closed";
   bool betweenPixels = false;
-  QObject::connect(view_.get(), &QQuickWindow::beforeSynchronizing, [&] {
+  QObject::connect(view_, &QQuickWindow::beforeSynchronizing, [&] {
     const double y = find("freeBytesBar") == nullptr ? 0 : place(item("chartCard")).y();
     betweenPixels = betweenPixels || y != std::round(y);
   });

@@ -11,16 +11,20 @@ class Processes : public ViewCase {
  protected:
   /// The list on the screen, with `count` applications of falling size and the pids 1, 2, ...
   void start(int count) {
+    prepare(count);
+    showList();
+  }
+  void prepare(int count) {
     for (int pid = 1; pid <= count; ++pid) {
       services_.applications.add(pid, "Application " + std::to_string(pid),
                                  static_cast<std::uint64_t>(1000 - 10 * pid) * megabyte);
       services_.applications.paths[pid] = "/usr/bin/a" + std::to_string(pid);
     }
-    createViews();
+    createWindows();
     manager_->updateTopProcesses();
-    view_ = views_->makeMainWindowView(
-        {.revealFile = [this](const std::string& path) { revealed_ = path; }});
-    view_->show();
+    createMainWindow();
+  }
+  void showList() {
     item("content").setProperty("selectedTab", 1);
     settle();
   }
@@ -48,7 +52,7 @@ class Processes : public ViewCase {
   void pressKey(Qt::Key key) {
     view_->requestActivate();  // no window manager gives the keyboard back after a dialog
     settle();
-    QTest::keyClick(view_.get(), key);
+    QTest::keyClick(view_, key);
     settle();
   }
 
@@ -61,8 +65,6 @@ class Processes : public ViewCase {
       return row->property("isSelected").toBool();
     }));
   }
-
-  std::string revealed_;
 };
 
 /// Counts the keys that reach a window of the program.
@@ -109,7 +111,7 @@ TEST_F(Processes, TakesTheArrowsFromEveryWindowExactlyWhileOnScreen) {
   view_->show();
   settle();
   EXPECT_EQ(sent(Qt::Key_Down), 0);
-  view_.reset();
+  windows_.reset();
   EXPECT_EQ(sent(Qt::Key_Down), 1);
 }
 
@@ -159,7 +161,7 @@ TEST_F(Processes, TheContextMenuAsksAboutItsOwnRow) {
   click(*row(1));
   expectSymbols();
   const QPointF at = row(3)->mapToScene({60, 20});
-  QTest::mouseClick(view_.get(), Qt::RightButton, {}, at.toPoint());
+  QTest::mouseClick(view_, Qt::RightButton, {}, at.toPoint());
   settle();
   QQuickWindow* menu = openWindow();
   ASSERT_NE(menu, nullptr);
@@ -188,7 +190,7 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
   EXPECT_TRUE(item("historySection", details).isVisible());
   EXPECT_TRUE(eventually([&] { return details->height() > height; }));
   click(item("reveal", details));
-  EXPECT_EQ(revealed_, "/usr/bin/a1");
+  EXPECT_EQ(shell_.revealed, std::vector<std::string>{"/usr/bin/a1"});
   EXPECT_TRUE(eventually([] { return openWindow() == nullptr; })) << "the file manager's turn";
   details = openDetails(1);
   ASSERT_NE(details, nullptr);
@@ -261,8 +263,9 @@ TEST_F(Processes, AnIconThatCannotBeShownIsThePlaceholderWithoutAWord) {
       ApplicationIcon{folder.write("broken.svg", "<svg><image href='x'/>")};
   services_.applications.add(9, "Good", 2000 * megabyte);
   services_.applications.applications.back().icon = ApplicationIcon{folder.path("good.png")};
+  prepare(1);
   testing::internal::CaptureStderr();
-  start(1);
+  showList();
   QList<bool> shown;
   for (const auto* row : rows(view_->contentItem())) {
     shown << findIn(const_cast<QQuickItem*>(row), QStringLiteral("picture"))->isVisible();

@@ -1,5 +1,3 @@
-#include <QSignalSpy>
-
 #include "tests/ui/view_case.h"
 #include "ui/painted/gradient_arc.h"
 #include "ui/style/palette.h"
@@ -10,27 +8,17 @@ namespace {
 class StatusMenuViewTest : public ViewCase {
  protected:
   void show() {
-    createViews();
-    view_ = views_->makePopoverView(closures());
-    view_->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(view_.get()));
-    view_->requestActivate();
+    createWindows();
+    shell_.onBoost = [this] { manager_->boostMemory(); };
+    windows_->showPopover({});
+    view_ = windows_->window(WindowKind::popover);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(view_));
     QTest::qWait(20);
-  }
-  PopoverClosures closures() {
-    PopoverClosures closures;
-    closures.onBoost = [this] {
-      ++boosts_;
-      manager_->boostMemory();
-    };
-    return closures;
   }
   static void pressKeys(QWindow* window, std::initializer_list<Qt::Key> keys) {
     for (const Qt::Key key : keys) QTest::keyClick(window, key);
     settle();
   }
-
-  int boosts_ = 0;
 };
 
 TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
@@ -82,7 +70,7 @@ TEST_F(StatusMenuViewTest, FiguresAndColoursFollowTheModel) {
 TEST_F(StatusMenuViewTest, BoostSpinsUntilItEndsAndThenEasesBack) {
   show();
   press(item("boostButton"));
-  EXPECT_EQ(boosts_, 1);
+  EXPECT_EQ(shell_.boosts, 1);
   EXPECT_FALSE(item("boostButton").isEnabled());
   EXPECT_EQ(text(item("boostButton")), QStringLiteral("Boosting..."));
   ASSERT_TRUE(eventually([this] { return item("bolt").scale() > 1.02; }));
@@ -95,7 +83,7 @@ TEST_F(StatusMenuViewTest, BoostSpinsUntilItEndsAndThenEasesBack) {
   }
   EXPECT_EQ(paintings, 2) << "two arcs, turned as images";
   press(item("boostButton"));
-  EXPECT_EQ(boosts_, 1) << "disabled";
+  EXPECT_EQ(shell_.boosts, 1) << "disabled";
 
   services_.time.advance(Duration{2});
   EXPECT_TRUE(eventually([this] { return find("boostArcs") == nullptr; }));
@@ -112,7 +100,7 @@ TEST_F(StatusMenuViewTest, OnlyTheControlUnderThePointerLightsUp) {
   };
   for (const auto& [under, other] :
        {std::pair("boostButton", "gearMenu"), {"gearMenu", "boostButton"}}) {
-    QTest::mouseMove(view_.get(), place(item(under)).center().toPoint());
+    QTest::mouseMove(view_, place(item(under)).center().toPoint());
     QTest::qWait(20);
     EXPECT_NEAR(light(under), 0.05, 0.005);
     EXPECT_EQ(light(other), 0);
@@ -121,15 +109,15 @@ TEST_F(StatusMenuViewTest, OnlyTheControlUnderThePointerLightsUp) {
 
 TEST_F(StatusMenuViewTest, KeyboardReachesEveryControlEvenDuringABoost) {
   show();
-  QSignalSpy closing(view_->rootObject(), SIGNAL(closeRequested()));
   for (const char* name : {"detailsButton", "boostButton", "gearMenu", "detailsButton"}) {
-    pressKeys(view_.get(), {Qt::Key_Tab});
+    pressKeys(view_, {Qt::Key_Tab});
     EXPECT_TRUE(item(name).hasActiveFocus()) << name;
   }
-  pressKeys(view_.get(), {Qt::Key_Tab, Qt::Key_Return});
+  pressKeys(view_, {Qt::Key_Tab, Qt::Key_Return});
   EXPECT_FALSE(item("boostButton").isEnabled());
-  pressKeys(view_.get(), {Qt::Key_Escape});
-  EXPECT_EQ(closing.count(), 1);
+  pressKeys(view_, {Qt::Key_Escape});
+  EXPECT_FALSE(windows_->isPopoverShown());
+  EXPECT_EQ(shell_.closed, std::vector{WindowKind::popover});
 }
 
 }  // namespace

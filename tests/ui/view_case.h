@@ -5,15 +5,16 @@
 #include <QAccessible>
 #include <QGuiApplication>
 #include <QQuickItem>
-#include <QQuickView>
+#include <QQuickWindow>
 #include <QTest>
 #include <memory>
 #include <string>
 
 #include "platform/linux/files/regular_file.h"
 #include "tests/fakes/fake_services.h"
+#include "tests/fakes/recording_shell.h"
 #include "ui/painted/symbol.h"
-#include "ui/views.h"
+#include "ui/windows/window_controller.h"
 
 namespace orvane {
 
@@ -33,10 +34,15 @@ class ViewCase : public testing::Test {
                  std::uint32_t wired, std::uint32_t compressed) {
     services_.counters.counts = {free, active, inactive, wired, compressed};
   }
-  void createViews() {
+  void createWindows() {
     manager_ = MemoryManager::create(services_.services());
-    views_ = std::make_unique<Views>(manager_, readRegularFile);
-    views_->setColorScheme(ColorScheme::light);
+    windows_ = std::make_unique<WindowController>(
+        shell_, manager_, WindowSystem{.readFile = readRegularFile}, ProductFacts{"1.4.2", "Qt"});
+    windows_->setColorScheme(ColorScheme::light);
+  }
+  void createMainWindow() {
+    windows_->showMainWindow();
+    view_ = windows_->window(WindowKind::main);
   }
   static void settle() {
     QCoreApplication::processEvents();
@@ -61,7 +67,7 @@ class ViewCase : public testing::Test {
     return nullptr;
   }
   [[nodiscard]] QQuickItem* find(const char* name, const QQuickWindow* window = nullptr) const {
-    return findIn((window == nullptr ? view_.get() : window)->contentItem(), QLatin1String(name));
+    return findIn((window == nullptr ? view_ : window)->contentItem(), QLatin1String(name));
   }
   [[nodiscard]] QQuickItem& item(const char* name, const QQuickWindow* window = nullptr) const {
     QQuickItem* found = find(name, window);
@@ -79,7 +85,7 @@ class ViewCase : public testing::Test {
 
   /// None of the view's symbols is of a name without a drawing.
   void expectSymbols() const {
-    const auto symbols = view_->rootObject()->findChildren<Symbol*>();
+    const auto symbols = view_->findChildren<Symbol*>();
     EXPECT_GT(symbols.size(), 2);
     for (const auto* symbol : symbols) {
       const QString name = symbol->property("name").toString();
@@ -109,8 +115,9 @@ class ViewCase : public testing::Test {
 
   fakes::FakeServices services_;
   std::shared_ptr<MemoryManager> manager_;
-  std::unique_ptr<Views> views_;
-  std::unique_ptr<QQuickView> view_;
+  fakes::RecordingShell shell_;
+  std::unique_ptr<WindowController> windows_;
+  QQuickWindow* view_ = nullptr;  ///< of `windows_`
 };
 
 }  // namespace orvane

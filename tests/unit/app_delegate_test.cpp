@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/fakes/fake_login_item.h"
 #include "tests/fakes/fake_services.h"
 #include "tests/fakes/fake_shell.h"
@@ -14,7 +16,7 @@ namespace {
 using testing::ElementsAre;
 
 using fakes::FakeIcons;
-using fakes::FakeWindows;
+using fakes::FakeWindowLoader;
 using fakes::Journal;
 using fakes::RecordingApplication;
 
@@ -25,9 +27,8 @@ class AppDelegateTest : public testing::Test {
                                      .application = application_,
                                      .statusBar = statusBar_,
                                      .loginItem = loginItem_,
-                                     .updates = {},
                                      .desktop = opener_,
-                                     .windows = windows_,
+                                     .loadWindows = windows_.loader(),
                                      .icons = icons_,
                                      .supportAddress = supportAddress_});
     delegate_->applicationDidFinishLaunching();
@@ -50,7 +51,7 @@ class AppDelegateTest : public testing::Test {
   fakes::FakeStatusBar statusBar_;
   fakes::FakeLoginItem loginItem_;
   fakes::RecordingDesktopOpener opener_;
-  FakeWindows windows_{journal_};
+  FakeWindowLoader windows_{journal_};
   FakeIcons icons_;
   std::string supportAddress_ = "help@example.org";
   std::shared_ptr<AppDelegate> delegate_;
@@ -58,7 +59,8 @@ class AppDelegateTest : public testing::Test {
 
 TEST_F(AppDelegateTest, LaunchShowsTheMainWindowFirstAndThenOnlyIfItWasOpen) {
   launch();
-  EXPECT_THAT(journal_, ElementsAre("accessory", "regular", "make window", "activate", "front"));
+  EXPECT_THAT(journal_,
+              ElementsAre("accessory", "regular", "load windows", "activate", "show window"));
   EXPECT_THAT(fakes_.preferences.writes,
               ElementsAre("NSQuitAlwaysKeepsWindows=false", "hasLaunchedBefore=true",
                           "mainWindowVisible=true"));
@@ -131,7 +133,7 @@ TEST_F(AppDelegateTest, TheBoltStandsFromTheRequestUntilTheBoostIsComplete) {
   fakes_.counters.setUsage(50);
   launch();
   clickItem();
-  windows_.closures->onBoost();
+  windows_.shell->boostMemoryFromMenu();
   EXPECT_EQ(shownIcon(), 2);
   EXPECT_TRUE(delegate_->memoryManager()->isProcessing());
   fakes_.counters.setUsage(40);
@@ -145,23 +147,45 @@ TEST_F(AppDelegateTest, TheBoltStandsFromTheRequestUntilTheBoostIsComplete) {
 TEST_F(AppDelegateTest, ClosingTheMainWindowHidesItAndOnlyThatWindowCounts) {
   launch();
   journal_.clear();
-  windows_.mainWindowDelegate.willClose(*windows_.mainWindow);
+  windows_.shell->windowWillClose(WindowKind::main);
   EXPECT_FALSE(fakes_.preferences.booleans["mainWindowVisible"]);
   menuEntry("Show Window").activate();
   EXPECT_TRUE(menuEntry("Show Window").isChecked());
   menuEntry("Show Window").activate();
-  EXPECT_THAT(journal_,
-              ElementsAre("out", "accessory", "regular", "activate", "front", "out", "accessory"));
+  EXPECT_THAT(journal_, ElementsAre("hide window", "accessory", "regular", "activate",
+                                    "show window", "hide window", "accessory"));
 
   const auto writes = fakes_.preferences.writes;
-  windows_.mainWindowDelegate.didBecomeKey(*windows_.mainWindow);
+  windows_.shell->windowDidBecomeKey(WindowKind::about);
+  EXPECT_FALSE(delegate_->isMainWindowVisible());
+  windows_.shell->windowDidBecomeKey(WindowKind::main);
   EXPECT_TRUE(delegate_->isMainWindowVisible());
-  const auto other = FakeWindows(journal_).makeMainWindow(nullptr, {}, {});
   journal_.clear();
-  windows_.mainWindowDelegate.willClose(*other);
+  for (const WindowKind other : {WindowKind::popover, WindowKind::update, WindowKind::about})
+    windows_.shell->windowWillClose(other);
   EXPECT_TRUE(delegate_->isMainWindowVisible());
   EXPECT_THAT(journal_, ElementsAre());
   EXPECT_EQ(fakes_.preferences.writes, writes);
+}
+
+TEST_F(AppDelegateTest, WindowsAreLoadedWhenTheFirstIsWantedAndAgainAfterAFailure) {
+  fakes_.preferences.booleans["hasLaunchedBefore"] = true;
+  launch();
+  windows_.fails = true;
+  clickItem();
+  menuEntry("Check for Updates...").activate();
+  delegate_->showMainWindow();
+  delegate_->hideMainWindow();
+  EXPECT_FALSE(delegate_->isMainWindowVisible());
+  EXPECT_THAT(journal_, ElementsAre("accessory", "no windows", "no windows", "regular",
+                                    "no windows", "accessory"));
+  EXPECT_FALSE(fakes_.preferences.booleans.contains("mainWindowVisible"));
+  windows_.fails = false;
+  for (const bool shown : {true, false, true}) {
+    clickItem();
+    EXPECT_EQ(windows_.windows->isPopoverShown(), shown);
+  }
+  EXPECT_EQ(std::count(journal_.begin(), journal_.end(), "load windows"), 1);
 }
 
 TEST_F(AppDelegateTest, ASupportAddressThatIsNoneIsPrinted) {
@@ -184,10 +208,10 @@ TEST_F(AppDelegateTest, NothingHappensOnceTheDelegateIsGone) {
   delegate_.reset();
   EXPECT_EQ(fakes_.notifications.delegate, nullptr);
   journal_.clear();
-  windows_.closures->setMainWindowVisible(true);
-  windows_.closures->onQuit();
-  windows_.closures->onBoost();
-  EXPECT_FALSE(windows_.closures->isMainWindowVisible());
+  for (const StatusMenuEntry& entry : state->menu) {
+    if (entry.activate) entry.activate();
+    EXPECT_FALSE(entry.isChecked && entry.isChecked()) << entry.label;
+  }
   state->action({});
   fakes_.time.advance(Duration{20.0});
   fakes_.notificationCentre.post("BoostCompleted");
@@ -199,12 +223,12 @@ TEST_F(AppDelegateTest, AnUpdateCheckEndsWithItsWindow) {
   journal_.clear();
   menuEntry("Check for Updates...").activate();
   EXPECT_TRUE(windows_.updater->answer(UpdateNotNeeded{}));
-  windows_.updateClosures.tryAgain();
-  windows_.updateClosures.close();
+  windows_.shell->checkForUpdates();
+  windows_.shell->windowWillClose(WindowKind::update);
   EXPECT_FALSE(windows_.updater->answer(UpdateNotNeeded{})) << "cancelled";
-  windows_.updateClosures.openPage("https://orvane.example/");
+  windows_.shell->openUrl("https://orvane.example/");
   EXPECT_THAT(opener_.urls, ElementsAre("https://orvane.example/"));
-  EXPECT_THAT(journal_, ElementsAre("checking", "result", "checking", "close update"));
+  EXPECT_THAT(journal_, ElementsAre("checking", "result", "checking"));
 }
 
 }  // namespace

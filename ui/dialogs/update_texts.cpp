@@ -54,7 +54,8 @@ UpdateTexts updateCheckingTexts() {
           .message = {},
           .notes = {},
           .primaryButton = {},
-          .secondaryButton = QStringLiteral("Cancel")};
+          .secondaryButton = QStringLiteral("Cancel"),
+          .checking = true};
 }
 
 UpdateTexts updateResultTexts(const UpdateResult& result, std::string_view runningVersion) {

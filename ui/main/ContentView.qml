@@ -7,7 +7,7 @@ FocusScope {
     id: root
 
     required property MemoryModel model
-    required property MainWindowActions actions
+    required property WindowController windows
     property int selectedTab: 0  ///< 0 = overview, else the list of applications
     property bool showDetailedView: false
     readonly property real contentTop: picker.y + picker.height + 12
@@ -47,7 +47,7 @@ FocusScope {
         active: root.selectedTab !== 0
         sourceComponent: ProcessesView {
             model: root.model
-            actions: root.actions
+            windows: root.windows
         }
     }
 }

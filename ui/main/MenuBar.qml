@@ -6,7 +6,7 @@ import Orvane
 FocusScope {
     id: root
 
-    required property MainWindowActions actions
+    required property WindowController windows
     property Item previousFocus
 
     function enter() {
@@ -66,19 +66,19 @@ FocusScope {
     }
     Shortcut {
         sequence: "Ctrl+U"
-        onActivated: root.actions.checkForUpdates()
+        onActivated: root.windows.checkForUpdates()
     }
     Shortcut {
         sequence: "Ctrl+Q"
-        onActivated: root.actions.quit()
+        onActivated: root.windows.quitApp()
     }
     Shortcut {
         sequence: "Ctrl+W"
-        onActivated: root.actions.closeWindow()
+        onActivated: root.Window.window.close()
     }
     Shortcut {
         sequence: "Ctrl+M"
-        onActivated: root.actions.minimize()
+        onActivated: root.Window.window.showMinimized()
     }
 
     Row {
@@ -97,19 +97,19 @@ FocusScope {
 
             MenuEntry {
                 text: qsTr("About Orvane")
-                onTriggered: root.actions.showAbout()
+                onTriggered: root.windows.showAbout()
             }
             MenuDivider {}
             MenuEntry {
                 text: qsTr("Check for Updates...")
                 shortcut: "Ctrl+U"
-                onTriggered: root.actions.checkForUpdates()
+                onTriggered: root.windows.checkForUpdates()
             }
             MenuDivider {}
             MenuEntry {
                 text: qsTr("Quit Orvane")
                 shortcut: "Ctrl+Q"
-                onTriggered: root.actions.quit()
+                onTriggered: root.windows.quitApp()
             }
         }
         MenuBarTitle {
@@ -123,7 +123,7 @@ FocusScope {
             MenuEntry {
                 text: qsTr("Close Window")
                 shortcut: "Ctrl+W"
-                onTriggered: root.actions.closeWindow()
+                onTriggered: root.Window.window.close()
             }
         }
         MenuBarTitle {
@@ -137,7 +137,7 @@ FocusScope {
             MenuEntry {
                 text: qsTr("Minimize")
                 shortcut: "Ctrl+M"
-                onTriggered: root.actions.minimize()
+                onTriggered: root.Window.window.showMinimized()
             }
         }
         MenuBarTitle {
@@ -150,7 +150,7 @@ FocusScope {
 
             MenuEntry {
                 text: qsTr("Contact Support")
-                onTriggered: root.actions.contactSupport()
+                onTriggered: root.windows.openSupportEmail()
             }
         }
     }

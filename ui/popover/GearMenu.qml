@@ -5,7 +5,7 @@ import Orvane
 PlainButton {
     id: root
 
-    required property PopoverActions actions
+    required property WindowController windows
     readonly property alias menuOpen: menu.isOpen
     readonly property alias menu: menu
 
@@ -16,7 +16,7 @@ PlainButton {
     focusInset: 2
     Accessible.role: Accessible.ButtonMenu
     onClicked: {
-        actions.reload();
+        windows.reload();
         menu.open();
     }
     Keys.onDownPressed: clicked()
@@ -39,25 +39,25 @@ PlainButton {
         MenuEntry {
             text: qsTr("Show Window")
             checkable: true
-            checked: root.actions.mainWindowVisible
-            onTriggered: root.actions.mainWindowVisible = !checked
+            checked: root.windows.isMainWindowVisible
+            onTriggered: root.windows.isMainWindowVisible = !checked
         }
         MenuDivider {}
         MenuEntry {
             text: qsTr("Launch at Login")
             checkable: true
-            checked: root.actions.launchAtLogin
-            onTriggered: root.actions.launchAtLogin = !checked
+            checked: root.windows.launchAtLogin
+            onTriggered: root.windows.launchAtLogin = !checked
         }
         MenuDivider {}
         MenuEntry {
             text: qsTr("Check for Updates...")
-            onTriggered: root.actions.checkUpdates()
+            onTriggered: root.windows.checkForUpdates()
         }
         MenuDivider {}
         MenuEntry {
             text: qsTr("Quit Orvane")
-            onTriggered: root.actions.quit()
+            onTriggered: root.windows.quitApp()
         }
     }
 }

@@ -8,7 +8,7 @@ FocusScope {
     id: root
 
     required property MemoryModel model
-    required property PopoverActions actions
+    required property WindowController windows
     readonly property bool menuOpen: gear.menuOpen
     property bool detailsShown: false
 
@@ -83,7 +83,7 @@ FocusScope {
                 processing: root.model.isProcessing
                 boostRotation: boost.rotation
                 boostScale: 1 + 0.2 * boost.pulse
-                onClicked: root.actions.boost()
+                onClicked: root.windows.boostMemoryFromMenu()
             }
 
             GearMenu {
@@ -92,7 +92,7 @@ FocusScope {
                 objectName: "gearMenu"
                 anchors.right: parent.right
                 height: parent.height
-                actions: root.actions
+                windows: root.windows
             }
         }
     }

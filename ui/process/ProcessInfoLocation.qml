@@ -6,7 +6,7 @@ ProcessInfoSection {
     id: root
 
     required property var record  ///< a ProcessRecord
-    required property MainWindowActions actions
+    required property WindowController windows
 
     signal revealed
 
@@ -36,7 +36,7 @@ ProcessInfoSection {
             toolTip: qsTr("Show in Finder")
             focusInset: -3
             onClicked: {
-                root.actions.revealExecutable(root.record);
+                root.windows.revealExecutable(root.record);
                 root.revealed();
             }
 

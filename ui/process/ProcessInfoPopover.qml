@@ -8,7 +8,7 @@ FocusScope {
     id: root
 
     required property MemoryModel model
-    required property MainWindowActions actions
+    required property WindowController windows
     required property var record  ///< a ProcessRecord
 
     property var history: model.processHistory(record.pid)  ///< a ProcessHistory
@@ -113,7 +113,7 @@ FocusScope {
             objectName: "locationSection"
             visible: root.record.path !== ""
             record: root.record
-            actions: root.actions
+            windows: root.windows
             onRevealed: root.revealed()
         }
     }

@@ -7,7 +7,7 @@ ScrollArea {
     id: root
 
     required property MemoryModel model
-    required property MainWindowActions actions
+    required property WindowController windows
 
     signal killRequested(var record)
 
@@ -57,7 +57,7 @@ ScrollArea {
                 objectName: "row"
                 width: column.width
                 memoryModel: root.model
-                actions: root.actions
+                windows: root.windows
                 onChosen: {
                     root.model.selection = record;
                     sight.row = row;

@@ -6,7 +6,7 @@ Item {
     id: root
 
     required property MemoryModel memoryModel
-    required property MainWindowActions actions
+    required property WindowController windows
     required property var record  ///< a ProcessRecord
     required property string memoryText
     required property bool isLarge
@@ -120,7 +120,7 @@ Item {
         radius: Theme.windowRadius
         content: ProcessInfoPopover {
             model: root.memoryModel
-            actions: root.actions
+            windows: root.windows
             record: root.record
             // An open popup lies above the file manager and holds the keyboard.
             onRevealed: Qt.callLater(details.close)

@@ -6,7 +6,7 @@ Item {
     id: root
 
     required property MemoryModel model
-    required property MainWindowActions actions
+    required property WindowController windows
 
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Processes")
@@ -24,7 +24,7 @@ Item {
         anchors.bottom: bar.top
         width: root.width
         model: root.model
-        actions: root.actions
+        windows: root.windows
         onKillRequested: record => confirmation.request(record)
     }
 

@@ -2,38 +2,22 @@ import QtQuick
 import Orvane
 
 /// What the program is: name, version, licence, what it is built on.
-FocusScope {
+DialogWindow {
     id: root
 
-    required property MainWindowActions actions
-    required property string version
-    required property string builtOn
+    required property WindowController windows
 
-    width: 320
-    height: body.height + 48
-    focus: true
-    Accessible.role: Accessible.Dialog
-    Accessible.name: qsTr("About Orvane")
-    Keys.onEscapePressed: root.actions.closeWindow()
-    Keys.onReturnPressed: root.actions.closeWindow()
-    Keys.onEnterPressed: root.actions.closeWindow()
-
-    Shortcut {
-        sequence: "Ctrl+W"
-        onActivated: root.actions.closeWindow()
-    }
-
-    Rectangle {
-        anchors.fill: parent
-        color: Theme.windowBackground
-    }
+    title: qsTr("About Orvane")
+    contentWidth: 320
+    contentHeight: body.height + 48
+    onAccepted: close()
 
     Column {
         id: body
 
         x: 24
         y: 24
-        width: root.width - 48
+        width: root.contentWidth - 48
         spacing: 6
 
         Image {
@@ -49,10 +33,10 @@ FocusScope {
         Repeater {
             model: [
                 {text: qsTr("Orvane"), font: Theme.systemFont(18, Font.DemiBold), strong: true},
-                {text: qsTr("Version %1").arg(root.version), font: Theme.subheadline, strong: false},
+                {text: qsTr("Version %1").arg(root.windows.version), font: Theme.subheadline, strong: false},
                 {text: qsTr("Memory usage at a glance."), font: Theme.subheadline, strong: true},
                 {text: qsTr("Free software under the MIT licence.\nCopyright © 2026 The Orvane team"), font: Theme.caption, strong: false},
-                {text: qsTr("Built on %1").arg(root.builtOn), font: Theme.caption, strong: false}
+                {text: qsTr("Built on %1").arg(root.windows.builtOn), font: Theme.caption, strong: false}
             ]
             delegate: Text {
                 required property var modelData
@@ -79,7 +63,7 @@ FocusScope {
             name: qsTr("OK")
             fill: Theme.blue
             textColor: "white"
-            onClicked: root.actions.closeWindow()
+            onClicked: root.close()
         }
     }
 }

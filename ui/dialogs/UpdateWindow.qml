@@ -2,30 +2,17 @@ import QtQuick
 import Orvane
 
 /// An update check: first its progress, then its one result.
-FocusScope {
+DialogWindow {
     id: root
 
-    required property UpdateModel update
+    required property WindowController windows
 
-    width: 380
-    height: Math.max(150, body.height + buttons.height + 56)
-    focus: true
-    Accessible.role: Accessible.Dialog
-    Accessible.name: qsTr("Software Update")
-    Accessible.description: update.headline + "\n" + update.message
-    Keys.onEscapePressed: root.update.pressSecondary()
-    Keys.onReturnPressed: root.update.pressPrimary()
-    Keys.onEnterPressed: root.update.pressPrimary()
-
-    Shortcut {
-        sequence: "Ctrl+W"
-        onActivated: root.update.pressSecondary()
-    }
-
-    Rectangle {
-        anchors.fill: parent
-        color: Theme.windowBackground
-    }
+    title: qsTr("Software Update")
+    description: windows.update.headline + "\n" + windows.update.message
+    contentWidth: 380
+    contentHeight: Math.max(150, body.height + buttons.height + 56)
+    onAccepted: if (windows.acceptUpdate())
+        close()
 
     Image {
         id: icon
@@ -52,7 +39,7 @@ FocusScope {
 
         Text {
             width: parent.width
-            text: root.update.headline
+            text: root.windows.update.headline
             font: Theme.headline
             color: Theme.label
             wrapMode: Text.Wrap
@@ -62,14 +49,14 @@ FocusScope {
 
         ProgressStripe {
             width: parent.width
-            visible: root.update.checking
+            visible: root.windows.update.checking
             running: visible
         }
 
         Text {
             width: parent.width
             visible: text !== ""
-            text: root.update.message
+            text: root.windows.update.message
             textFormat: Text.PlainText
             font: Theme.subheadline
             color: Theme.label
@@ -81,8 +68,8 @@ FocusScope {
         ReleaseNotes {
             width: parent.width
             height: 120
-            visible: root.update.notes !== ""
-            text: root.update.notes
+            visible: root.windows.update.notes !== ""
+            text: root.windows.update.notes
         }
     }
 
@@ -97,17 +84,17 @@ FocusScope {
 
         ActionButton {
             visible: name !== ""
-            name: root.update.secondaryButton
+            name: root.windows.update.secondaryButton
             textColor: Theme.label
-            onClicked: root.update.pressSecondary()
+            onClicked: root.close()
         }
 
         ActionButton {
             visible: name !== ""
-            name: root.update.primaryButton
+            name: root.windows.update.primaryButton
             fill: Theme.blue
             textColor: "white"
-            onClicked: root.update.pressPrimary()
+            onClicked: root.accepted()
         }
     }
 }

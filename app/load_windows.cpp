@@ -1,0 +1,29 @@
+#include "app/load_windows.h"
+
+#include <QtCore/QLibrary>
+#include <QtCore/QLoggingCategory>
+
+#include "platform/linux/bus/session_bus.h"
+
+namespace orvane {
+
+LoadedWindows loadWindows(const std::vector<std::string>& folders, const WindowSettings& settings,
+                          Shell& shell, const std::shared_ptr<MemoryManager>& manager) {
+  keepToolkitOffSilentBus();
+  LoadedWindows made;
+  QString problem;
+  for (const std::string& folder : folders) {
+    QLibrary module(QString::fromStdString(folder + '/' + windowsModuleFile));
+    // Its types stay registered with the toolkit for good.
+    module.setLoadHints(QLibrary::PreventUnloadHint);
+    if (const auto make = reinterpret_cast<MakeWindows>(module.resolve(makeWindowsName))) {
+      make(made, settings, shell, manager);
+      return made;
+    }
+    problem = module.errorString();
+  }
+  qWarning("No windows: %s", qUtf8Printable(problem));
+  return made;
+}
+
+}  // namespace orvane

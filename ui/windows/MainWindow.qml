@@ -1,0 +1,39 @@
+import QtQuick
+import Orvane
+
+/// The main window: its background and, below a strip of 20 points for the menu bar, its content.
+ContentWindow {
+    id: root
+
+    required property WindowController windows
+    readonly property real barHeight: 20
+
+    title: qsTr("Orvane")
+    flags: Qt.Window | Qt.CustomizeWindowHint | Qt.WindowTitleHint | Qt.WindowSystemMenuHint | Qt.WindowMinimizeButtonHint | Qt.WindowCloseButtonHint
+    contentWidth: content.width
+    contentHeight: barHeight + content.height
+    // The shell hides it, so that its place is kept.
+    onClosing: close => {
+        close.accepted = false;
+        windows.closeMainWindow();
+    }
+
+    MainWindowBackground {
+        anchors.fill: parent
+    }
+
+    MenuBar {
+        width: root.width
+        windows: root.windows
+    }
+
+    ContentView {
+        id: content
+
+        objectName: "content"
+        y: root.barHeight
+        model: root.windows.model
+        windows: root.windows
+        focus: true
+    }
+}

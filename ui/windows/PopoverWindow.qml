@@ -1,0 +1,37 @@
+import QtQuick
+import Orvane
+
+/// The popover beside the panel. It closes when it loses the focus and, on X11, where a panel may
+/// never take the focus, at a press outside. Wayland decides itself where it goes.
+ContentWindow {
+    id: root
+
+    required property WindowController windows
+    required property point statusItem  ///< where the panel says its item is, in device pixels
+
+    title: qsTr("Orvane")
+    flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.NoDropShadowWindowHint
+    contentWidth: view.width
+    contentHeight: view.height
+    // A tiling compositor would put a window that can have another size among its tiles.
+    fixed: Qt.platform.pluginName !== "xcb"
+    Component.onCompleted: controller.placeAtStatusItem(statusItem)
+
+    PopupController {
+        id: controller
+
+        window: root
+        holds: PopupController.Mouse
+        lent: view.menuOpen
+        onDismissed: left => root.windows.dismissPopover(left)
+    }
+
+    StatusMenuView {
+        id: view
+
+        objectName: "statusMenu"
+        model: root.windows.model
+        windows: root.windows
+        onCloseRequested: root.windows.dismissPopover(false)
+    }
+}

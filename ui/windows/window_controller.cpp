@@ -1,0 +1,223 @@
+#include "ui/windows/window_controller.h"
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QSGRendererInterface>
+#include <QScreen>
+
+#include <utility>
+
+#include "ui/icons/icon_provider.h"
+#include "ui/style/theme.h"
+#include "ui/windows/window_geometry.h"
+
+// Made by the build from the module's types; the call links them into the program.
+void qml_register_types_Orvane();
+
+namespace orvane {
+namespace {
+
+// From the press on a panel that took the focus away to the click the panel makes of it.
+constexpr int sameClickMilliseconds = 400;
+
+void bringToFront(QWindow& window) {
+  window.showNormal();
+  window.raise();
+  window.requestActivate();
+}
+
+}  // namespace
+
+WindowController::WindowController(Shell& shell, std::shared_ptr<MemoryManager> manager,
+                                   WindowSystem system, ProductFacts facts)
+    : shell_(shell),
+      manager_(std::move(manager)),
+      system_(std::move(system)),
+      facts_(std::move(facts)) {
+  // The same scene costs a third of the memory without a graphics driver.
+  if (QQuickWindow::sceneGraphBackend() != QStringLiteral("software"))
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+WindowController::~WindowController() {
+  // Their end is no event for the members that are gone by then.
+  for (auto& [kind, window] : windows_) window->disconnect(this);
+}
+
+QQmlEngine& WindowController::engine() {
+  if (engine_) return *engine_;
+  model_ = std::make_unique<MemoryModel>(manager_);
+  qml_register_types_Orvane();
+  engine_ = std::make_unique<QQmlEngine>();
+  engine_->addImportPath(QStringLiteral(":/qt/qml"));
+  engine_->addImageProvider(QLatin1String(IconProvider::providerId),
+                            new IconProvider(system_.readFile));
+  theme().setScheme(scheme_);
+  return *engine_;
+}
+
+Theme& WindowController::theme() {
+  return *engine().singletonInstance<Theme*>(qmlTypeId("Orvane", 1, 0, "Theme"));
+}
+
+void WindowController::setColorScheme(std::optional<ColorScheme> scheme) {
+  scheme_ = scheme;
+  if (engine_) theme().setScheme(scheme_);
+}
+
+void WindowController::followCompositor() {
+  if (system_.blendsTranslucentWindows)
+    theme().setTranslucentWindows(system_.blendsTranslucentWindows());
+}
+
+// Windows.
+
+QQuickWindow* WindowController::window(WindowKind kind) const {
+  const auto found = windows_.find(kind);
+  return found == windows_.end() ? nullptr : found->second.get();
+}
+
+QQuickWindow* WindowController::make(WindowKind kind, const char* file, QVariantMap properties) {
+  followCompositor();
+  QQmlComponent component(&engine(),
+                          QUrl(QStringLiteral("qrc:/qt/qml/Orvane/") + QLatin1String(file)));
+  properties.insert(QStringLiteral("windows"), QVariant::fromValue(this));
+  std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
+  auto* window = qobject_cast<QQuickWindow*>(made.get());
+  if (window == nullptr) {
+    qWarning("No window: %s", qUtf8Printable(component.errorString()));
+    return nullptr;
+  }
+  made.release();
+  windows_[kind].reset(window);
+  connect(window, &QWindow::activeChanged, this, [this, window, kind] {
+    if (window->isActive()) shell_.windowDidBecomeKey(kind);
+  });
+  return window;
+}
+
+QQuickWindow* WindowController::makeTransient(WindowKind kind, const char* file,
+                                              QVariantMap properties) {
+  QQuickWindow* window = make(kind, file, std::move(properties));
+  if (window == nullptr) return nullptr;
+  connect(window, &QWindow::visibleChanged, this, [this, kind](bool visible) {
+    if (!visible) giveUp(kind);
+  });
+  return window;
+}
+
+void WindowController::giveUp(WindowKind kind) {
+  // The window may be in the middle of the event that closes it.
+  closed_.push_back(std::move(windows_[kind]));
+  windows_.erase(kind);
+  closed_.back()->disconnect(this);
+  QMetaObject::invokeMethod(
+      this, [this] { closed_.clear(); }, Qt::QueuedConnection);
+  shell_.windowWillClose(kind);
+}
+
+void WindowController::showPopover(ScreenPoint item) {
+  closePopover();
+  QQuickWindow* popover = makeTransient(WindowKind::popover, "windows/PopoverWindow.qml",
+                                        {{QStringLiteral("statusItem"), QPoint(item.x, item.y)}});
+  if (popover == nullptr) return;
+  if (system_.skipTaskbar) system_.skipTaskbar(*popover);
+  popover->show();
+  popover->requestActivate();
+}
+
+void WindowController::closePopover() {
+  sinceDismissal_.invalidate();
+  if (QQuickWindow* popover = window(WindowKind::popover)) popover->hide();
+}
+
+// Where the mouse is held (X11) no click on the item takes the focus away.
+void WindowController::dismissPopover(bool left) {
+  closePopover();
+  if (left && QGuiApplication::platformName() != QLatin1String("xcb")) sinceDismissal_.start();
+}
+
+bool WindowController::isPopoverShown() const {
+  return window(WindowKind::popover) != nullptr ||
+         (sinceDismissal_.isValid() && !sinceDismissal_.hasExpired(sameClickMilliseconds));
+}
+
+void WindowController::showMainWindow() {
+  followCompositor();
+  QQuickWindow* main = window(WindowKind::main);
+  const QList<ScreenArea> screens = screenAreas();
+  if (main == nullptr) {
+    main = make(WindowKind::main, "windows/MainWindow.qml");
+    if (main == nullptr) return;
+    main->setPosition(centredPosition(main->size(), main->screen()->availableGeometry()));
+  } else if (!main->isVisible() && framePlace_ && !screens.isEmpty()) {
+    main->setFramePosition(windowPosition(*framePlace_, main->size(), screens));
+  }
+  bringToFront(*main);
+}
+
+void WindowController::hideMainWindow() {
+  QQuickWindow* main = window(WindowKind::main);
+  if (main == nullptr || !main->isVisible()) return;
+  framePlace_ = main->framePosition();
+  main->hide();
+}
+
+void WindowController::showDialog(WindowKind kind, const char* file) {
+  QQuickWindow* dialog = window(kind);
+  if (dialog == nullptr) {
+    dialog = makeTransient(kind, file);
+    if (dialog == nullptr) return;
+    dialog->setPosition(centredPosition(dialog->size(), dialog->screen()->availableGeometry()));
+  }
+  bringToFront(*dialog);
+}
+
+void WindowController::showAbout() {
+  showDialog(WindowKind::about, "dialogs/AboutWindow.qml");
+}
+
+void WindowController::showUpdateCheck() {
+  result_.reset();
+  Q_EMIT updateChanged();
+  showDialog(WindowKind::update, "dialogs/UpdateWindow.qml");
+}
+
+void WindowController::showUpdateResult(const UpdateResult& result) {
+  if (window(WindowKind::update) == nullptr) return;
+  result_ = result;
+  Q_EMIT updateChanged();
+}
+
+// For QML.
+
+void WindowController::setMainWindowVisible(bool visible) {
+  shell_.setMainWindowVisible(visible);
+  Q_EMIT changed();
+}
+
+void WindowController::setLaunchAtLogin(bool enabled) {
+  shell_.setLaunchAtLoginPreference(enabled);
+  Q_EMIT changed();
+}
+
+void WindowController::revealExecutable(const ProcessRecord& record) {
+  if (record.isValid() && !record.info()->processPath.empty())
+    shell_.revealFile(record.info()->processPath);
+}
+
+UpdateTexts WindowController::update() const {
+  return result_ ? updateResultTexts(*result_, facts_.version) : updateCheckingTexts();
+}
+
+bool WindowController::acceptUpdate() {
+  if (!result_) return false;
+  if (std::holds_alternative<UpdateError>(*result_)) {
+    shell_.checkForUpdates();
+    return false;
+  }
+  if (const auto* offer = std::get_if<UpdateOffer>(&*result_)) shell_.openUrl(offer->downloadPage);
+  return true;
+}
+
+}  // namespace orvane
