@@ -21,7 +21,6 @@ ContentWindow {
         id: controller
 
         window: root
-        holds: PopupController.Mouse
         lent: view.menuOpen
         onDismissed: left => root.windows.dismissPopover(left)
     }

@@ -43,7 +43,7 @@ Item {
 
                 window: window
                 anchor: root.anchorItem
-                holds: PopupController.Nothing
+                takesInput: false
                 onDismissed: loader.active = false
             }
 

@@ -67,6 +67,7 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
 }
 
 void PopupController::placeAtStatusItem(QPoint reported) {
+  isPopover_ = true;
   const QList<ScreenArea> areas = screenAreas();
   if (!window_ || areas.isEmpty()) return;
   const auto pointer = needsGrab() ? std::optional(QCursor::pos()) : std::nullopt;
@@ -228,7 +229,7 @@ void PopupController::timerEvent(QTimerEvent* event) {
 
 void PopupController::hold() {
   retry_.stop();
-  if (holds_ == Nothing || isLent_ || !needsGrab() || !window_ || !window_->isExposed()) return;
+  if (!takesInput_ || isLent_ || !needsGrab() || !window_ || !window_->isExposed()) return;
   const bool mouse = window_->setMouseGrabEnabled(true);
   const bool keyboard = !isPopup() || window_->setKeyboardGrabEnabled(true);
   if (!mouse || !keyboard) retry_.start(retryMilliseconds, this);

@@ -24,16 +24,14 @@ class PopupController : public QObject {
   Q_PROPERTY(QQuickWindow* window READ window WRITE setWindow NOTIFY windowChanged)
   /// What a popup lies at; none for the popover.
   Q_PROPERTY(QQuickItem* anchor READ anchor WRITE setAnchor NOTIFY anchorChanged)
-  /// What the window takes; one that is only looked at takes nothing.
-  Q_PROPERTY(Hold holds MEMBER holds_)
+  /// Whether the window takes the mouse and the keyboard; one that is only looked at doesn't.
+  Q_PROPERTY(bool takesInput MEMBER takesInput_)
   /// A popup of this window's own is open and has the mouse and the focus until it closes.
   Q_PROPERTY(bool lent READ isLent WRITE setLent NOTIFY lentChanged)
 
  public:
   enum Edge { Below, Trailing };
   Q_ENUM(Edge)
-  enum Hold { Nothing, Mouse, MouseAndKeyboard };
-  Q_ENUM(Hold)
 
   using QObject::QObject;
 
@@ -46,8 +44,8 @@ class PopupController : public QObject {
 
   /// Gives the window its size and place, on the screen of the anchor.
   Q_INVOKABLE void place(double width, double height, Edge edge, double gap);
-  /// Puts the window beside the status item, on its screen, now and whenever its height changes;
-  /// `reported` is where the panel says the item is, in device pixels.
+  /// Makes the window the popover: puts it beside the status item, on its screen, now and whenever
+  /// its height changes; `reported` is where the panel says the item is, in device pixels.
   Q_INVOKABLE void placeAtStatusItem(QPoint reported);
   /// Whether the middle of the anchor can be seen, not scrolled away.
   Q_INVOKABLE [[nodiscard]] bool isAnchorInSight() const;
@@ -69,7 +67,7 @@ class PopupController : public QObject {
   void timerEvent(QTimerEvent* event) override;
 
  private:
-  [[nodiscard]] bool isPopup() const { return holds_ == MouseAndKeyboard; }
+  [[nodiscard]] bool isPopup() const { return takesInput_ && !isPopover_; }
   [[nodiscard]] bool isInside(const QMouseEvent& event) const;
   /// Whether the focus is with neither the popup nor the window below.
   [[nodiscard]] bool isLeft() const;
@@ -91,7 +89,8 @@ class PopupController : public QObject {
   ScreenArea screen_;
   QBasicTimer retry_;
   QBasicTimer focusCheck_;
-  Hold holds_ = MouseAndKeyboard;
+  bool takesInput_ = true;
+  bool isPopover_ = false;
   bool isLent_ = false;
   bool wasActive_ = false;
   bool pressedOutside_ = false;
