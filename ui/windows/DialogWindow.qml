@@ -1,16 +1,28 @@
 import QtQuick
 import Orvane
 
-/// A small window that Escape and Ctrl+W close.
-ContentWindow {
+/// A small window that follows the size of its content, and that Escape and Ctrl+W close.
+Window {
     id: root
 
     default property alias content: scope.data
+    required property real contentWidth
+    required property real contentHeight
     property string description  ///< for assistive technology
 
     signal accepted  ///< Return or Enter was pressed
 
+    function fit() {
+        minimumWidth = maximumWidth = width = Math.round(contentWidth);
+        minimumHeight = maximumHeight = Math.round(contentHeight);
+        height = maximumHeight;
+    }
+
     flags: Qt.Dialog | Qt.CustomizeWindowHint | Qt.WindowTitleHint | Qt.WindowCloseButtonHint
+    color: "transparent"
+    visible: false
+    onContentHeightChanged: fit()
+    Component.onCompleted: fit()
 
     FocusScope {
         id: scope

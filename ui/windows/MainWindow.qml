@@ -2,7 +2,7 @@ import QtQuick
 import Orvane
 
 /// The main window: its background and, below a strip of 20 points for the menu bar, its content.
-ContentWindow {
+Window {
     id: root
 
     required property WindowController windows
@@ -10,8 +10,14 @@ ContentWindow {
 
     title: qsTr("Orvane")
     flags: Qt.Window | Qt.CustomizeWindowHint | Qt.WindowTitleHint | Qt.WindowSystemMenuHint | Qt.WindowMinimizeButtonHint | Qt.WindowCloseButtonHint
-    contentWidth: content.width
-    contentHeight: barHeight + content.height
+    color: "transparent"
+    visible: false
+    width: 440
+    height: 510
+    minimumWidth: width
+    maximumWidth: width
+    minimumHeight: height
+    maximumHeight: height
     // The shell hides it, so that its place is kept.
     onClosing: close => {
         close.accepted = false;

@@ -3,7 +3,7 @@ import Orvane
 
 /// The popover beside the panel. It closes when it loses the focus and, on X11, where a panel may
 /// never take the focus, at a press outside. Wayland decides itself where it goes.
-ContentWindow {
+Window {
     id: root
 
     required property WindowController windows
@@ -11,10 +11,10 @@ ContentWindow {
 
     title: qsTr("Orvane")
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.NoDropShadowWindowHint
-    contentWidth: view.width
-    contentHeight: view.height
-    // A tiling compositor would put a window that can have another size among its tiles.
-    fixed: Qt.platform.pluginName !== "xcb"
+    color: "transparent"
+    visible: false
+    width: view.width
+    height: view.height
     Component.onCompleted: controller.placeAtStatusItem(statusItem)
 
     PopupController {

@@ -77,6 +77,10 @@ void PopupController::placeAtStatusItem(QPoint reported) {
   const auto follow = [this] {
     const QRect place = popoverRectangle(statusItem_, window_->size(), screen_);
     if (window_->position() != place.topLeft()) window_->setPosition(place.topLeft());
+    if (needsGrab()) return;
+    // A tiling compositor would put a window that can have another size among its tiles.
+    window_->setMaximumSize(place.size());
+    window_->setMinimumSize(place.size());
   };
   follow();
   connect(window_, &QWindow::heightChanged, this, follow);
