@@ -78,8 +78,12 @@ TEST(Appcast, NotesStayBoundedWhateverComes) {
     EXPECT_LE(length(notesOf(text.toStdString())), 4000) << hostile;
   }
   EXPECT_EQ(notesOf(std::string(4000, 'a')), std::string(4000, 'a'));
-  EXPECT_EQ(notesOf(std::string(3998, 'a') + "😀b"), std::string(3998, 'a') + "…")
-      << "no half a character";
+  const std::string most(3998, 'a');
+  std::string more = most;
+  std::string cut = most;
+  more.append("😀b");
+  cut.append("…");
+  EXPECT_EQ(notesOf(more), cut) << "no half a character";
 }
 
 TEST(Appcast, OffersTheNewestItemByVersion) {
