@@ -60,16 +60,16 @@ class Desktop {
 class X11ApplicationsTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    desktop_ = std::make_unique<Desktop>();
-    ::setenv("DISPLAY", desktop_->display().c_str(), 1);
+    sharedDesktop = std::make_unique<Desktop>();
+    ::setenv("DISPLAY", sharedDesktop->display().c_str(), 1);
     ::setenv("QT_QPA_PLATFORM", "xcb", 1);
     static int count = 1;
     static std::array name{const_cast<char*>("test"), static_cast<char*>(nullptr)};
-    application_ = std::make_unique<QGuiApplication>(count, name.data());
+    qtApplication = std::make_unique<QGuiApplication>(count, name.data());
   }
   static void TearDownTestSuite() {
-    application_.reset();
-    desktop_.reset();
+    qtApplication.reset();
+    sharedDesktop.reset();
   }
 
   std::optional<RunningApplication> ledBy(pid_t pid) {
@@ -103,20 +103,20 @@ class X11ApplicationsTest : public testing::Test {
                                    .isWatched = {}},
                                   time_,
                                   time_};
-  static inline std::unique_ptr<Desktop> desktop_;
-  static inline std::unique_ptr<QGuiApplication> application_;
+  static inline std::unique_ptr<Desktop> sharedDesktop;
+  static inline std::unique_ptr<QGuiApplication> qtApplication;
 };
 
 TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
   // A user's shell could start anything.
-  const ChildProcess terminal({"xterm", "-e", "sleep", "600"}, desktop_->environment());
-  const ChildProcess editor({"mousepad"}, desktop_->environment());
-  const ChildProcess calculator({"galculator"}, desktop_->environment());
+  const ChildProcess terminal({"xterm", "-e", "sleep", "600"}, sharedDesktop->environment());
+  const ChildProcess editor({"mousepad"}, sharedDesktop->environment());
+  const ChildProcess calculator({"galculator"}, sharedDesktop->environment());
   const TestDirectory directory;
   const std::string unknown = directory.path("unknown");
   fs::copy_file(fs::canonical("/usr/bin/xterm"), unknown);
   const ChildProcess strange({unknown, "-class", "Strange", "-e", "sleep", "600"},
-                             desktop_->environment());
+                             sharedDesktop->environment());
   const struct {
     pid_t pid;
     std::string name;
@@ -149,8 +149,8 @@ TEST_F(X11ApplicationsTest, TellsWindowsFromPartsOfTheDesktop) {
   const auto terminal = [](const std::string& name) {
     return std::vector<std::string>{"xterm", "-name", name, "-T", name, "-e", "sleep", "600"};
   };
-  const ChildProcess first(terminal("ordinary"), desktop_->environment());
-  const ChildProcess second(terminal("panel"), desktop_->environment());
+  const ChildProcess first(terminal("ordinary"), sharedDesktop->environment());
+  const ChildProcess second(terminal("panel"), sharedDesktop->environment());
   ASSERT_TRUE(eventually([&] { return has(windows, "ordinary") && has(windows, "panel"); }));
   EXPECT_EQ(windows.windows().front().className, "XTerm");
   for (int i = 0; i < 3; ++i) has(windows, "");
@@ -158,7 +158,7 @@ TEST_F(X11ApplicationsTest, TellsWindowsFromPartsOfTheDesktop) {
 
   ChildProcess dock({"xprop", "-name", "panel", "-f", "_NET_WM_WINDOW_TYPE", "32a", "-set",
                      "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"},
-                    desktop_->environment());
+                    sharedDesktop->environment());
   ASSERT_TRUE(dock.hasExited());
   X11Windows later(x11Connection());
   ASSERT_TRUE(eventually([&] { return has(later, "ordinary"); }));
