@@ -94,7 +94,9 @@ void AppDelegate::updateStatusTitle() {
   const auto percent = stats ? wholeUsagePercent(*stats) : std::nullopt;
   if (!percent || !statusItem_) return;
   statusItem_->setTitle(statusTitle(*percent));
-  statusItem_->setToolTip("Orvane", "Memory usage: " + percentText(*percent));
+  // LXQt shows the tooltip's title alone.
+  statusItem_->setToolTip("Memory usage: " + percentText(*percent), "Orvane");
+  statusItem_->refreshMenu();
   redrawNumber(*percent);
 }
 
@@ -120,8 +122,7 @@ void AppDelegate::updateStatusIcon(bool boosting) {
 std::vector<StatusMenuEntry> AppDelegate::menuEntries() {
   using Kind = StatusMenuEntry::Kind;
   const auto weak = weak_from_this();
-  const StatusMenuEntry divider{
-      .kind = Kind::divider, .label = {}, .isChecked = {}, .activate = {}};
+  const StatusMenuEntry divider{.kind = Kind::divider};
   const auto toggle = [weak](const char* label, auto isOn, auto set) {
     const auto checked = [weak, isOn] {
       const auto self = weak.lock();
@@ -137,10 +138,17 @@ std::vector<StatusMenuEntry> AppDelegate::menuEntries() {
     const auto perform = [weak, operation] {
       if (const auto self = weak.lock()) std::invoke(operation, *self);
     };
-    return StatusMenuEntry{
-        .kind = Kind::action, .label = label, .isChecked = {}, .activate = perform};
+    return StatusMenuEntry{.kind = Kind::action, .label = label, .activate = perform};
+  };
+  const auto figure = [weak] {
+    const auto self = weak.lock();
+    return self ? usageSummary(self->memoryManager_->currentStats()) : std::string();
   };
   return {
+      {.kind = Kind::figure, .text = figure},
+      action("Show Details", &AppDelegate::showDetails),
+      action("Boost Memory", &AppDelegate::boostMemoryFromMenu),
+      divider,
       toggle("Show Window", &AppDelegate::isMainWindowVisible, &AppDelegate::setMainWindowVisible),
       divider,
       toggle("Launch at Login", &AppDelegate::launchAtLogin,
@@ -160,11 +168,17 @@ Windows* AppDelegate::windows() {
 
 void AppDelegate::togglePopover(ScreenPoint item) {
   if (!statusItem_) return;
+  itemPlace_ = item;
   if (loaded_.windows && loaded_.windows->isPopoverShown()) {
     loaded_.windows->closePopover();
     return;
   }
-  if (Windows* shown = windows()) shown->showPopover(item);
+  showDetails();
+}
+
+void AppDelegate::showDetails() {
+  if (!statusItem_) return;
+  if (Windows* shown = windows()) shown->showPopover(itemPlace_);
   memoryManager_->updateMemoryStats();
 }
 

@@ -59,6 +59,8 @@ class AppDelegate : public NotificationDelegate,
   void updateStatusIcon(bool boosting);
   /// The status item's action. `item` is where the panel says the item is.
   void togglePopover(ScreenPoint item);
+  /// Opens the popover anew, at the place that a panel told last.
+  void showDetails();
 
   void showMainWindow();
   void hideMainWindow();
@@ -101,6 +103,7 @@ class AppDelegate : public NotificationDelegate,
 
   AppServices services_;
   std::unique_ptr<StatusBarItem> statusItem_;
+  ScreenPoint itemPlace_;
   std::shared_ptr<MemoryManager> memoryManager_;
   LoadedWindows loaded_;
   bool hasMainWindow_ = false;

@@ -13,6 +13,9 @@ namespace orvane {
 /// "57%".
 [[nodiscard]] std::string percentText(int percent);
 
+/// "Memory: 20% (4.8 of 23.5 GB)", used and total; "Memory: unknown" without a sample.
+[[nodiscard]] std::string usageSummary(const std::optional<MemoryStats>& stats);
+
 /// The status item's title, " 57%".
 [[nodiscard]] std::string statusTitle(int percent);
 

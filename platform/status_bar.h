@@ -26,12 +26,13 @@ struct ScreenPoint {
 
 /// One entry of the item's menu.
 struct StatusMenuEntry {
-  enum class Kind { action, toggle, divider };
+  enum class Kind { action, toggle, divider, figure };
 
   Kind kind = Kind::action;
-  std::string label;
-  std::function<bool()> isChecked;  ///< toggles only; asked whenever the menu is shown
-  std::function<void()> activate;   ///< null for dividers
+  std::string label = {};
+  std::function<bool()> isChecked = {};    ///< toggles only; asked whenever the menu is shown
+  std::function<void()> activate = {};     ///< actions and toggles only
+  std::function<std::string()> text = {};  ///< a figure's label; asked while the menu is shown
 };
 
 /// One item in the panel's status area.
@@ -54,6 +55,9 @@ class StatusBarItem {
 
   /// Right click.
   virtual void setMenu(std::vector<StatusMenuEntry> entries) = 0;
+
+  /// Asks the entries anew what they show, if the menu is open.
+  virtual void refreshMenu() = 0;
 
   /// True while a panel that draws labels shows the item.
   [[nodiscard]] virtual bool hostDrawsLabel() const = 0;

@@ -59,6 +59,20 @@ class Popover(PopoverCase):
         self.pointer.key("Escape")
         self.wait_until_gone(self.CONTROL)
 
+    def test_from_the_menu_of_the_item(self):
+        place = (self.item_point[0] - 60, 40, 120, 120)
+        before = self.desktop.screen.area(*place)
+        self.pointer.click(*self.item_point, button=3)
+        self.wait_for("menu", 5, lambda: self.desktop.screen.area(*place) != before)
+        self.picture("menu")
+        for key in ("Down", "Return"):  # past the figure, which can't be chosen
+            self.pointer.key(key)
+        self.wait_for_control(self.CONTROL)
+        self.picture("open")
+        self.assertTrue(28 <= self.popover()[1] <= 60)
+        self.pointer.click(200, 700)
+        self.wait_until_gone(self.CONTROL)
+
     def test_by_assistive_technology(self):
         self.orvane.item().activate()
         self.press("Show Details")

@@ -16,7 +16,7 @@ class FakeStatusBar : public StatusBar {
   struct State {
     std::string title;
     std::vector<IconPixmap> icon;
-    std::string toolTipText;
+    std::string toolTip;
     std::function<void(ScreenPoint)> action;
     std::vector<StatusMenuEntry> menu;
     std::function<void()> hostChanged;
@@ -37,8 +37,8 @@ class FakeStatusBar : public StatusBar {
       state_->icon = std::move(icon);
       ++state_->iconCount;
     }
-    void setToolTip(const std::string& /*title*/, const std::string& text) override {
-      state_->toolTipText = text;
+    void setToolTip(const std::string& title, const std::string& /*text*/) override {
+      state_->toolTip = title;
     }
     void setAction(std::function<void(ScreenPoint)> action) override {
       state_->action = std::move(action);
@@ -46,6 +46,7 @@ class FakeStatusBar : public StatusBar {
     void setMenu(std::vector<StatusMenuEntry> entries) override {
       state_->menu = std::move(entries);
     }
+    void refreshMenu() override {}
     [[nodiscard]] bool hostDrawsLabel() const override { return state_->drawsLabel; }
     void setHostChanged(std::function<void()> handler) override {
       state_->hostChanged = std::move(handler);

@@ -103,7 +103,10 @@ TEST_F(AppDelegateTest, TheTitleIsTheTruncatedUsageOfTheCurrentSampleAtEachTick)
   EXPECT_EQ(statusBar_.state->title, " 100%");
   fakes_.time.advance(Duration{5.0});
   EXPECT_EQ(statusBar_.state->title, " 30%");
-  EXPECT_EQ(statusBar_.state->toolTipText, "Memory usage: 30%");
+  EXPECT_EQ(statusBar_.state->toolTip, "Memory usage: 30%");
+  fakes_.counters.bytesPerPage = 256 * 1024;
+  delegate_->memoryManager()->updateMemoryStats();
+  EXPECT_EQ(statusBar_.state->menu.front().text(), "Memory: 30% (7.3 of 24.4 GB)");
   fakes_.counters.counts.reset();
   fakes_.time.advance(Duration{20.0});
   EXPECT_EQ(statusBar_.state->title, " 30%");

@@ -99,12 +99,12 @@ class StatusItemTest : public testing::Test {
     item_->setTitle(" 57%");
     item_->setIcon({{.width = 1, .height = 2, .pixels = {0x80112233, 0xff445566}}});
     item_->setToolTip("Orvane", "Memory usage: 57%");
-    item_->setMenu(
-        {{.kind = StatusMenuEntry::Kind::toggle,
-          .label = "Show_Window",
-          .isChecked = [this] { return checked_; },
-          .activate = [this] { checked_ = !checked_; }},
-         {.kind = StatusMenuEntry::Kind::divider, .label = {}, .isChecked = {}, .activate = {}}});
+    item_->setMenu({{.kind = StatusMenuEntry::Kind::toggle,
+                     .label = "Show_Window",
+                     .isChecked = [this] { return checked_; },
+                     .activate = [this] { checked_ = !checked_; }},
+                    {.kind = StatusMenuEntry::Kind::divider},
+                    {.kind = StatusMenuEntry::Kind::figure, .text = [this] { return figure_; }}});
   }
 
   std::unique_ptr<FakePanel> startPanel() {
@@ -123,6 +123,7 @@ class StatusItemTest : public testing::Test {
   ScopedEnvironment address_{"DBUS_SESSION_BUS_ADDRESS", bus_.address()};
   ScopedEnvironment runtime_{"XDG_RUNTIME_DIR", std::nullopt};
   bool checked_ = false;
+  std::string figure_ = "20%";
   SessionBus session_;
   LinuxStatusBar statusBar_{session_};
   std::unique_ptr<StatusBarItem> item_;
@@ -177,7 +178,7 @@ TEST_F(StatusItemTest, SaysOnlyWhatChanged) {
   EXPECT_FALSE(panel->signalsSeen.contains(QStringLiteral("NewIcon")));
 }
 
-TEST_F(StatusItemTest, TheMenuFollowsItsToggles) {
+TEST_F(StatusItemTest, TheMenuFollowsItsTogglesAndFiguresWhileItIsOpen) {
   const auto panel = startPanel();
   ASSERT_TRUE(hasItems(*panel, 1));
   panel->listenTo("com.canonical.dbusmenu", "/MenuBar", "ItemsPropertiesUpdated");
@@ -196,12 +197,29 @@ TEST_F(StatusItemTest, TheMenuFollowsItsToggles) {
   EXPECT_EQ(panel->menu("AboutToShow", {0}).arguments().value(0), QVariant(true));
   EXPECT_EQ(toggleState(), 0);
   EXPECT_EQ(panel->menu("AboutToShow", {0}).arguments().value(0), QVariant(false));
+
+  const auto figure = [&] {
+    item_->refreshMenu();
+    const QDBusMessage reply = panel->menu("GetProperty", {3, QStringLiteral("label")});
+    return reply.arguments().value(0).value<QDBusVariant>().variant().toString();
+  };
+  const auto tell = [&](const char* event) {
+    panel->menu("Event", {0, QString::fromLatin1(event), QVariant::fromValue(QDBusVariant(0)), 0U});
+  };
+  tell("opened");
+  figure_ = "21%";
+  EXPECT_EQ(figure(), QStringLiteral("21%"));
+  tell("closed");
+  figure_ = "22%";
+  EXPECT_EQ(figure(), QStringLiteral("21%")) << "nobody looks";
+  EXPECT_EQ(panel->menu("AboutToShow", {0}).arguments().value(0), QVariant(true));
+  EXPECT_EQ(figure(), QStringLiteral("22%"));
 }
 
 TEST_F(StatusItemTest, TheMenuAnswersGroupsAndRefusesTheUnknown) {
   const auto panel = startPanel();
   ASSERT_TRUE(hasItems(*panel, 1));
-  const auto ids = QVariant::fromValue(QList<int>{0, 1, 2, 7});
+  const auto ids = QVariant::fromValue(QList<int>{0, 1, 3, 7});
   const auto group = panel->menu("GetGroupProperties", {ids, QStringList()});
   const auto properties = qdbus_cast<QList<MenuItemProperties>>(group.arguments().value(0));
   ASSERT_EQ(properties.size(), 3);
@@ -209,8 +227,8 @@ TEST_F(StatusItemTest, TheMenuAnswersGroupsAndRefusesTheUnknown) {
             (QVariantMap{{QStringLiteral("label"), QStringLiteral("Show__Window")},
                          {QStringLiteral("toggle-type"), QStringLiteral("checkmark")},
                          {QStringLiteral("toggle-state"), 0}}));
-  EXPECT_EQ(properties[2].properties,
-            (QVariantMap{{QStringLiteral("type"), QStringLiteral("separator")}}));
+  EXPECT_EQ(properties[2].properties, (QVariantMap{{QStringLiteral("label"), QStringLiteral("20%")},
+                                                   {QStringLiteral("enabled"), false}}));
   const auto shown = panel->menu("AboutToShowGroup", {ids});
   EXPECT_EQ(qdbus_cast<QList<int>>(shown.arguments().value(1)), QList<int>{7});
   QList<MenuEvent> events;

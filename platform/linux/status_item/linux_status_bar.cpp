@@ -67,6 +67,8 @@ class LinuxStatusBarItem : public StatusBarItem {
     menu_->setEntries(std::move(entries));
   }
 
+  void refreshMenu() override { menu_->refreshOpen(); }
+
   [[nodiscard]] bool hostDrawsLabel() const override { return registration_.hostDrawsLabel(); }
 
   void setHostChanged(std::function<void()> handler) override { hostChanged_ = std::move(handler); }

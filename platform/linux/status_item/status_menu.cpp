@@ -5,10 +5,6 @@
 namespace orvane {
 namespace {
 
-bool isChecked(const StatusMenuEntry& entry) {
-  return entry.isChecked && entry.isChecked();
-}
-
 QVariantMap only(const QVariantMap& all, const QStringList& names) {
   if (names.isEmpty()) return all;
   QVariantMap chosen;
@@ -42,17 +38,18 @@ QString menuLabel(const std::string& text) {
 void StatusMenu::setEntries(std::vector<StatusMenuEntry> entries) {
   items_.clear();
   for (StatusMenuEntry& entry : entries) {
-    const bool checked = isChecked(entry);
-    items_.push_back({.entry = std::move(entry), .checked = checked});
+    QVariantMap properties = describe(entry);
+    items_.push_back({.entry = std::move(entry), .properties = std::move(properties)});
   }
 }
 
-QList<int> StatusMenu::refreshChecks() {
+QList<int> StatusMenu::refresh() {
   QList<int> changed;
   for (std::size_t i = 0; i < items_.size(); ++i) {
-    const bool checked = isChecked(items_[i].entry);
-    if (std::exchange(items_[i].checked, checked) != checked)
-      changed.append(static_cast<int>(i) + 1);
+    QVariantMap properties = describe(items_[i].entry);
+    if (properties == items_[i].properties) continue;
+    items_[i].properties = std::move(properties);
+    changed.append(static_cast<int>(i) + 1);
   }
   return changed;
 }
@@ -62,13 +59,17 @@ const StatusMenu::Item* StatusMenu::find(int id) const {
   return known ? &items_[static_cast<std::size_t>(id - 1)] : nullptr;
 }
 
-QVariantMap StatusMenu::describe(const Item& item) {
-  if (item.entry.kind == StatusMenuEntry::Kind::divider)
-    return {{QStringLiteral("type"), QStringLiteral("separator")}};
-  QVariantMap properties = {{QStringLiteral("label"), menuLabel(item.entry.label)}};
-  if (item.entry.kind == StatusMenuEntry::Kind::toggle) {
+QVariantMap StatusMenu::describe(const StatusMenuEntry& entry) {
+  using Kind = StatusMenuEntry::Kind;
+  if (entry.kind == Kind::divider) return {{QStringLiteral("type"), QStringLiteral("separator")}};
+  if (entry.kind == Kind::figure) {
+    return {{QStringLiteral("label"), menuLabel(entry.text ? entry.text() : std::string())},
+            {QStringLiteral("enabled"), false}};
+  }
+  QVariantMap properties = {{QStringLiteral("label"), menuLabel(entry.label)}};
+  if (entry.kind == Kind::toggle) {
     properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
-    properties.insert(QStringLiteral("toggle-state"), item.checked ? 1 : 0);
+    properties.insert(QStringLiteral("toggle-state"), entry.isChecked && entry.isChecked() ? 1 : 0);
   }
   return properties;
 }
@@ -79,7 +80,7 @@ std::optional<QVariantMap> StatusMenu::properties(int id, const QStringList& nam
   }
   const Item* item = find(id);
   if (item == nullptr) return std::nullopt;
-  return only(describe(*item), names);
+  return only(item->properties, names);
 }
 
 QVariant StatusMenu::property(int id, const QString& name) const {

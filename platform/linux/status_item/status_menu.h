@@ -12,15 +12,15 @@
 namespace orvane {
 
 /// A status item's menu in the terms of com.canonical.dbusmenu: entry n has the id n + 1, the id 0
-/// is the menu itself. Check marks are kept as the panel last saw them.
+/// is the menu itself. Check marks and figures are kept as the panel last saw them.
 class StatusMenu {
  public:
   static constexpr int rootId = 0;
 
   void setEntries(std::vector<StatusMenuEntry> entries);
 
-  /// Asks every toggle for its state; the ids of those that changed.
-  QList<int> refreshChecks();
+  /// Asks every toggle for its state and every figure for its text; the ids of those that changed.
+  QList<int> refresh();
 
   /// The whole menu; `depth` 0 leaves out the children. None for an unknown id.
   [[nodiscard]] std::optional<MenuLayoutItem> layout(int id, int depth,
@@ -42,11 +42,11 @@ class StatusMenu {
  private:
   struct Item {
     StatusMenuEntry entry;
-    bool checked = false;
+    QVariantMap properties;
   };
 
   [[nodiscard]] const Item* find(int id) const;
-  [[nodiscard]] static QVariantMap describe(const Item& item);
+  [[nodiscard]] static QVariantMap describe(const StatusMenuEntry& entry);
 
   std::vector<Item> items_;
 };

@@ -15,6 +15,10 @@ void StatusMenuAdaptor::setEntries(std::vector<StatusMenuEntry> entries) {
   Q_EMIT LayoutUpdated(++revision_, StatusMenu::rootId);
 }
 
+void StatusMenuAdaptor::refreshOpen() {
+  if (isOpen_) refresh();
+}
+
 QString StatusMenuAdaptor::textDirection() {
   return QStringLiteral("ltr");
 }
@@ -71,16 +75,15 @@ QList<int> StatusMenuAdaptor::EventGroup(const QList<orvane::MenuEvent>& events)
 
 bool StatusMenuAdaptor::handleEvent(int id, const QString& type) {
   if (!menu_.properties(id, {})) return false;
-  if (type == QLatin1String("opened")) refreshChecks();
-  if (type == QLatin1String("clicked")) {
-    menu_.activate(id);
-    refreshChecks();
-  }
+  if (type == QLatin1String("opened")) isOpen_ = true;
+  if (type == QLatin1String("closed")) isOpen_ = false;
+  if (type == QLatin1String("clicked")) menu_.activate(id);
+  refresh();
   return true;
 }
 
 bool StatusMenuAdaptor::AboutToShow(int id) {
-  return id == StatusMenu::rootId && refreshChecks();
+  return id == StatusMenu::rootId && refresh();
 }
 
 QList<int> StatusMenuAdaptor::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
@@ -92,11 +95,11 @@ QList<int> StatusMenuAdaptor::AboutToShowGroup(const QList<int>& ids, QList<int>
   return updated;
 }
 
-bool StatusMenuAdaptor::refreshChecks() {
-  const QList<int> changed = menu_.refreshChecks();
+bool StatusMenuAdaptor::refresh() {
+  const QList<int> changed = menu_.refresh();
   if (changed.isEmpty()) return false;
   ++revision_;
-  Q_EMIT ItemsPropertiesUpdated(GetGroupProperties(changed, {QStringLiteral("toggle-state")}), {});
+  Q_EMIT ItemsPropertiesUpdated(GetGroupProperties(changed, {}), {});
   return true;
 }
 

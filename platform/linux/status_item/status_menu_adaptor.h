@@ -25,6 +25,8 @@ class StatusMenuAdaptor : public QDBusAbstractAdaptor {
   explicit StatusMenuAdaptor(BusExport* exported);
 
   void setEntries(std::vector<StatusMenuEntry> entries);
+  /// Brings an open menu up to date.
+  void refreshOpen();
 
   [[nodiscard]] static uint version() { return 3; }
   [[nodiscard]] static QString textDirection();
@@ -50,14 +52,15 @@ class StatusMenuAdaptor : public QDBusAbstractAdaptor {
 
  private:
   bool handleEvent(int id, const QString& type);
-  /// Brings the check marks up to date and tells the panel; false when nothing changed.
-  bool refreshChecks();
+  /// Brings check marks and figures up to date and tells the panel; false when nothing changed.
+  bool refresh();
 
   void refuse(const QString& text) const;
 
   BusExport& exported_;
   StatusMenu menu_;
   uint revision_ = 1;
+  bool isOpen_ = false;
 };
 
 }  // namespace orvane
