@@ -1,6 +1,8 @@
 #include "core/utf8.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <utility>
 
 namespace orvane {
@@ -73,6 +75,18 @@ bool isDirectionMark(char32_t point) {
          point == 0xFEFF;
 }
 
+/// Takes room or joins others, but shows nothing by itself.
+bool isInvisible(char32_t point) {
+  constexpr std::pair<char32_t, char32_t> ranges[] = {
+      {0xA0, 0xA0},     {0xAD, 0xAD},     {0x34F, 0x34F},   {0x115F, 0x1160},
+      {0x1680, 0x1680}, {0x17B4, 0x17B5}, {0x180B, 0x180F}, {0x2000, 0x200F},
+      {0x202F, 0x202F}, {0x205F, 0x206F}, {0x2800, 0x2800}, {0x3000, 0x3000},
+      {0x3164, 0x3164}, {0xFE00, 0xFE0F}, {0xFFA0, 0xFFA0}, {0xE0000, 0xE0FFF}};
+  return std::any_of(std::begin(ranges), std::end(ranges), [&](const auto& range) {
+    return point >= range.first && point <= range.second;
+  });
+}
+
 /// Takes characters one by one and keeps those that a line may have.
 class LineBuilder {
  public:
@@ -85,12 +99,14 @@ class LineBuilder {
     } else if (!isDirectionMark(point)) {
       addGap();
       add(character);
+      isBlank_ = isBlank_ && isInvisible(point);
     }
   }
 
   [[nodiscard]] bool isFull() const { return length_ > longestLine; }
 
   [[nodiscard]] std::string finish() {
+    if (isBlank_) return {};
     if (isFull()) {
       text_.resize(lastThatFits_);
       text_.resize(text_.find_last_not_of(' ') + 1);
@@ -118,6 +134,7 @@ class LineBuilder {
   std::size_t lastThatFits_ = 0;  // where the text ends that has room for an ellipsis
   std::size_t spaces_ = 0;        // read, but not in the text yet
   bool breakPending_ = false;
+  bool isBlank_ = true;  // nothing that shows so far
 };
 
 }  // namespace

@@ -74,6 +74,8 @@ TEST(SingleLineText, MakesOneLineOfWhateverANameHolds) {
       {" a \n b\n c ", "a  b c"},  // no third space
       {" \n a\t ", "a"},           // none at the ends
       {"\x01\x02 \x03", ""},
+      {"\xE2\x80\x8B\xC2\xA0\xE2\x81\xA0\xE3\x85\xA4", ""},  // nothing that shows
+      {"\xE2\x80\x8B!\xC2\xA0", "\xE2\x80\x8B!\xC2\xA0"},
       {"a\n\xE2\x80\x8F\nb", "a b"}};
   for (const auto& [bytes, text] : cases) EXPECT_EQ(singleLineText(bytes), text);
   // What stands for a code point: controls and breaks are spaces, marks of direction nothing.
