@@ -117,12 +117,15 @@ TEST_F(DesktopEntriesTest, PassesOverWhatOnlyLooksLikeAFile) {
   own_.write("huge.desktop",
              application + "Name=Huge\nExec=ls\n" + std::string(std::size_t{1} << 20U, '#'));
   own_.write("good.desktop", application + "Name=Good\nExec=ls\n");
+  fs::create_directory_symlink(own_.path(), own_.path("link"));
   ASSERT_TRUE(endsDespite(pipe, [this] { EXPECT_TRUE(entries_.refresh()); }));
   for (const char* id : {"pipe", "folder.desktop", "device", "circle", "empty", "huge"}) {
     EXPECT_FALSE(entries_.byId(id)) << id;
   }
   EXPECT_TRUE(entries_.byId("good"));
   EXPECT_TRUE(entries_.byId("folder.desktop-inner"));
+  EXPECT_TRUE(entries_.byId("link-good"));
+  EXPECT_FALSE(entries_.byId("link-folder.desktop-inner")) << "a link may lead to everything";
   EXPECT_FALSE(entries_.refresh());
 }
 

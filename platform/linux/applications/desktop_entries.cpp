@@ -287,8 +287,13 @@ void DesktopEntries::readDirectory(const std::string& directory, std::set<std::s
     const std::string path = file->path().string();
     std::error_code unknown;
     if (file->is_directory(unknown)) {
-      if (file.depth() > 4) file.disable_recursion_pending();
-      folders_.push_back({path, modificationTime(path)});
+      // A link may lead to the whole file system.
+      const bool isBelowLink = file.depth() > 0 && fs::is_symlink(file->path().parent_path());
+      if (file.depth() > 4 || isBelowLink) {
+        file.disable_recursion_pending();
+      } else {
+        folders_.push_back({path, modificationTime(path)});
+      }
     } else if (path.ends_with(fileEnding)) {
       const std::string id = idOf(path.substr(directory.size() + 1));
       if (!ids.insert(id).second) continue;
