@@ -80,11 +80,16 @@ void LinuxApplications::group() {
   std::vector<GroupedProcess> processes;
   processes.reserve(all.size());
   for (const auto& candidate : all) processes.push_back(groupedProcess(candidate));
+  std::map<std::uint64_t, ReadingState> readings;
+  for (const auto& application : applications_) {
+    readings.emplace(application.rootSerial, application.readings);
+  }
   applications_.clear();
   for (const auto& candidate : all) candidate.process->leads = false;
   for (const auto& group : groupApplications(processes)) {
     all[group.leader].process->leads = true;
     applications_.push_back(makeApplication(all, group));
+    applications_.back().readings = readings[applications_.back().rootSerial];
   }
   findFamilies();
   keepLeaders();
@@ -154,6 +159,7 @@ LinuxApplications::Application LinuxApplications::makeApplication(
   const DesktopEntry* entry = root.entry ? root.entry.get() : leader.entry.get();
   Application application;
   application.leader = leader.process;
+  application.rootSerial = root.process->serial;
   addMembers(application, candidates, group);
   const bool visible = (entry != nullptr && entry->visible) ||
                        std::any_of(group.members.begin(), group.members.end(),
@@ -219,7 +225,7 @@ void LinuxApplications::keepLeaders() {
   std::map<std::int32_t, KnownLeader> leaders;
   for (auto& application : applications_) {
     const Process& leader = *application.leader;
-    KnownLeader kept{.serial = leader.serial, .handle = nullptr, .readings = {}};
+    KnownLeader kept{.serial = leader.serial, .handle = nullptr};
     const auto known = leaders_.find(leader.pid);
     if (known != leaders_.end() && known->second.serial == leader.serial) kept = known->second;
     if (!kept.handle) {
@@ -256,8 +262,7 @@ void LinuxApplications::tellNamesakesApart() {
 void LinuxApplications::measure() {
   memoryShifted_ = false;
   for (auto& application : applications_) {
-    ReadingState& readings = leaders_.at(application.leader->pid).readings;
-    const std::uint64_t figure = currentFigure(application.members, readings);
+    const std::uint64_t figure = currentFigure(application.members, application.readings);
     int threads = 0;
     for (const auto& member : application.members) threads += member.process->threads;
     application.record.figures = {.virtualSize = application.leader->virtualSize,
@@ -275,10 +280,10 @@ void LinuxApplications::readSizes() {
   if (sizes_.isReading()) return;
   std::vector<ReadingCandidate> candidates;
   candidates.reserve(applications_.size());
-  for (const auto& application : applications_) {
+  for (auto& application : applications_) {
     candidates.push_back({.members = application.members,
                           .figure = *application.record.figures.residentSize,
-                          .state = &leaders_.at(application.leader->pid).readings});
+                          .state = &application.readings});
   }
   const auto now = std::chrono::steady_clock::now();
   sizes_.read(nextReadings(candidates, ReadingPace::of(isWatched_ && isWatched_()), now), now);

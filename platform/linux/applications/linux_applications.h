@@ -57,6 +57,8 @@ class LinuxApplications : public RunningApplications {
     std::string entryId;
     const Process* leader = nullptr;
     std::vector<ApplicationMember> members;
+    std::uint64_t rootSerial = 0;  ///< of the process it began with, as in Process
+    ReadingState readings;
     std::optional<std::uint64_t> groupedFigure;  ///< bytes when its leader was chosen
   };
   /// A process' own evidence together with its window's.
@@ -71,7 +73,6 @@ class LinuxApplications : public RunningApplications {
   struct KnownLeader {
     std::uint64_t serial = 0;  ///< of the process
     std::shared_ptr<const ProcessHandle> handle;
-    ReadingState readings;
   };
 
   bool gatherEvidence();
