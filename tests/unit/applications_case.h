@@ -59,9 +59,12 @@ class LinuxApplicationsTest : public testing::Test {
     return application ? std::optional(application->figures) : std::nullopt;
   }
 
+  /// The application of this name whose leader runs one of the test's own programs: other runs of
+  /// the tests may have namesakes.
   std::optional<RunningApplication> named(const std::string& name) {
     for (auto& application : applications_.runningApplications()) {
-      if (application.localizedName == name) return application;
+      const bool isOwn = application.executablePath.starts_with(folder_.string());
+      if (isOwn && application.localizedName == name) return application;
     }
     return {};
   }

@@ -114,16 +114,17 @@ TEST_F(LinuxApplicationsTest, ATreeIsOneApplicationThatEndsWithItsLeader) {
 
 TEST_F(LinuxApplicationsTest, NamesakesAreToldApart) {
   const auto program = addProgram("twin");
-  addEntry("twin", program);
+  const std::string name = "Twin of " + folder_.filename().string();
+  addEntry("twin", program, "Name=" + name + '\n');
   const ChildProcess first({program, "600"});
-  ASSERT_TRUE(awaitLeader("The twin", "twin"));
+  ASSERT_TRUE(awaitLeader(name, "twin"));
   EXPECT_EQ(ledBy(first.pid())->distinction, "");
   const ChildProcess second({program, "601"});
   ASSERT_TRUE(eventually([&] { return ledBy(second.pid()).has_value(); }));
   EXPECT_EQ(ledBy(first.pid())->distinction, "twin 600");
   EXPECT_EQ(ledBy(second.pid())->distinction, "twin 601");
   const auto other = addProgram("other-twin");
-  addEntry("other-twin", other, "Name=The twin\n");
+  addEntry("other-twin", other, "Name=" + name + '\n');
   const ChildProcess third({other, "600"});
   ASSERT_TRUE(eventually([&] { return ledBy(third.pid()).has_value(); }));
   EXPECT_EQ(ledBy(third.pid())->distinction, "other-twin");
