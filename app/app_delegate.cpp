@@ -20,13 +20,28 @@ AppDelegate::~AppDelegate() {
   services_.model.notifications.setDelegate(nullptr);
 }
 
-void AppDelegate::applicationDidFinishLaunching() {
+void AppDelegate::applicationDidFinishLaunching(StartWish wish) {
   services_.application.setActivationPolicy(ActivationPolicy::accessory);
   services_.model.preferences.setBoolean(quitKeepsWindowsKey, false);
   requestNotificationPermission();
   setupStatusItem();
-  showMainWindowAtLaunch();
+  if (wish != StartWish::hidden) showMainWindowAtLaunch();
   observeBoost();
+  if (wish != StartWish::plain) fulfil(wish);
+}
+
+void AppDelegate::fulfil(StartWish wish) {
+  switch (wish) {
+    case StartWish::plain:
+    case StartWish::showWindow:
+      return showMainWindow();
+    case StartWish::showPopover:
+      return showDetails();
+    case StartWish::quit:
+      return quitApp();
+    case StartWish::hidden:
+      return;
+  }
 }
 
 void AppDelegate::requestNotificationPermission() {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/application.h"
+#include "app/command_line.h"
 #include "app/status_icon.h"
 #include "app/windows_module.h"
 #include "core/memory_manager.h"
@@ -51,8 +52,11 @@ class AppDelegate : public NotificationDelegate,
   AppDelegate& operator=(const AppDelegate&) = delete;
   ~AppDelegate() override;
 
-  /// The launch sequence, once.
-  void applicationDidFinishLaunching();
+  /// The launch sequence, once. Hidden, it opens no window; with any other wish, that comes last.
+  void applicationDidFinishLaunching(StartWish wish = StartWish::plain);
+
+  /// What a further start of the program wishes; a plain one wants to see the window.
+  void fulfil(StartWish wish);
 
   void updateStatusTitle();
   /// Draws the bolt or the normal icon anew.

@@ -1,8 +1,14 @@
 #include <malloc.h>
 
 #include <QtGui/QGuiApplication>
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <variant>
 
+#include "app/command_line.h"
 #include "app/memory_monitor_app.h"
+#include "platform/linux/desktop/display_guard.h"
 #include "platform/linux/desktop/single_instance.h"
 
 namespace {
@@ -24,15 +30,38 @@ void prepareToolkit() {
   QGuiApplication::setDesktopFileName(QStringLiteral("orvane"));
 }
 
-}  // namespace
+int answer(const orvane::CommandLineAnswer& answer) {
+  std::fputs(answer.text.c_str(), answer.status == 0 ? stdout : stderr);
+  return answer.status;
+}
 
-int main(int /*argc*/, char** argv) {
-  orvane::SingleInstance instance(orvane::desktopSessionName());
-  if (instance.handOver()) return 0;
+int run(orvane::SingleInstance& instance, orvane::StartWish wish, char** argv) {
   tuneAllocator();
   prepareToolkit();
-  int count = 1;  // the command line is not ours to read, only the program's name
+  int count = 1;  // the options are not the toolkit's
+  std::optional<orvane::DisplayGuard> guard(std::in_place);
   const QGuiApplication application(count, argv);
+  guard.reset();
   orvane::MemoryMonitorApp app(instance);
-  return app.run();
+  return app.run(wish);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using orvane::SingleInstance;
+  const auto asked = orvane::parseCommandLine({argv + std::min(argc, 1), argv + argc});
+  if (const auto* text = std::get_if<orvane::CommandLineAnswer>(&asked)) return answer(*text);
+  const auto wish = std::get<orvane::StartWish>(asked);
+  SingleInstance instance(orvane::desktopSessionName());
+  switch (instance.handOver(static_cast<char>(wish))) {
+    case SingleInstance::Outcome::accepted:
+      return 0;
+    case SingleInstance::Outcome::silent:
+      return answer({instance.problem() + "\n", 1});
+    case SingleInstance::Outcome::first:
+      break;
+  }
+  if (wish == orvane::StartWish::quit) return answer({"orvane: it doesn't run\n", 1});
+  return run(instance, wish, argv);
 }

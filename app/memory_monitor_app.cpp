@@ -106,7 +106,7 @@ struct MemoryMonitorApp::Services {
 MemoryMonitorApp::Services::Services(SingleInstance& instance)
     : delegate(AppDelegate::create(forDelegate())),
       terminationSignals([this] { delegate->quitApp(); }) {
-  instance.listen([this] { delegate->showMainWindow(); });
+  instance.listen([this](char wish) { delegate->fulfil(static_cast<StartWish>(wish)); });
 }
 
 AppServices MemoryMonitorApp::Services::forDelegate() {
@@ -145,9 +145,9 @@ MemoryMonitorApp::MemoryMonitorApp(SingleInstance& instance)
 
 MemoryMonitorApp::~MemoryMonitorApp() = default;
 
-int MemoryMonitorApp::run() {
+int MemoryMonitorApp::run(StartWish wish) {
   services_->bus.start();
-  services_->delegate->applicationDidFinishLaunching();
+  services_->delegate->applicationDidFinishLaunching(wish);
   return QCoreApplication::exec();
 }
 

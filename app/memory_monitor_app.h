@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "app/command_line.h"
+
 namespace orvane {
 
 class SingleInstance;
@@ -16,7 +18,7 @@ class MemoryMonitorApp {
   ~MemoryMonitorApp();
 
   /// Launches and runs until the program is asked to end; the process's exit status.
-  [[nodiscard]] int run();
+  [[nodiscard]] int run(StartWish wish);
 
  private:
   struct Services;

@@ -22,7 +22,7 @@ using fakes::RecordingApplication;
 
 class AppDelegateTest : public testing::Test {
  protected:
-  void launch() {
+  void launch(StartWish wish = StartWish::plain) {
     delegate_ = AppDelegate::create({.model = fakes_.services(),
                                      .application = application_,
                                      .statusBar = statusBar_,
@@ -31,7 +31,7 @@ class AppDelegateTest : public testing::Test {
                                      .loadWindows = windows_.loader(),
                                      .icons = icons_,
                                      .supportAddress = supportAddress_});
-    delegate_->applicationDidFinishLaunching();
+    delegate_->applicationDidFinishLaunching(wish);
   }
 
   [[nodiscard]] int shownIcon() const {
@@ -72,6 +72,27 @@ TEST_F(AppDelegateTest, LaunchShowsTheMainWindowFirstAndThenOnlyIfItWasOpen) {
   launch();
   EXPECT_THAT(journal_, ElementsAre("accessory"));
   EXPECT_FALSE(delegate_->isMainWindowVisible());
+}
+
+TEST_F(AppDelegateTest, AStartIsForWhatItsOptionSays) {
+  launch(StartWish::hidden);
+  EXPECT_THAT(journal_, ElementsAre("accessory"));
+  EXPECT_THAT(fakes_.preferences.writes, ElementsAre("NSQuitAlwaysKeepsWindows=false"))
+      << "the first launch is still to come";
+  delegate_->fulfil(StartWish::hidden);
+  delegate_->fulfil(StartWish::showPopover);
+  EXPECT_TRUE(windows_.windows->isPopoverShown());
+  EXPECT_FALSE(delegate_->isMainWindowVisible());
+  for (const StartWish wish : {StartWish::plain, StartWish::showWindow}) {
+    delegate_->hideMainWindow();
+    delegate_->fulfil(wish);
+    EXPECT_TRUE(delegate_->isMainWindowVisible());
+  }
+  delegate_->fulfil(StartWish::quit);
+  EXPECT_EQ(journal_.back(), "terminate");
+  fakes_.preferences.booleans["mainWindowVisible"] = false;
+  launch(StartWish::showWindow);
+  EXPECT_TRUE(delegate_->isMainWindowVisible());
 }
 
 TEST_F(AppDelegateTest, AsksForNotifications) {

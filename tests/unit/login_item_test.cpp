@@ -28,7 +28,8 @@ TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
     ASSERT_TRUE(g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, nullptr)) << name;
     EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(program + ".started"); })) << name;
   }
-  EXPECT_NE(autostartEntry("/p%f").find("Exec=\"/p%%f\"\n"), std::string::npos) << "no field code";
+  EXPECT_NE(autostartEntry("/p%f").find("TryExec=/p%f\nExec=\"/p%%f\"\n"), std::string::npos)
+      << "no field code, and no start of a program that is gone";
 }
 
 TEST(LoginItem, theEntryIsReplacedWholeAlsoThroughASymbolicLink) {

@@ -30,7 +30,8 @@ class Orvane:
     """One run of the program, with files of its own."""
 
     def __init__(self, desktop, program, session=None, first_launch=False, meminfo_file=None,
-                 read_only=None, accessible=True, environment=None, errors=None, home=None):
+                 read_only=None, accessible=True, environment=None, errors=None, home=None,
+                 options=()):
         """For the program alone `meminfo_file` takes the place of /proc/meminfo, and the folder
         `read_only`, a path below its home, can't be written. Standard error goes to `errors`.
         `home` is that of an earlier run, whose files this one finds."""
@@ -46,7 +47,9 @@ class Orvane:
             folder = str(self.home / read_only)
             os.makedirs(folder)
             mounts += [["--bind", folder, folder], ["-o", "remount,bind,ro", folder]]
-        command = in_mount_namespace(mounts, [str(program)]) if mounts else [str(program)]
+        command = [str(program), *options]
+        if mounts:
+            command = in_mount_namespace(mounts, command)
         own = self._environment(accessible) | (environment or {})
         with open(self._output, "ab") as output:
             self.process = desktop.start_program(command, environment=own, stdout=output,

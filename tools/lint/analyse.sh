@@ -9,5 +9,8 @@ say() { printf '== lint: %s\n' "$*"; }
 say "QML"
 cmake --build "$build" --target all_qmllint
 
+say "man page"
+/usr/bin/python3 tools/lint/check_man_page.py "$build/orvane" packaging/orvane.1
+
 say "static analysis"
 tools/lint/tidy.sh "$build"

@@ -45,8 +45,8 @@ std::string autostartEntry(const std::string& program) {
          "Comment=Memory usage in the panel\n"
          "Icon=orvane\n"
          "Terminal=false\n"
-         "Exec=" +
-         escapedValue(quotedArgument(program)) + "\n";
+         "TryExec=" +
+         escapedValue(program) + "\nExec=" + escapedValue(quotedArgument(program)) + "\n";
 }
 
 LinuxLoginItem::LinuxLoginItem(std::string program, std::string directory)

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/linux/bus/activation_token.h"
+
 namespace orvane {
 
 StatusNotifierAdaptor::StatusNotifierAdaptor(BusExport* exported, const QString& menuPath)
@@ -73,8 +75,7 @@ void StatusNotifierAdaptor::ContextMenu(int x, int y) {
 void StatusNotifierAdaptor::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
 void StatusNotifierAdaptor::ProvideXdgActivationToken(const QString& token) {
-  // Where the toolkit looks for the right to take the focus, when the next window is shown.
-  qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+  keepActivationToken(token.toUtf8());
 }
 
 }  // namespace orvane
