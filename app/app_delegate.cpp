@@ -134,10 +134,10 @@ void AppDelegate::updateStatusIcon(bool boosting) {
   if (boosting || !icon.empty()) statusItem_->setIcon(std::move(icon));
 }
 
-std::vector<StatusMenuEntry> AppDelegate::menuEntries() {
-  using Kind = StatusMenuEntry::Kind;
+std::vector<StatusItemMenuEntry> AppDelegate::menuEntries() {
+  using Kind = StatusItemMenuEntry::Kind;
   const auto weak = weak_from_this();
-  const StatusMenuEntry divider{.kind = Kind::divider};
+  const StatusItemMenuEntry divider{.kind = Kind::divider};
   const auto toggle = [weak](const char* label, auto isOn, auto set) {
     const auto checked = [weak, isOn] {
       const auto self = weak.lock();
@@ -146,14 +146,14 @@ std::vector<StatusMenuEntry> AppDelegate::menuEntries() {
     const auto flip = [weak, isOn, set] {
       if (const auto self = weak.lock()) std::invoke(set, *self, !std::invoke(isOn, *self));
     };
-    return StatusMenuEntry{
+    return StatusItemMenuEntry{
         .kind = Kind::toggle, .label = label, .isChecked = checked, .activate = flip};
   };
   const auto action = [weak](const char* label, auto operation) {
     const auto perform = [weak, operation] {
       if (const auto self = weak.lock()) std::invoke(operation, *self);
     };
-    return StatusMenuEntry{.kind = Kind::action, .label = label, .activate = perform};
+    return StatusItemMenuEntry{.kind = Kind::action, .label = label, .activate = perform};
   };
   const auto figure = [weak] {
     const auto self = weak.lock();
@@ -240,7 +240,7 @@ void AppDelegate::windowDidBecomeKey(WindowKind window) {
 void AppDelegate::boostMemoryFromMenu() {
   updateStatusIcon(true);
   memoryManager_->boostMemory();
-  // Without a sample the model starts no boost, and nothing would ever take the bolt away.
+  // Without a sample the model starts no boost, so no "BoostCompleted" would take the bolt away.
   if (!memoryManager_->isProcessing()) updateStatusIcon(false);
 }
 

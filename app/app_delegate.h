@@ -101,7 +101,7 @@ class AppDelegate : public NotificationDelegate,
   void redrawNumber(int percent);
   [[nodiscard]] std::vector<IconPixmap> restingIcon() const;
   [[nodiscard]] bool preference(const char* key) const;
-  [[nodiscard]] std::vector<StatusMenuEntry> menuEntries();
+  [[nodiscard]] std::vector<StatusItemMenuEntry> menuEntries();
   /// The windows, loaded by now; null when they can't be had.
   [[nodiscard]] Windows* windows();
 

@@ -9,12 +9,12 @@ namespace orvane {
 
 LoadedWindows loadWindows(const std::vector<std::string>& folders, const WindowSettings& settings,
                           Shell& shell, const std::shared_ptr<MemoryManager>& manager) {
-  keepToolkitOffSilentBus();
+  keepQtOffSilentBus();
   LoadedWindows made;
   QString problem;
   for (const std::string& folder : folders) {
     QLibrary module(QString::fromStdString(folder + '/' + windowsModuleFile));
-    // Its types stay registered with the toolkit for good.
+    // Qt keeps the module's types registered for good.
     module.setLoadHints(QLibrary::PreventUnloadHint);
     if (const auto make = reinterpret_cast<MakeWindows>(module.resolve(makeWindowsName))) {
       make(made, settings, shell, manager);

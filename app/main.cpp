@@ -13,16 +13,16 @@
 
 namespace {
 
-/// A second arena would cost each of our few threads memory and gain nothing; what is freed goes
-/// back to the kernel early.
+/// One malloc arena serves every thread, and freed memory goes back to the kernel early.
 void tuneAllocator() {
   ::mallopt(M_ARENA_MAX, 1);
   ::mallopt(M_TRIM_THRESHOLD, 64 * 1024);
   ::mallopt(M_MMAP_THRESHOLD, 64 * 1024);
 }
 
-void prepareToolkit() {
-  // The program keeps nothing that a session manager could save, and starts at login by itself.
+void prepareQt() {
+  // Without SESSION_MANAGER Qt doesn't connect to the session manager, which has nothing to save
+  // here.
   qunsetenv("SESSION_MANAGER");
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setApplicationName(QStringLiteral("orvane"));
@@ -37,8 +37,8 @@ int answer(const orvane::CommandLineAnswer& answer) {
 
 int run(orvane::SingleInstance& instance, orvane::StartWish wish, char** argv) {
   tuneAllocator();
-  prepareToolkit();
-  int count = 1;  // the options are not the toolkit's
+  prepareQt();
+  int count = 1;  // the options are not Qt's
   std::optional<orvane::DisplayGuard> guard(std::in_place);
   const QGuiApplication application(count, argv);
   guard.reset();

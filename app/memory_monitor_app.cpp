@@ -35,8 +35,7 @@ namespace {
 
 class QtApplication : public Application {
  public:
-  /// An accessory program is one without an ordinary window: the windows' own flags keep the
-  /// popover out of the taskbar, so the policy has nothing left to do here.
+  /// Does nothing: each window's own flags say whether taskbars list it.
   void setActivationPolicy(ActivationPolicy /*policy*/) override {}
 
   void activate() override {
@@ -46,8 +45,8 @@ class QtApplication : public Application {
     }
   }
 
-  /// Not quit(): that asks every window to close first, and the main window answers by hiding,
-  /// which would keep the program running and forget that the window was open.
+  /// Not QCoreApplication::quit(): it closes every window first, and a closed main window only
+  /// hides and is stored as not visible.
   void terminate() override { QCoreApplication::exit(0); }
 };
 

@@ -33,8 +33,8 @@ IconPixmap pixmapOf(const QImage& image) {
 
 using Drawing = std::function<void(QPainter&, int size)>;
 
-/// Draws in bands so low that the toolkit fills each by itself: whole shapes it hands to a pool of
-/// threads, which costs more than the drawing.
+/// Draws in low bands: QPainter hands larger shapes to a pool of threads, which costs more than the
+/// drawing.
 void drawInBands(QImage& image, const Drawing& draw) {
   constexpr int bandHeight = 8;
   for (int y = 0; y < image.height(); y += bandHeight) {

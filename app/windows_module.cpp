@@ -1,4 +1,4 @@
-// The one door into the module of the windows.
+// The one function that the module of the windows exports.
 #include "app/windows_module.h"
 
 #include <QtGui/QGuiApplication>
@@ -24,7 +24,8 @@ class DesktopWindows : public WindowController {
                           .blendsTranslucentWindows = blendsTranslucentWindows},
                          settings.facts),
         appearance_(settings.appearance) {
-    // On desktops the toolkit doesn't know it finds hardly an application's icon by itself.
+    // On desktops that Qt doesn't know its icon theme is hicolor, which has few applications'
+    // icons.
     if (QIcon::themeName() == QLatin1String("hicolor"))
       QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/orvane/icons/orvane.svg")));

@@ -7,8 +7,8 @@ namespace orvane {
 
 enum class ColorScheme { light, dark };
 
-/// The desktop's preference for light or dark colours.
-/// Threads: main thread only. Nothing blocks: the answer may arrive later through the observer.
+/// The desktop's preference for light or dark colours. Threads: main thread only. Nothing blocks:
+/// the answer may come later, through the handler.
 class Appearance {
  public:
   virtual ~Appearance() = default;

@@ -25,7 +25,7 @@ struct ScreenPoint {
 };
 
 /// One entry of the item's menu.
-struct StatusMenuEntry {
+struct StatusItemMenuEntry {
   enum class Kind { action, toggle, divider, figure };
 
   Kind kind = Kind::action;
@@ -54,7 +54,7 @@ class StatusBarItem {
   virtual void setAction(std::function<void(ScreenPoint)> action) = 0;
 
   /// Right click.
-  virtual void setMenu(std::vector<StatusMenuEntry> entries) = 0;
+  virtual void setMenu(std::vector<StatusItemMenuEntry> entries) = 0;
 
   /// Asks the entries anew what they show, if the menu is open.
   virtual void refreshMenu() = 0;

@@ -58,8 +58,8 @@ WindowController& PreviewStage::windows() {
   shell_.onBoost = [this] { startBoost(); };
   windows_ = std::make_unique<WindowController>(
       shell_, manager(),
-      WindowSystem{.readFile = readFile,
-                   .blendsTranslucentWindows = [this] { return roundWindows_; }},
+      DesktopFunctions{.readFile = readFile,
+                       .blendsTranslucentWindows = [this] { return roundWindows_; }},
       ProductFacts{.version = "0.1.0", .builtOn = "Qt 6 and GLib"});
   windows_->setColorScheme(scheme_);
   return *windows_;

@@ -18,7 +18,7 @@ class FakeStatusBar : public StatusBar {
     std::vector<IconPixmap> icon;
     std::string toolTip;
     std::function<void(ScreenPoint)> action;
-    std::vector<StatusMenuEntry> menu;
+    std::vector<StatusItemMenuEntry> menu;
     std::function<void()> hostChanged;
     bool drawsLabel = false;
     int iconCount = 0;
@@ -43,7 +43,7 @@ class FakeStatusBar : public StatusBar {
     void setAction(std::function<void(ScreenPoint)> action) override {
       state_->action = std::move(action);
     }
-    void setMenu(std::vector<StatusMenuEntry> entries) override {
+    void setMenu(std::vector<StatusItemMenuEntry> entries) override {
       state_->menu = std::move(entries);
     }
     void refreshMenu() override {}

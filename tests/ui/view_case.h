@@ -36,8 +36,9 @@ class ViewCase : public testing::Test {
   }
   void createWindows() {
     manager_ = MemoryManager::create(services_.services());
-    windows_ = std::make_unique<WindowController>(
-        shell_, manager_, WindowSystem{.readFile = readRegularFile}, ProductFacts{"1.4.2", "Qt"});
+    windows_ = std::make_unique<WindowController>(shell_, manager_,
+                                                  DesktopFunctions{.readFile = readRegularFile},
+                                                  ProductFacts{"1.4.2", "Qt"});
     windows_->setColorScheme(ColorScheme::light);
   }
   void createMainWindow() {

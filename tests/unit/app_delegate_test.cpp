@@ -37,8 +37,8 @@ class AppDelegateTest : public testing::Test {
   [[nodiscard]] int shownIcon() const {
     return statusBar_.state->icon.empty() ? 0 : statusBar_.state->icon.front().width;
   }
-  [[nodiscard]] const StatusMenuEntry& menuEntry(const std::string& label) const {
-    for (const StatusMenuEntry& entry : statusBar_.state->menu) {
+  [[nodiscard]] const StatusItemMenuEntry& menuEntry(const std::string& label) const {
+    for (const StatusItemMenuEntry& entry : statusBar_.state->menu) {
       if (entry.label == label) return entry;
     }
     throw std::out_of_range(label);
@@ -232,7 +232,7 @@ TEST_F(AppDelegateTest, NothingHappensOnceTheDelegateIsGone) {
   delegate_.reset();
   EXPECT_EQ(fakes_.notifications.delegate, nullptr);
   journal_.clear();
-  for (const StatusMenuEntry& entry : state->menu) {
+  for (const StatusItemMenuEntry& entry : state->menu) {
     if (entry.activate) entry.activate();
     EXPECT_FALSE(entry.isChecked && entry.isChecked()) << entry.label;
   }

@@ -65,7 +65,7 @@ TEST(SessionBus, waitsForASilentBusWithoutHoldingAnybodyUp) {
   daemon.pause();
   QElapsedTimer clock;
   clock.start();
-  keepToolkitOffSilentBus();
+  keepQtOffSilentBus();
   EXPECT_GE(clock.elapsed(), 250) << "the toolkit was not kept off";
   {
     SessionBus given;

@@ -99,12 +99,13 @@ class StatusItemTest : public testing::Test {
     item_->setTitle(" 57%");
     item_->setIcon({{.width = 1, .height = 2, .pixels = {0x80112233, 0xff445566}}});
     item_->setToolTip("Orvane", "Memory usage: 57%");
-    item_->setMenu({{.kind = StatusMenuEntry::Kind::toggle,
-                     .label = "Show_Window",
-                     .isChecked = [this] { return checked_; },
-                     .activate = [this] { checked_ = !checked_; }},
-                    {.kind = StatusMenuEntry::Kind::divider},
-                    {.kind = StatusMenuEntry::Kind::figure, .text = [this] { return figure_; }}});
+    item_->setMenu(
+        {{.kind = StatusItemMenuEntry::Kind::toggle,
+          .label = "Show_Window",
+          .isChecked = [this] { return checked_; },
+          .activate = [this] { checked_ = !checked_; }},
+         {.kind = StatusItemMenuEntry::Kind::divider},
+         {.kind = StatusItemMenuEntry::Kind::figure, .text = [this] { return figure_; }}});
   }
 
   std::unique_ptr<FakePanel> startPanel() {

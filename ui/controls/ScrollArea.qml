@@ -8,7 +8,7 @@ Flickable {
 
     /// How far down `contentY` may go.
     readonly property real furthest: Math.max(0, contentHeight - height)
-    property real glided: 0  ///< `contentY` while it glides, between device pixels too
+    property real glidingY: 0  ///< `contentY` while it glides, between device pixels too
 
     /// Scrolls, gently, until the content's point `y` lies on the bottom edge.
     function scrollToBottom(y) {
@@ -53,7 +53,7 @@ Flickable {
     interactive: false
     clip: true
     boundsBehavior: Flickable.StopAtBounds
-    onGlidedChanged: contentY = onPixel(glided)
+    onGlidingYChanged: contentY = onPixel(glidingY)
     onContentYChanged: indicator.show()
     onContentHeightChanged: if (contentY > furthest)
         contentY = furthest
@@ -99,7 +99,7 @@ Flickable {
         id: glide
 
         target: root
-        property: "glided"
+        property: "glidingY"
         duration: 300
         easing.type: Easing.BezierSpline
         easing.bezierCurve: Motion.easeInOut

@@ -1,8 +1,8 @@
 import QtQuick
 import Orvane
 
-/// Where in a scrolling area one is: shows while it moves or the pointer is at its place, and can
-/// be dragged.
+/// The scroll bar of a ScrollArea: shows while the area scrolls or the pointer is on it, and can be
+/// dragged.
 Item {
     id: root
 
@@ -12,7 +12,7 @@ Item {
 
     function show() {
         if (wanted)
-            rest.restart();
+            recent.restart();
     }
 
     anchors.right: parent.right
@@ -32,7 +32,7 @@ Item {
         height: Math.max(24, root.height * root.area.visibleArea.heightRatio)
         radius: width / 2
         color: Theme.withOpacity(Theme.label, pointer.pressed ? 0.6 : 0.35)
-        opacity: rest.running || pointer.containsMouse || pointer.pressed ? 1 : 0
+        opacity: recent.running || pointer.containsMouse || pointer.pressed ? 1 : 0
 
         Behavior on opacity {
             NumberAnimation {
@@ -42,7 +42,7 @@ Item {
     }
 
     Timer {
-        id: rest
+        id: recent
 
         interval: 800
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Orvane
 
-/// Plain text in a box that scrolls, by wheel and by key.
+/// Plain text in a box that scrolls by wheel and key.
 FocusScope {
     id: root
 

@@ -33,7 +33,7 @@ QImage themedIcon(const QString& name, QSize size) {
   return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-QImage noPicture() {
+QImage clearPixel() {
   QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   return image;
@@ -62,7 +62,7 @@ QImage IconProvider::requestImage(const QString& id, QSize* size, const QSize& r
                            ? requestedSize
                            : QSize(defaultSide, defaultSide);
   QImage image = isPath(name) ? fileIcon(name, wanted) : themedIcon(name, wanted);
-  if (image.isNull()) image = noPicture();
+  if (image.isNull()) image = clearPixel();
   if (size != nullptr) *size = image.size();
   return image;
 }

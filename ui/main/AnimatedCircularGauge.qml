@@ -72,7 +72,7 @@ Item {
         startRotation: -90
 
         Behavior on to {
-            enabled: onScreen.holds && usageArc.isVisibleWay(targetValue)
+            enabled: onScreen.holds && usageArc.isVisibleChange(targetValue)
 
             Spring {
                 response: 0.6

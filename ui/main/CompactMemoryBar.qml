@@ -72,7 +72,7 @@ Item {
         fillColor: root.color
 
         Behavior on share {
-            enabled: root.isPart && onScreen.holds && bar.isVisibleWay(targetValue)
+            enabled: root.isPart && onScreen.holds && bar.isVisibleChange(targetValue)
 
             Spring {
                 response: 0.5

@@ -1,8 +1,7 @@
 import QtQuick
 import Orvane
 
-/// What the main window shows: two tabs. Transparent: it lies on a MainWindowBackground that may
-/// reach further than the view itself.
+/// The main window's content: two tabs. Its ground is the window's MainWindowBackground.
 FocusScope {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orvane
 
-/// The main window's gradient, for everything the window shows to lie on.
+/// The main window's gradient, behind everything else in it.
 SmoothRectangle {
     gradientColors: [Theme.windowGradientStart, Theme.windowGradientEnd]
     gradientEnd: Qt.point(1, 1)

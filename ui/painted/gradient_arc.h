@@ -34,8 +34,8 @@ class GradientArc : public orvane::PaintedItem {
   void setTo(double value) {
     if (assignStep(to_, value, circumference())) Q_EMIT toChanged();
   }
-  /// Whether it shows when the end goes from where it is to `value`: no use animating less.
-  Q_INVOKABLE [[nodiscard]] bool isVisibleWay(double value) const {
+  /// Whether moving the end to `value` can be seen; a smaller change isn't worth an animation.
+  Q_INVOKABLE [[nodiscard]] bool isVisibleChange(double value) const {
     return isVisibleMove((value - to_) * circumference());
   }
 

@@ -8,14 +8,14 @@ class QPainter;
 
 namespace orvane {
 
-/// An item that paints itself with QPainter, once for each change of its inputs, and is shown as
-/// an image from then on: turning or moving it costs no painting.
+/// An item that paints itself with QPainter, once for each change of its inputs, and is shown as an
+/// image from then on: turning or moving it costs no painting.
 ///
 /// Paints in device pixels, aligned to them, so that edges are crisp at any scale. Set `smooth` on
 /// an item that turns or grows.
 ///
-/// Inputs are properties with MEMBER and NOTIFY changed, which QML alone sets. Subclasses write
-/// this class with its namespace: qmltyperegistrar finds it by that name only.
+/// Inputs are properties with MEMBER and NOTIFY changed, which only QML sets. Subclasses write this
+/// class with its namespace, as qmltyperegistrar needs it.
 class PaintedItem : public QQuickItem {
   Q_OBJECT
   QML_ANONYMOUS
@@ -53,12 +53,12 @@ class PaintedItem : public QQuickItem {
   /// Whether something that moves by `points` looks different on the screen.
   [[nodiscard]] bool isVisibleMove(double points) const;
 
-  /// Follows each `changed`, before whoever else listens to it.
+  /// Called at each `changed`, before other receivers.
   virtual void inputChanged() { repaint(); }
 
-  /// Stores the value of an input that moves in small steps: repaints only once what is seen lies
-  /// visibly off it. A step of 1 moves the drawing by `length` points. Gives whether the value is
-  /// new. The property's signal must not be `changed`, which repaints.
+  /// Stores `value` in an input that is animated, and repaints once the picture is visibly off it.
+  /// A step of 1 moves the drawing by `length` points. True when the value is new. The property's
+  /// signal must not be `changed`, which repaints.
   bool assignStep(double& member, double value, double length);
 
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;

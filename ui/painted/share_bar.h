@@ -24,8 +24,8 @@ class ShareBar : public orvane::PaintedItem {
   void setShare(double value) {
     if (assignStep(share_, value, width())) Q_EMIT shareChanged();
   }
-  /// Whether it shows when the fill goes from where it is to `value`: no use animating less.
-  Q_INVOKABLE [[nodiscard]] bool isVisibleWay(double value) const {
+  /// Whether moving the fill to `value` can be seen; a smaller change isn't worth an animation.
+  Q_INVOKABLE [[nodiscard]] bool isVisibleChange(double value) const {
     return isVisibleMove((value - share_) * width());
   }
 

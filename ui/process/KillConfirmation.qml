@@ -65,7 +65,8 @@ Item {
                         root.dismiss();
                 }
 
-                // It can do nothing with the keys that it gets when it is clicked or another window goes.
+                // The owner, blocked by the question, may get the focus by a click or when another
+                // window closes.
                 function onActiveChanged() {
                     if (loader.owner.active)
                         window.requestActivate();

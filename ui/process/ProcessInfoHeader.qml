@@ -29,7 +29,7 @@ Item {
         Text {
             objectName: "detailsName"
             width: parent.width
-            horizontalAlignment: Text.AlignLeft  // whatever it is written in
+            horizontalAlignment: Text.AlignLeft  // for names written from right to left too
             text: root.record.name
             textFormat: Text.PlainText
             font: Theme.systemFont(15, Font.DemiBold)

@@ -80,7 +80,7 @@ ProcessInfoSection {
             x: 8
             y: 8
             width: root.width - 16
-            horizontalAlignment: TextEdit.AlignLeft  // whatever it is written in
+            horizontalAlignment: TextEdit.AlignLeft  // for names written from right to left too
             text: ProcessText.middleElided(root.record.path, font, width, 2)
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.WrapAnywhere

@@ -60,17 +60,17 @@ ScrollArea {
                 windows: root.windows
                 onChosen: {
                     root.model.selection = record;
-                    sight.row = row;
-                    sight.restart();
+                    revealing.row = row;
+                    revealing.restart();
                 }
                 onMenuRequested: (x, y) => menu.openAt(row, x, y)
             }
         }
     }
 
-    // The SelectionBar that appears in this turn may cover the selected row.
+    // Scrolls in the next turn: the SelectionBar that appears in this one may cover the row.
     Timer {
-        id: sight
+        id: revealing
 
         property ProcessRow row
 

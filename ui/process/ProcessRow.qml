@@ -71,7 +71,7 @@ Item {
         anchors.right: info.left
         anchors.rightMargin: 20
         anchors.verticalCenter: parent.verticalCenter
-        horizontalAlignment: Text.AlignLeft  // whatever it is written in
+        horizontalAlignment: Text.AlignLeft  // for names written from right to left too
         text: root.record.name
         font: Theme.systemFont(13, Font.Medium)
         color: Theme.label

@@ -44,7 +44,7 @@ Item {
         Text {
             objectName: "selectionName"
             width: parent.width
-            horizontalAlignment: Text.AlignLeft  // whatever it is written in
+            horizontalAlignment: Text.AlignLeft  // for names written from right to left too
             text: root.record.name
             textFormat: Text.PlainText
             font: Theme.headline
@@ -56,7 +56,7 @@ Item {
         Text {
             objectName: "selectionLocation"
             width: parent.width
-            horizontalAlignment: Text.AlignLeft  // whatever it is written in
+            horizontalAlignment: Text.AlignLeft  // for names written from right to left too
             text: ProcessText.location(root.record)
             textFormat: Text.PlainText
             font: Theme.caption

@@ -14,9 +14,8 @@ namespace orvane {
 
 /// Moves the selection with Up and Down, whichever of the program's windows has the keyboard.
 ///
-/// Part of the list: active exactly while the item is visible in a window that is on the screen,
-/// whatever becomes of the bindings of a view that is about to go. While active it takes both keys
-/// from every window, also when nothing can be selected. A window with the property
+/// Active exactly while the item is visible in a window that is on the screen. While active it
+/// takes both keys from every window, also when nothing can be selected. A window with the property
 /// `ownsArrowKeys` set, such as an open menu, keeps them: its own choice moves.
 class ProcessKeyNavigation : public QQuickItem {
   Q_OBJECT

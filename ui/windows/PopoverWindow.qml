@@ -21,7 +21,7 @@ Window {
         id: controller
 
         window: root
-        lent: view.menuOpen
+        hasMenuOpen: view.menuOpen
         onDismissed: left => root.windows.dismissPopover(left)
     }
 

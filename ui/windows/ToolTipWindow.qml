@@ -9,7 +9,7 @@ Item {
     required property string text
     required property bool hovered  ///< the pointer is over the item
     required property bool pressed
-    property bool pressedBefore: false  ///< since the pointer came: the text isn't needed any more
+    property bool pressedBefore: false  ///< since the pointer came: it hides the text until the pointer comes again
     readonly property bool wanted: hovered && !pressedBefore
 
     onHoveredChanged: pressedBefore = false

@@ -19,7 +19,7 @@ bool needsGrab() {
   return QGuiApplication::platformName() == QStringLiteral("xcb");
 }
 
-/// A popup that is open keeps its place on Wayland, wherever one would like to move it.
+/// Whether the window can't be moved: on Wayland a popup keeps its place while it is open.
 bool staysPut(const QWindow& popup) {
   return popup.isVisible() && QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
 }
@@ -33,7 +33,8 @@ QRect globalRect(const QQuickItem& item) {
 void PopupController::setWindow(QQuickWindow* window) {
   if (window_ == window) return;
   window_ = window;
-  // Ahead of whoever else takes keys in the whole program.
+  // The application's latest event filter is the first: this one comes before
+  // ProcessKeyNavigation's.
   if (window_) QCoreApplication::instance()->installEventFilter(this);
   watchOwner();
   Q_EMIT windowChanged();
@@ -84,7 +85,7 @@ void PopupController::placeAtStatusItem(QPoint reported) {
   };
   follow();
   connect(window_, &QWindow::heightChanged, this, follow);
-  // Later than the change itself: between two of our own windows the focus is nowhere for a moment.
+  // The check comes later: between two of our own windows no window has the focus for a moment.
   connect(window_, &QWindow::activeChanged, this, [this] { focusCheck_.start(0, this); });
   // The item may be elsewhere now, and the window off the screen.
   const auto close = [this] { Q_EMIT dismissed(false); };
@@ -105,12 +106,12 @@ int PopupController::next(const QList<bool>& choosable, int current, int directi
   return nextChoice(choosable, current, direction);
 }
 
-void PopupController::setLent(bool lent) {
-  if (isLent_ == lent) return;
-  isLent_ = lent;
-  Q_EMIT lentChanged();
-  if (isLent_ || !window_ || !window_->isVisible()) return;
-  // A menu that was closed by its user has the focus still; without it another program took it.
+void PopupController::setHasMenuOpen(bool isOpen) {
+  if (hasMenuOpen_ == isOpen) return;
+  hasMenuOpen_ = isOpen;
+  Q_EMIT hasMenuOpenChanged();
+  if (hasMenuOpen_ || !window_ || !window_->isVisible()) return;
+  // No window of ours has the focus: another program took it, and that closed the menu.
   if (needsGrab() && QGuiApplication::focusWindow() == nullptr) {
     Q_EMIT dismissed(true);
     return;
@@ -124,7 +125,7 @@ void PopupController::checkFocus() {
   if (!window_ || !window_->isVisible()) return;
   if (window_->isActive()) {
     wasActive_ = true;
-  } else if (wasActive_ && !isLent_) {
+  } else if (wasActive_ && !hasMenuOpen_) {
     Q_EMIT dismissed(true);
   }
 }
@@ -154,7 +155,7 @@ bool PopupController::ownerEvent(QEvent& event) {
   }
 }
 
-// The toolkit hands keys on to what is in a window only if the window has the keyboard.
+// QQuickWindow hands keys to its items only while it is the active window.
 bool PopupController::deliverKey(QEvent& event) {
   QQuickItem* item = window_->contentItem();
   while (QQuickItem* inner = item->scopedFocusItem()) item = inner;
@@ -233,7 +234,7 @@ void PopupController::timerEvent(QTimerEvent* event) {
 
 void PopupController::hold() {
   retry_.stop();
-  if (!takesInput_ || isLent_ || !needsGrab() || !window_ || !window_->isExposed()) return;
+  if (!takesInput_ || hasMenuOpen_ || !needsGrab() || !window_ || !window_->isExposed()) return;
   const bool mouse = window_->setMouseGrabEnabled(true);
   const bool keyboard = !isPopup() || window_->setKeyboardGrabEnabled(true);
   if (!mouse || !keyboard) retry_.start(retryMilliseconds, this);

@@ -15,8 +15,8 @@ namespace orvane {
 ///
 /// A popup lies at an item of another window. The popover lies at the status item, and keeps its
 /// place while its height changes. Where the window system doesn't do so itself (X11) the window
-/// holds the mouse, and a popup the keyboard too, while it is open; whoever held them before takes
-/// them again afterwards. Keys that arrive at the window below all the same are the popup's.
+/// holds the mouse, and a popup the keyboard too, while it is open; the window that held them
+/// before takes them again afterwards. Keys that still arrive at the window below go to the popup.
 class PopupController : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -24,10 +24,10 @@ class PopupController : public QObject {
   Q_PROPERTY(QQuickWindow* window READ window WRITE setWindow NOTIFY windowChanged)
   /// What a popup lies at; none for the popover.
   Q_PROPERTY(QQuickItem* anchor READ anchor WRITE setAnchor NOTIFY anchorChanged)
-  /// Whether the window takes the mouse and the keyboard; one that is only looked at doesn't.
+  /// Whether the window takes the mouse and the keyboard; a tool tip doesn't.
   Q_PROPERTY(bool takesInput MEMBER takesInput_)
-  /// A popup of this window's own is open and has the mouse and the focus until it closes.
-  Q_PROPERTY(bool lent READ isLent WRITE setLent NOTIFY lentChanged)
+  /// A menu of this window is open, which has the mouse and the focus until it closes.
+  Q_PROPERTY(bool hasMenuOpen READ hasMenuOpen WRITE setHasMenuOpen NOTIFY hasMenuOpenChanged)
 
  public:
   enum Edge { Below, Trailing };
@@ -37,10 +37,10 @@ class PopupController : public QObject {
 
   [[nodiscard]] QQuickWindow* window() const { return window_; }
   [[nodiscard]] QQuickItem* anchor() const { return anchor_; }
-  [[nodiscard]] bool isLent() const { return isLent_; }
+  [[nodiscard]] bool hasMenuOpen() const { return hasMenuOpen_; }
   void setWindow(QQuickWindow* window);
   void setAnchor(QQuickItem* anchor);
-  void setLent(bool lent);
+  void setHasMenuOpen(bool isOpen);
 
   /// Gives the window its size and place, on the screen of the anchor.
   Q_INVOKABLE void place(double width, double height, Edge edge, double gap);
@@ -56,8 +56,8 @@ class PopupController : public QObject {
  Q_SIGNALS:
   void windowChanged();
   void anchorChanged();
-  void lentChanged();
-  /// `left`: the user turned to something else, with a click that may mean more than the end.
+  void hasMenuOpenChanged();
+  /// `left`: the focus went elsewhere, perhaps by a click on the status item.
   void dismissed(bool left);
   /// The pointer is elsewhere on the screen; on Wayland told for the window below alone.
   void pointerMovedOutside(QPointF place);
@@ -91,7 +91,7 @@ class PopupController : public QObject {
   QBasicTimer focusCheck_;
   bool takesInput_ = true;
   bool isPopover_ = false;
-  bool isLent_ = false;
+  bool hasMenuOpen_ = false;
   bool wasActive_ = false;
   bool pressedOutside_ = false;
 };

@@ -17,7 +17,7 @@ void qml_register_types_Orvane();
 namespace orvane {
 namespace {
 
-// From the press on a panel that took the focus away to the click the panel makes of it.
+// At most, from the press on the panel that takes the focus away to the panel's Activate.
 constexpr int sameClickMilliseconds = 400;
 
 void bringToFront(QWindow& window) {
@@ -29,7 +29,7 @@ void bringToFront(QWindow& window) {
 }  // namespace
 
 WindowController::WindowController(Shell& shell, std::shared_ptr<MemoryManager> manager,
-                                   WindowSystem system, ProductFacts facts)
+                                   DesktopFunctions system, ProductFacts facts)
     : shell_(shell),
       manager_(std::move(manager)),
       system_(std::move(system)),
@@ -40,7 +40,7 @@ WindowController::WindowController(Shell& shell, std::shared_ptr<MemoryManager> 
 }
 
 WindowController::~WindowController() {
-  // Their end is no event for the members that are gone by then.
+  // A window destroyed after this body would send signals to destroyed members.
   for (auto& [kind, window] : windows_) window->disconnect(this);
 }
 
@@ -101,12 +101,12 @@ QQuickWindow* WindowController::makeTransient(WindowKind kind, const char* file,
   QQuickWindow* window = make(kind, file, std::move(properties));
   if (window == nullptr) return nullptr;
   connect(window, &QWindow::visibleChanged, this, [this, kind](bool visible) {
-    if (!visible) giveUp(kind);
+    if (!visible) discard(kind);
   });
   return window;
 }
 
-void WindowController::giveUp(WindowKind kind) {
+void WindowController::discard(WindowKind kind) {
   // The window may be in the middle of the event that closes it.
   closed_.push_back(std::move(windows_[kind]));
   windows_.erase(kind);
@@ -131,7 +131,7 @@ void WindowController::closePopover() {
   if (QQuickWindow* popover = window(WindowKind::popover)) popover->hide();
 }
 
-// Where the mouse is held (X11) no click on the item takes the focus away.
+// On X11 the popover holds the mouse: no click on the item takes its focus away first.
 void WindowController::dismissPopover(bool left) {
   closePopover();
   if (left && QGuiApplication::platformName() != QLatin1String("xcb")) sinceDismissal_.start();

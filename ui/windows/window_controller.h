@@ -25,8 +25,8 @@ namespace orvane {
 
 class Theme;
 
-/// What windows and icons need of the desktop. All are called on the main thread.
-struct WindowSystem {
+/// What windows and icons need of the desktop. Main thread only.
+struct DesktopFunctions {
   FileReader readFile;  ///< of icons that applications name by path
   /// Keeps a window that isn't shown yet out of taskbars; may be empty.
   std::function<void(QWindow&)> skipTaskbar = {};
@@ -38,7 +38,7 @@ struct WindowSystem {
 /// reaches the shell through it.
 ///
 /// Main thread only. Nothing of QML is loaded before the first window. A window that closes is
-/// given up; the main window is hidden, keeps its place and its content's state.
+/// destroyed; the main window is hidden, and keeps its place and its content's state.
 class WindowController : public QObject, public Windows {
   Q_OBJECT
   QML_ELEMENT
@@ -55,7 +55,7 @@ class WindowController : public QObject, public Windows {
 
  public:
   /// `shell` must outlive the controller.
-  WindowController(Shell& shell, std::shared_ptr<MemoryManager> manager, WindowSystem system,
+  WindowController(Shell& shell, std::shared_ptr<MemoryManager> manager, DesktopFunctions system,
                    ProductFacts facts);
   WindowController(const WindowController&) = delete;
   WindowController& operator=(const WindowController&) = delete;
@@ -110,15 +110,15 @@ class WindowController : public QObject, public Windows {
   void followCompositor();
   /// A window of that QML file, not shown yet; null when it can't be made.
   QQuickWindow* make(WindowKind kind, const char* file, QVariantMap properties = {});
-  /// One that is given up when it is closed.
+  /// One that is destroyed after it is closed.
   QQuickWindow* makeTransient(WindowKind kind, const char* file, QVariantMap properties = {});
   /// In the middle of the screen; one that is open comes to the front.
   void showDialog(WindowKind kind, const char* file);
-  void giveUp(WindowKind kind);
+  void discard(WindowKind kind);
 
   Shell& shell_;
   std::shared_ptr<MemoryManager> manager_;
-  WindowSystem system_;
+  DesktopFunctions system_;
   ProductFacts facts_;
   std::optional<ColorScheme> scheme_;
   std::optional<UpdateResult> result_;

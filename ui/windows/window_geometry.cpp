@@ -80,7 +80,7 @@ QRect inside(QRect rectangle, const QRect& room) {
 }
 
 /// Start of a span of `length` after [from, to), or before it when there is more room.
-int besides(int from, int to, int length, int low, int high) {
+int startBeside(int from, int to, int length, int low, int high) {
   const bool fitsAfter = to + length <= high;
   const bool moreRoomBefore = from - low > high - to;
   return fitsAfter || !moreRoomBefore ? to : from - length;
@@ -138,11 +138,11 @@ QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen) {
 QRect placePopup(const QRect& anchor, QSize size, const QRect& screen, PopupEdge edge) {
   QPoint corner(anchor.x(), anchor.y() + (anchor.height() - size.height()) / 2);
   if (edge == PopupEdge::below) {
-    corner.setY(besides(anchor.top(), anchor.bottom() + 1, size.height(), screen.top(),
-                        screen.bottom() + 1));
+    corner.setY(startBeside(anchor.top(), anchor.bottom() + 1, size.height(), screen.top(),
+                            screen.bottom() + 1));
   } else {
-    corner.setX(besides(anchor.left(), anchor.right() + 1, size.width(), screen.left(),
-                        screen.right() + 1));
+    corner.setX(startBeside(anchor.left(), anchor.right() + 1, size.width(), screen.left(),
+                            screen.right() + 1));
   }
   return inside({corner, size}, screen);
 }

@@ -89,15 +89,15 @@ class LeaderChoice {
   [[nodiscard]] bool leadsInstead(std::size_t child, std::size_t parent) const {
     const GroupedProcess& process = at(parent);
     const GroupedProcess& program = at(child);
-    // A shell in somebody else's session reads a script from a pipe, when it gives its child no
-    // job.
+    // A shell that leads no session and gives its child no job of its own reads a script from a
+    // pipe.
     const bool isScript = process.role == ProcessRole::shell && process.session != process.pid &&
                           process.processGroup == program.processGroup;
     if (isWrapper(process) || isScript) {
       return aboveWindow_[child] || holdsMost(child) ||
              program.startTime <= process.startTime + startUpTicks;
     }
-    // A terminal's shell and the tools of a window are ended with them.
+    // A terminal's shell, and what a program with a window runs, end with it.
     const bool isTerminalShell =
         program.role == ProcessRole::shell && program.session == program.pid;
     if (process.ownsWindow || process.role != ProcessRole::program || isTerminalShell) return false;

@@ -18,15 +18,15 @@ struct GroupedProcess {
   std::int32_t session = 0;
   std::uint64_t startTime = 0;  ///< clock ticks
   std::uint64_t residentSize = 0;
-  bool young = false;                 ///< its memory may still be that of a beginning
-  std::string_view program;           ///< what it runs, as ProcessCommand::name
-  std::string_view executable;        ///< path; empty when it is a secret
-  std::string_view command;           ///< the beginning of its command line
-  std::uint64_t image = 0;            ///< forks have that of their parent; 0 when it is a secret
-  bool leads = false;                 ///< its application until now
-  std::string_view unit;              ///< of systemd; empty for none
-  bool unitIsApplication = false;     ///< the unit stands for one application
-  bool claimed = false;               ///< has other evidence of its own: a launch, a window, ...
+  bool young = false;              ///< its memory may still be that of a beginning
+  std::string_view program;        ///< what it runs, as ProcessCommand::name
+  std::string_view executable;     ///< path; empty when the kernel hides it
+  std::string_view command;        ///< the beginning of its command line
+  std::uint64_t image = 0;         ///< forks have that of their parent; 0 when the kernel hides it
+  bool leads = false;              ///< its application until now
+  std::string_view unit;           ///< of systemd; empty for none
+  bool unitIsApplication = false;  ///< the unit stands for one application
+  bool claimed = false;            ///< has other evidence of its own: a launch, a window, ...
   const void* application = nullptr;  ///< which application that evidence names; null for unknown
   bool visible = false;               ///< that application belongs into the desktop's menus
   bool ownsWindow = false;

@@ -15,7 +15,7 @@ using std::chrono::seconds;
 constexpr std::uint64_t smallestRead = 100'000'000;
 constexpr std::uint64_t smallestDrift = 10'000'000;
 /// One reading of more than this can't be cut in pieces and holds the process' memory map for long.
-constexpr std::uint64_t huge = std::uint64_t{4} << 30;
+constexpr std::uint64_t hugeProcess = std::uint64_t{4} << 30;
 
 constexpr double underWay = std::numeric_limits<double>::infinity();
 
@@ -33,7 +33,7 @@ std::uint64_t residentSize(std::span<const ApplicationMember> members) {
 double ageFactor(std::span<const ApplicationMember> members) {
   std::uint64_t largest = 0;
   for (const auto& member : members) largest = std::max(largest, member.process->residentSize);
-  return std::max(1.0, static_cast<double>(largest) / static_cast<double>(huge));
+  return std::max(1.0, static_cast<double>(largest) / static_cast<double>(hugeProcess));
 }
 
 std::optional<ReadingTime> oldestReading(std::span<const ApplicationMember> members) {
@@ -46,24 +46,24 @@ std::optional<ReadingTime> oldestReading(std::span<const ApplicationMember> memb
 }
 
 /// From 1 on the application is due; 0 when it is too small to be read at all.
-double doubt(const ReadingCandidate& candidate, const ReadingPace& pace, ReadingTime now) {
+double urgency(const ReadingCandidate& candidate, const ReadingPace& pace, ReadingTime now) {
   if (candidate.state->roundStart) return underWay;
   const auto oldest = oldestReading(candidate.members);
   if (!oldest) {
-    // Before any that was read, the largest first. What was read once goes on being read, because a
-    // reading that is never renewed would be worse than none.
+    // Applications that were never read come first, the largest ahead. Small ones are never begun,
+    // but one that was read goes on being read: an old reading is worse than none.
     const std::uint64_t resident = residentSize(candidate.members);
     return resident < smallestRead ? 0 : static_cast<double>(resident);
   }
   const double age =
       std::chrono::duration<double>(now - *oldest).count() / ageFactor(candidate.members);
-  const double ageDoubt = age / static_cast<double>(pace.maximumAge.count());
-  if (age < static_cast<double>(pace.shortestInterval.count())) return ageDoubt;
+  const double ageUrgency = age / static_cast<double>(pace.maximumAge.count());
+  if (age < static_cast<double>(pace.shortestInterval.count())) return ageUrgency;
   const std::uint64_t before = candidate.state->figureAfterRound;
   const std::uint64_t drift =
       std::max(before, candidate.figure) - std::min(before, candidate.figure);
-  const std::uint64_t bearable = std::max(candidate.figure / 10, smallestDrift);
-  return std::max(ageDoubt, static_cast<double>(drift) / static_cast<double>(bearable));
+  const std::uint64_t allowedDrift = std::max(candidate.figure / 10, smallestDrift);
+  return std::max(ageUrgency, static_cast<double>(drift) / static_cast<double>(allowedDrift));
 }
 
 bool isWanted(const Process& process, const ReadingState& state) {
@@ -80,18 +80,18 @@ void beginRound(const ReadingCandidate& candidate, ReadingTime now) {
 
 struct Due {
   const ReadingCandidate* candidate = nullptr;
-  double doubt = 0;
+  double urgency = 0;
 };
 
 std::vector<Due> dueCandidates(std::span<const ReadingCandidate> candidates,
                                const ReadingPace& pace, ReadingTime now) {
   std::vector<Due> due;
   for (const auto& candidate : candidates) {
-    const double value = doubt(candidate, pace, now);
+    const double value = urgency(candidate, pace, now);
     if (value >= 1) due.push_back({&candidate, value});
   }
   std::stable_sort(due.begin(), due.end(),
-                   [](const Due& a, const Due& b) { return a.doubt > b.doubt; });
+                   [](const Due& a, const Due& b) { return a.urgency > b.urgency; });
   return due;
 }
 
@@ -108,7 +108,7 @@ std::uint64_t memoryFigure(std::span<const ApplicationMember> members) {
     const std::uint64_t own = process->ownSize();
     if (familyInside) least = std::max(least, own);
     if (isRead(*process)) {
-      // What is gone since can't be more than there was.
+      // A process can't have lost more than it had.
       const std::uint64_t now = *process->reading->proportionalSize + own;
       read += now - std::min(now, process->reading->ownSize);
       sharedByRead = std::max(sharedByRead, process->sharedSize);
@@ -152,7 +152,7 @@ std::vector<Process*> nextReadings(std::span<const ReadingCandidate> candidates,
   const std::uint64_t budget = std::clamp(total / pace.ticks, pace.budget, pace.mostBudget);
   std::vector<Process*> chosen;
   std::uint64_t spent = 0;
-  for (const auto& [candidate, doubt] : due) {
+  for (const auto& [candidate, urgency] : due) {
     if (!candidate->state->roundStart) beginRound(*candidate, now);
     for (const auto& member : candidate->members) {
       Process* const process = member.process;

@@ -59,7 +59,7 @@ struct ReadingCandidate {
   ReadingState* state = nullptr;
 };
 
-/// The processes whose proportional size is read next, the most doubtful application's first: those
+/// The processes whose proportional size is read next, the most urgent application's first: those
 /// of 100 MB or more that were never read, whose figure has moved by more than a tenth, or whose
 /// readings are old. At least one process, however large, as long as there is something to read.
 /// Updates the applications' states.

@@ -104,7 +104,7 @@ std::string textOf(const char* text) {
 class EntryFile {
  public:
   explicit EntryFile(const std::string& path) : file_(g_key_file_new()) {
-    // Not by the path: anybody may have put a pipe there, and reading that would never end.
+    // Not g_key_file_load_from_file: it would wait for ever for a pipe's writer.
     const auto content = readRegularFile(path, largestEntry);
     isRead_ = content && g_key_file_load_from_data(file_.get(), content->data(), content->size(),
                                                    G_KEY_FILE_NONE, nullptr) != 0;

@@ -201,21 +201,21 @@ void LinuxApplications::addMembers(Application& application,
   }
 }
 
-/// Processes forked from one another may have come to belong to several applications.
+/// Marks the members whose forks all belong to the same application.
 void LinuxApplications::findFamilies() {
-  std::unordered_map<std::uint64_t, const Application*> homes;
-  const auto homeless = [](const Process& process) { return process.startStack == 0; };
+  std::unordered_map<std::uint64_t, const Application*> owners;
+  const auto hidesStack = [](const Process& process) { return process.startStack == 0; };
   for (const auto& application : applications_) {
     for (const auto& member : application.members) {
-      if (homeless(*member.process)) continue;
-      auto& home = homes.try_emplace(member.process->startStack, &application).first->second;
-      if (home != &application) home = nullptr;
+      if (hidesStack(*member.process)) continue;
+      auto& owner = owners.try_emplace(member.process->startStack, &application).first->second;
+      if (owner != &application) owner = nullptr;
     }
   }
   for (auto& application : applications_) {
     for (auto& member : application.members) {
       member.familyInside =
-          !homeless(*member.process) && homes.at(member.process->startStack) == &application;
+          !hidesStack(*member.process) && owners.at(member.process->startStack) == &application;
     }
   }
 }

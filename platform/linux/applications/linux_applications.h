@@ -26,10 +26,10 @@ struct X11Window;
 /// The user's running applications, each a group of processes, and what they use.
 ///
 /// Everything is read at the first list and only what changed after that; in between each process
-/// costs little more than one read. An application's resident size is a memoryFigure of its
-/// processes
-/// (/proc/PID/statm: resident, shared; /proc/PID/smaps_rollup: Pss); threads (/proc/PID/stat:
-/// num_threads) are summed; the virtual size (/proc/PID/statm: size) is the leader's.
+/// costs little more than one read. An application's resident size is the memoryFigure of its
+/// processes (/proc/PID/statm: resident, shared; /proc/PID/smaps_rollup: Pss); threads
+/// (/proc/PID/stat: num_threads) are summed; the virtual size (/proc/PID/statm: size) is the
+/// leader's.
 class LinuxApplications : public RunningApplications {
  public:
   struct Options {

@@ -8,7 +8,7 @@
 namespace orvane {
 
 std::shared_ptr<const LinuxProcessHandle> LinuxProcessHandle::open(std::int32_t pid) {
-  // Closed on exec by definition.
+  // pidfd_open sets close-on-exec by itself.
   FileDescriptor process(static_cast<int>(::syscall(SYS_pidfd_open, pid, 0)));
   if (!process.isOpen()) return nullptr;
   return std::make_shared<const LinuxProcessHandle>(std::move(process));

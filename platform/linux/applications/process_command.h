@@ -28,8 +28,8 @@ struct ProcessCommand {
 /// Splits the text of /proc/PID/cmdline.
 [[nodiscard]] std::vector<std::string> parseCommandLine(std::string_view text);
 
-/// Tells what runs from the executable's path (empty when it is a secret), the arguments and the
-/// kernel's name of the process.
+/// Tells what runs from the executable's path (empty when the kernel hides it), the arguments and
+/// the kernel's name of the process.
 [[nodiscard]] ProcessCommand processCommand(std::string_view executable,
                                             const std::vector<std::string>& arguments,
                                             std::string_view kernelName);

@@ -20,7 +20,7 @@ struct ProcessEvidence {
   EntrySource source = EntrySource::none;
   std::string name;        ///< of the command
   std::string command;     ///< the beginning of the command line
-  std::string executable;  ///< path; empty when it is a secret
+  std::string executable;  ///< path; empty when the kernel hides it
   ProcessRole role = ProcessRole::program;
 };
 

@@ -18,11 +18,11 @@ struct ProcessStat {
   int threads = 0;
   std::uint64_t startTime = 0;    ///< clock ticks since the machine started
   std::uint64_t virtualSize = 0;  ///< bytes
-  /// Address of the stack's start: the kernel draws it at each exec, and a fork keeps it. 0 when it
-  /// is a secret.
+  /// Address of the stack's start: the kernel draws it at each exec, and a fork keeps it. 0 when
+  /// the kernel hides it.
   std::uint64_t startStack = 0;
 
-  /// Exited, its parent just hasn't asked for the result yet.
+  /// Exited, but not waited for by its parent yet.
   [[nodiscard]] bool isZombie() const { return state == 'Z' || state == 'X' || state == 'x'; }
   /// By its flag (PF_KTHREAD): in a container the pid 2 can be any program's.
   [[nodiscard]] bool isKernelThread() const;

@@ -114,7 +114,7 @@ bool ProcessTable::isOwn(std::int32_t pid) const {
          status.st_uid == options_.user;
 }
 
-/// Kernel threads and exited processes have none; telling so costs a tenth of reading their state.
+/// False for kernel threads and exited processes, at a tenth of the cost of reading their state.
 bool ProcessTable::hasProgram(std::int32_t pid) const {
   std::array<char, 1> start{};
   return ::readlinkat(directory(), ProcessPath(pid, "exe").text(), start.data(), start.size()) >=

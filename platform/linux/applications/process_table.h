@@ -48,7 +48,7 @@ struct Process {
   std::optional<ProportionalReading> reading;  ///< the one that counts, for whoever takes it
   std::optional<ProportionalReading> pending;  ///< waits for those of the same application
 
-  /// Seen so few times yet that it may still be on its way to what it will be.
+  /// Seen so few times that it may still change its user, its control group or its program.
   [[nodiscard]] bool isYoung() const;
   /// Bytes that the kernel knows to be no other's. Pages that a fork shares count with everyone.
   [[nodiscard]] std::uint64_t ownSize() const { return residentSize - sharedSize; }
@@ -93,7 +93,7 @@ class ProcessTable {
   /// Asks for every process' evidence again.
   void forgetEvidence();
 
-  /// The same process, under the same pid, hasn't been waited for yet.
+  /// Whether this process still exists under its pid, be it as a zombie.
   [[nodiscard]] bool isStillThere(const Process& process) const;
 
   /// Content of a process' file, at most `limit` bytes; empty when it can't be read.

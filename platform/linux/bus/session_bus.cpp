@@ -10,7 +10,7 @@ namespace orvane {
 namespace {
 
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
-constexpr int toolkitPatienceMilliseconds = 300;
+constexpr int busAnswerMilliseconds = 300;
 constexpr int noTimeout = std::numeric_limits<int>::max();  // as libdbus defines it
 
 /// DBUS_SESSION_BUS_ADDRESS without the entries that start a bus, else the socket "bus" in
@@ -42,8 +42,8 @@ bool busAnswers(int milliseconds) {
 
 }  // namespace
 
-void keepToolkitOffSilentBus() {
-  if (busAnswers(toolkitPatienceMilliseconds)) return;
+void keepQtOffSilentBus() {
+  if (busAnswers(busAnswerMilliseconds)) return;
   // QDBusConnection::sessionBus connects once and keeps what came of it.
   const bool isSet = qEnvironmentVariableIsSet(addressVariable);
   const QByteArray address = qgetenv(addressVariable);
@@ -79,7 +79,7 @@ SessionBus::~SessionBus() {
 }
 
 void SessionBus::start() {
-  QTimer::singleShot(timing_.answerTimeout, this, &SessionBus::settleWithout);
+  QTimer::singleShot(timing_.answerTimeout, this, &SessionBus::reportUnavailable);
   attempt();
 }
 
@@ -110,10 +110,10 @@ void SessionBus::lose() {
   QDBusConnection::disconnectFromPeer(connectionName_);
   retry_.start();
   const bool wasConnected = !std::exchange(uniqueName_, QString()).isEmpty();
-  wasConnected ? Q_EMIT disconnected() : settleWithout();
+  wasConnected ? Q_EMIT disconnected() : reportUnavailable();
 }
 
-void SessionBus::settleWithout() {
+void SessionBus::reportUnavailable() {
   if (!std::exchange(isSettled_, true)) Q_EMIT unavailable();
 }
 

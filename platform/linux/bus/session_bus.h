@@ -11,16 +11,16 @@
 
 namespace orvane {
 
-/// How patient a `SessionBus` is.
+/// The delays of a `SessionBus`.
 struct SessionBusTiming {
   std::chrono::milliseconds retryInterval{5000};  ///< between attempts while there is no bus
   std::chrono::milliseconds answerTimeout{5000};  ///< until a silent bus counts as unavailable
 };
 
-/// Makes the toolkit do without the session bus when that accepts and says nothing. Call it before
-/// the first window: the toolkit's bridge to assistive technology connects by itself then, and
-/// would wait for ever. Takes as long as a bus that lives needs for an answer, at most 0.3 s.
-void keepToolkitOffSilentBus();
+/// Makes Qt do without the session bus when the bus accepts connections and answers nothing. Call
+/// it before the first window: Qt's bridge to assistive technology connects then, and would wait
+/// for ever. Takes as long as the bus needs to answer, at most 0.3 s.
+void keepQtOffSilentBus();
 
 /// A call of the bus itself, org.freedesktop.DBus.
 [[nodiscard]] QDBusMessage busCall(const QString& method, const QVariantList& arguments = {});
@@ -78,7 +78,7 @@ class SessionBus : public QObject {
 
  private:
   void greeted(const QString& uniqueName);
-  void settleWithout();
+  void reportUnavailable();
 
   SessionBusTiming timing_;
   QTimer retry_;

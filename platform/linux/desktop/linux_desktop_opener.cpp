@@ -60,7 +60,7 @@ void LinuxDesktopOpener::openFolderOf(const std::string& path) const {
   if (std::filesystem::is_directory(folder, error)) launchOpener(fileAddress(folder));
 }
 
-// QDesktopServices would do the same, and in a sandbox wait for the bus before.
+// QDesktopServices would do the same, but wait for the bus in a sandbox.
 void LinuxDesktopOpener::launchOpener(const QByteArray& address) const {
   const QString xdgOpen = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
   const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));

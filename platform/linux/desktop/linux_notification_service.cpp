@@ -47,7 +47,7 @@ LinuxNotificationService::LinuxNotificationService(SessionBus& bus,
                                                    std::function<bool()> isFrontmost)
     : bus_(bus), isFrontmost_(std::move(isFrontmost)) {
   connect(&bus_, &SessionBus::connected, this, &LinuxNotificationService::subscribe);
-  connect(&bus_, &SessionBus::unavailable, this, &LinuxNotificationService::settle);
+  connect(&bus_, &SessionBus::unavailable, this, &LinuxNotificationService::runWaiting);
   connect(&bus_, &SessionBus::disconnected, this, [this] { capabilities_.reset(); });
   if (bus_.isConnected()) subscribe();
 }
@@ -58,10 +58,10 @@ void LinuxNotificationService::subscribe() {
   bus_.subscribe(path, service, QStringLiteral("NotificationClosed"), QString(), this,
                  SLOT(notificationClosed(uint, uint)));
   bus_.subscribeToOwner(service, this, SLOT(serviceOwnerChanged(QString, QString, QString)));
-  settle();
+  runWaiting();
 }
 
-void LinuxNotificationService::settle() {
+void LinuxNotificationService::runWaiting() {
   for (const auto& step : std::exchange(waiting_, {})) whenConnected(step);
 }
 

@@ -41,7 +41,7 @@ class LinuxNotificationService : public QObject, public NotificationService {
                                   const QString& newOwner);
 
   void subscribe();
-  void settle();
+  void runWaiting();
   void whenConnected(std::function<void(const Error&)> step);
   void call(const QDBusMessage& message, Reply reply);
   void withCapabilities(std::function<void(const Error&)> step);

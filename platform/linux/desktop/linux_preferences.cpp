@@ -29,7 +29,7 @@ class LinuxPreferences::File {
         isReadable_(isFileOrMissing(path)),
         settings_(isReadable_ ? path : QStringLiteral("/dev/null"), QSettings::IniFormat) {
     settings_.setAtomicSyncRequired(true);
-    settings_.allKeys();  // nothing is parsed, and no error found, before it is asked for
+    settings_.allKeys();  // QSettings parses the file, and finds its errors, at the first question
     isValid_ = isReadable_ && settings_.status() == QSettings::NoError && !hasNulBytes();
   }
 
@@ -44,7 +44,7 @@ class LinuxPreferences::File {
 
   void setValue(std::string_view key, const QString& value) {
     unsaved_[keyText(key)] = value;
-    // What the library has been told it writes by itself, a moment later.
+    // QSettings writes by itself, a moment later, what setValue has given it.
     if (!mayBeLocked() || (!isValid_ && !keepCopy())) return;
     isValid_ = true;
     for (const auto& [name, text] : std::exchange(unsaved_, {})) settings_.setValue(name, text);

@@ -16,11 +16,11 @@
 namespace orvane {
 
 /// Raises oom_score_adj while at least one claim is held and puts the old value back after.
-class LinuxMemoryClaims::Sacrifice {
+class LinuxMemoryClaims::RaisedOomScore {
  public:
-  explicit Sacrifice(std::string path) : path_(std::move(path)) {}
+  explicit RaisedOomScore(std::string path) : path_(std::move(path)) {}
 
-  void begin() {
+  void raise() {
     const std::scoped_lock lock(mutex_);
     if (holders_++ > 0) return;
     HeldFile file(path_);
@@ -28,7 +28,7 @@ class LinuxMemoryClaims::Sacrifice {
     if (!previous_.empty()) write("1000");
   }
 
-  void end() {
+  void restore() {
     const std::scoped_lock lock(mutex_);
     if (--holders_ == 0 && !previous_.empty()) write(previous_);
   }
@@ -48,25 +48,25 @@ class LinuxMemoryClaims::Sacrifice {
 
 class LinuxMemoryClaims::Mapping : public MemoryClaim {
  public:
-  Mapping(void* address, std::size_t words, std::shared_ptr<Sacrifice> sacrifice)
-      : words_(static_cast<std::uint32_t*>(address), words), sacrifice_(std::move(sacrifice)) {}
+  Mapping(void* address, std::size_t words, std::shared_ptr<RaisedOomScore> oomScore)
+      : words_(static_cast<std::uint32_t*>(address), words), oomScore_(std::move(oomScore)) {}
   Mapping(const Mapping&) = delete;
   Mapping& operator=(const Mapping&) = delete;
   ~Mapping() override {
     ::munmap(words_.data(), words_.size_bytes());
-    sacrifice_->end();
+    oomScore_->restore();
   }
 
   [[nodiscard]] std::span<std::uint32_t> words() override { return words_; }
 
  private:
   std::span<std::uint32_t> words_;
-  std::shared_ptr<Sacrifice> sacrifice_;
+  std::shared_ptr<RaisedOomScore> oomScore_;
 };
 
 LinuxMemoryClaims::LinuxMemoryClaims(MemoryClaimPaths paths)
     : paths_(std::move(paths)),
-      sacrifice_(std::make_shared<Sacrifice>(paths_.oomScoreAdjustment)) {}
+      oomScore_(std::make_shared<RaisedOomScore>(paths_.oomScoreAdjustment)) {}
 
 LinuxMemoryClaims::~LinuxMemoryClaims() = default;
 
@@ -75,14 +75,14 @@ std::unique_ptr<MemoryClaim> LinuxMemoryClaims::claim(std::size_t words) {
   if (words == 0 || words > mostWords) return nullptr;
   const std::size_t bytes = words * sizeof(std::uint32_t);
   if (!isSafe(bytes)) return nullptr;
-  sacrifice_->begin();
+  oomScore_->raise();
   void* address =
       ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (address == MAP_FAILED) {
-    sacrifice_->end();
+    oomScore_->restore();
     return nullptr;
   }
-  return std::make_unique<Mapping>(address, words, sacrifice_);
+  return std::make_unique<Mapping>(address, words, oomScore_);
 }
 
 bool LinuxMemoryClaims::isSafe(std::size_t bytes) const {

@@ -27,13 +27,13 @@ class LinuxMemoryClaims : public MemoryClaims {
   [[nodiscard]] std::unique_ptr<MemoryClaim> claim(std::size_t words) override;
 
  private:
-  class Sacrifice;
+  class RaisedOomScore;
   class Mapping;
 
   [[nodiscard]] bool isSafe(std::size_t bytes) const;
 
   MemoryClaimPaths paths_;
-  std::shared_ptr<Sacrifice> sacrifice_;
+  std::shared_ptr<RaisedOomScore> oomScore_;
 };
 
 }  // namespace orvane

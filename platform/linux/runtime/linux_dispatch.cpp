@@ -34,7 +34,7 @@ void LinuxMainQueue::async(Block block) {
   QMetaObject::invokeMethod(&context_, std::move(block), Qt::QueuedConnection);
 }
 
-// Not QTimer::singleShot: that keeps the block until it is due, also after the context's end.
+// Not QTimer::singleShot: it keeps the block until it is due, even when the context is gone.
 void LinuxMainQueue::after(Duration delay, Block block) {
   const auto due = SteadyClock::now() + asMilliseconds(delay);
   async([this, due, pending = std::move(block)] {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/linux/bus/bus_export.h"
-#include "platform/linux/status_item/status_menu_adaptor.h"
+#include "platform/linux/status_item/dbus_menu_adaptor.h"
 #include "platform/linux/status_item/status_notifier_adaptor.h"
 #include "platform/linux/status_item/status_notifier_registration.h"
 
@@ -27,7 +27,7 @@ class LinuxStatusBarItem : public StatusBarItem {
       : bus_(bus),
         token_(std::move(token)),
         item_(new StatusNotifierAdaptor(&itemExport_, menuPath())),
-        menu_(new StatusMenuAdaptor(&menuExport_)),
+        menu_(new DbusMenuAdaptor(&menuExport_)),
         registration_(bus) {
     // Before the registration learns of the connection, so that a panel finds what it is told of.
     QObject::connect(&bus_, &SessionBus::connected, &itemExport_, [this] { exportObjects(); });
@@ -63,7 +63,7 @@ class LinuxStatusBarItem : public StatusBarItem {
     item_->setAction(std::move(action));
   }
 
-  void setMenu(std::vector<StatusMenuEntry> entries) override {
+  void setMenu(std::vector<StatusItemMenuEntry> entries) override {
     menu_->setEntries(std::move(entries));
   }
 
@@ -85,7 +85,7 @@ class LinuxStatusBarItem : public StatusBarItem {
   BusExport itemExport_;
   BusExport menuExport_;
   StatusNotifierAdaptor* item_;
-  StatusMenuAdaptor* menu_;
+  DbusMenuAdaptor* menu_;
   std::function<void()> hostChanged_;
   StatusNotifierRegistration registration_;
 };

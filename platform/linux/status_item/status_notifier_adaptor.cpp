@@ -61,13 +61,12 @@ void StatusNotifierAdaptor::Activate(int x, int y) {
   if (action_) action_({.x = x, .y = y});
 }
 
-// Panels report a middle click here. The item has one action, so any click on it means that.
+// Panels report a middle click here: it does what a left click does.
 void StatusNotifierAdaptor::SecondaryActivate(int x, int y) {
   Activate(x, y);
 }
 
-// Panels that can show the exported menu do so themselves; for the rest a right click still opens
-// something.
+// Only panels that can't show the exported menu call this.
 void StatusNotifierAdaptor::ContextMenu(int x, int y) {
   Activate(x, y);
 }

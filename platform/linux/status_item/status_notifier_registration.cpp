@@ -66,8 +66,8 @@ void StatusNotifierRegistration::setOwner(const QString& owner) {
   if (!owner_.isEmpty()) identify();
 }
 
-// Which panel it is must be known before the item is registered: the panel asks for the icon at
-// once, and which one it needs depends on whether it draws the label.
+// The panel is identified before the item is registered: a panel asks for the icon at once, and one
+// that draws no label gets the number as the icon.
 void StatusNotifierRegistration::identify() {
   call(busCall(QStringLiteral("GetConnectionUnixProcessID"), {owner_}),
        [this](const QDBusPendingReply<uint>& reply) {

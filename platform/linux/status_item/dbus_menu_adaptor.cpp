@@ -1,50 +1,49 @@
-#include "platform/linux/status_item/status_menu_adaptor.h"
+#include "platform/linux/status_item/dbus_menu_adaptor.h"
 
 #include <QtDBus/QDBusError>
 #include <utility>
 
 namespace orvane {
 
-StatusMenuAdaptor::StatusMenuAdaptor(BusExport* exported)
+DbusMenuAdaptor::DbusMenuAdaptor(BusExport* exported)
     : QDBusAbstractAdaptor(exported), exported_(*exported) {
   registerStatusNotifierTypes();
 }
 
-void StatusMenuAdaptor::setEntries(std::vector<StatusMenuEntry> entries) {
+void DbusMenuAdaptor::setEntries(std::vector<StatusItemMenuEntry> entries) {
   menu_.setEntries(std::move(entries));
-  Q_EMIT LayoutUpdated(++revision_, StatusMenu::rootId);
+  Q_EMIT LayoutUpdated(++revision_, DbusMenu::rootId);
 }
 
-void StatusMenuAdaptor::refreshOpen() {
+void DbusMenuAdaptor::refreshOpen() {
   if (isOpen_) refresh();
 }
 
-QString StatusMenuAdaptor::textDirection() {
+QString DbusMenuAdaptor::textDirection() {
   return QStringLiteral("ltr");
 }
 
-QString StatusMenuAdaptor::status() {
+QString DbusMenuAdaptor::status() {
   return QStringLiteral("normal");
 }
 
-QStringList StatusMenuAdaptor::iconThemePath() {
+QStringList DbusMenuAdaptor::iconThemePath() {
   return {};
 }
 
-void StatusMenuAdaptor::refuse(const QString& text) const {
+void DbusMenuAdaptor::refuse(const QString& text) const {
   if (exported_.calledFromDBus()) exported_.sendErrorReply(QDBusError::InvalidArgs, text);
 }
 
-uint StatusMenuAdaptor::GetLayout(int parentId, int recursionDepth,
-                                  const QStringList& propertyNames,
-                                  orvane::MenuLayoutItem& layout) {
+uint DbusMenuAdaptor::GetLayout(int parentId, int recursionDepth, const QStringList& propertyNames,
+                                orvane::MenuLayoutItem& layout) {
   const auto found = menu_.layout(parentId, recursionDepth, propertyNames);
   if (!found) refuse(QStringLiteral("No such menu entry"));
   layout = found.value_or(MenuLayoutItem{});
   return revision_;
 }
 
-QList<orvane::MenuItemProperties> StatusMenuAdaptor::GetGroupProperties(
+QList<orvane::MenuItemProperties> DbusMenuAdaptor::GetGroupProperties(
     const QList<int>& ids, const QStringList& propertyNames) {
   QList<MenuItemProperties> group;
   for (const int id : ids.isEmpty() ? menu_.ids() : ids) {
@@ -54,18 +53,18 @@ QList<orvane::MenuItemProperties> StatusMenuAdaptor::GetGroupProperties(
   return group;
 }
 
-QDBusVariant StatusMenuAdaptor::GetProperty(int id, const QString& name) {
+QDBusVariant DbusMenuAdaptor::GetProperty(int id, const QString& name) {
   const QVariant value = menu_.property(id, name);
   if (!value.isValid()) refuse(QStringLiteral("No such property"));
   return QDBusVariant(value.isValid() ? value : QString());
 }
 
-void StatusMenuAdaptor::Event(int id, const QString& eventId, const QDBusVariant& /*data*/,
-                              uint /*timestamp*/) {
+void DbusMenuAdaptor::Event(int id, const QString& eventId, const QDBusVariant& /*data*/,
+                            uint /*timestamp*/) {
   if (!handleEvent(id, eventId)) refuse(QStringLiteral("No such menu entry"));
 }
 
-QList<int> StatusMenuAdaptor::EventGroup(const QList<orvane::MenuEvent>& events) {
+QList<int> DbusMenuAdaptor::EventGroup(const QList<orvane::MenuEvent>& events) {
   QList<int> unknown;
   for (const MenuEvent& event : events) {
     if (!handleEvent(event.id, event.type)) unknown.append(event.id);
@@ -73,7 +72,7 @@ QList<int> StatusMenuAdaptor::EventGroup(const QList<orvane::MenuEvent>& events)
   return unknown;
 }
 
-bool StatusMenuAdaptor::handleEvent(int id, const QString& type) {
+bool DbusMenuAdaptor::handleEvent(int id, const QString& type) {
   if (!menu_.properties(id, {})) return false;
   if (type == QLatin1String("opened")) isOpen_ = true;
   if (type == QLatin1String("closed")) isOpen_ = false;
@@ -82,11 +81,11 @@ bool StatusMenuAdaptor::handleEvent(int id, const QString& type) {
   return true;
 }
 
-bool StatusMenuAdaptor::AboutToShow(int id) {
-  return id == StatusMenu::rootId && refresh();
+bool DbusMenuAdaptor::AboutToShow(int id) {
+  return id == DbusMenu::rootId && refresh();
 }
 
-QList<int> StatusMenuAdaptor::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
+QList<int> DbusMenuAdaptor::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
   QList<int> updated;
   for (const int id : ids) {
     if (!menu_.properties(id, {})) idErrors.append(id);
@@ -95,7 +94,7 @@ QList<int> StatusMenuAdaptor::AboutToShowGroup(const QList<int>& ids, QList<int>
   return updated;
 }
 
-bool StatusMenuAdaptor::refresh() {
+bool DbusMenuAdaptor::refresh() {
   const QList<int> changed = menu_.refresh();
   if (changed.isEmpty()) return false;
   ++revision_;

@@ -1,4 +1,4 @@
-#include "platform/linux/status_item/status_menu.h"
+#include "platform/linux/status_item/dbus_menu.h"
 
 #include <utility>
 
@@ -35,15 +35,15 @@ QString menuLabel(const std::string& text) {
   return QString::fromStdString(text).replace(QLatin1Char('_'), QStringLiteral("__"));
 }
 
-void StatusMenu::setEntries(std::vector<StatusMenuEntry> entries) {
+void DbusMenu::setEntries(std::vector<StatusItemMenuEntry> entries) {
   items_.clear();
-  for (StatusMenuEntry& entry : entries) {
+  for (StatusItemMenuEntry& entry : entries) {
     QVariantMap properties = describe(entry);
     items_.push_back({.entry = std::move(entry), .properties = std::move(properties)});
   }
 }
 
-QList<int> StatusMenu::refresh() {
+QList<int> DbusMenu::refresh() {
   QList<int> changed;
   for (std::size_t i = 0; i < items_.size(); ++i) {
     QVariantMap properties = describe(items_[i].entry);
@@ -54,13 +54,13 @@ QList<int> StatusMenu::refresh() {
   return changed;
 }
 
-const StatusMenu::Item* StatusMenu::find(int id) const {
+const DbusMenu::Item* DbusMenu::find(int id) const {
   const bool known = id > rootId && static_cast<std::size_t>(id) <= items_.size();
   return known ? &items_[static_cast<std::size_t>(id - 1)] : nullptr;
 }
 
-QVariantMap StatusMenu::describe(const StatusMenuEntry& entry) {
-  using Kind = StatusMenuEntry::Kind;
+QVariantMap DbusMenu::describe(const StatusItemMenuEntry& entry) {
+  using Kind = StatusItemMenuEntry::Kind;
   if (entry.kind == Kind::divider) return {{QStringLiteral("type"), QStringLiteral("separator")}};
   if (entry.kind == Kind::figure) {
     return {{QStringLiteral("label"), menuLabel(entry.text ? entry.text() : std::string())},
@@ -74,7 +74,7 @@ QVariantMap StatusMenu::describe(const StatusMenuEntry& entry) {
   return properties;
 }
 
-std::optional<QVariantMap> StatusMenu::properties(int id, const QStringList& names) const {
+std::optional<QVariantMap> DbusMenu::properties(int id, const QStringList& names) const {
   if (id == rootId) {
     return only({{QStringLiteral("children-display"), QStringLiteral("submenu")}}, names);
   }
@@ -83,13 +83,12 @@ std::optional<QVariantMap> StatusMenu::properties(int id, const QStringList& nam
   return only(item->properties, names);
 }
 
-QVariant StatusMenu::property(int id, const QString& name) const {
+QVariant DbusMenu::property(int id, const QString& name) const {
   const auto own = properties(id, {});
   return own ? own->value(name, defaultOf(name)) : QVariant();
 }
 
-std::optional<MenuLayoutItem> StatusMenu::layout(int id, int depth,
-                                                 const QStringList& names) const {
+std::optional<MenuLayoutItem> DbusMenu::layout(int id, int depth, const QStringList& names) const {
   const auto own = properties(id, names);
   if (!own) return std::nullopt;
   MenuLayoutItem item{.id = id, .properties = *own, .children = {}};
@@ -99,13 +98,13 @@ std::optional<MenuLayoutItem> StatusMenu::layout(int id, int depth,
   return item;
 }
 
-QList<int> StatusMenu::ids() const {
+QList<int> DbusMenu::ids() const {
   QList<int> all;
   for (int id = rootId; id <= static_cast<int>(items_.size()); ++id) all.append(id);
   return all;
 }
 
-bool StatusMenu::activate(int id) const {
+bool DbusMenu::activate(int id) const {
   const Item* item = find(id);
   if (item == nullptr || !item->entry.activate) return false;
   // A copy: the action may replace the menu.

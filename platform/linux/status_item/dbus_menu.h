@@ -13,11 +13,11 @@ namespace orvane {
 
 /// A status item's menu in the terms of com.canonical.dbusmenu: entry n has the id n + 1, the id 0
 /// is the menu itself. Check marks and figures are kept as the panel last saw them.
-class StatusMenu {
+class DbusMenu {
  public:
   static constexpr int rootId = 0;
 
-  void setEntries(std::vector<StatusMenuEntry> entries);
+  void setEntries(std::vector<StatusItemMenuEntry> entries);
 
   /// Asks every toggle for its state and every figure for its text; the ids of those that changed.
   QList<int> refresh();
@@ -41,12 +41,12 @@ class StatusMenu {
 
  private:
   struct Item {
-    StatusMenuEntry entry;
+    StatusItemMenuEntry entry;
     QVariantMap properties;
   };
 
   [[nodiscard]] const Item* find(int id) const;
-  [[nodiscard]] static QVariantMap describe(const StatusMenuEntry& entry);
+  [[nodiscard]] static QVariantMap describe(const StatusItemMenuEntry& entry);
 
   std::vector<Item> items_;
 };

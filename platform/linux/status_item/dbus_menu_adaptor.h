@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "platform/linux/bus/bus_export.h"
-#include "platform/linux/status_item/status_menu.h"
+#include "platform/linux/status_item/dbus_menu.h"
 #include "platform/linux/status_item/status_notifier_types.h"
 
 namespace orvane {
 
-/// Shows a `StatusMenu` on the bus as com.canonical.dbusmenu. Threads: main thread only.
-class StatusMenuAdaptor : public QDBusAbstractAdaptor {
+/// Shows a `DbusMenu` on the bus as com.canonical.dbusmenu. Threads: main thread only.
+class DbusMenuAdaptor : public QDBusAbstractAdaptor {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
   Q_PROPERTY(uint Version READ version)
@@ -22,9 +22,9 @@ class StatusMenuAdaptor : public QDBusAbstractAdaptor {
 
  public:
   /// `exported` is the object that is registered on the bus, and this adaptor's parent.
-  explicit StatusMenuAdaptor(BusExport* exported);
+  explicit DbusMenuAdaptor(BusExport* exported);
 
-  void setEntries(std::vector<StatusMenuEntry> entries);
+  void setEntries(std::vector<StatusItemMenuEntry> entries);
   /// Brings an open menu up to date.
   void refreshOpen();
 
@@ -58,7 +58,7 @@ class StatusMenuAdaptor : public QDBusAbstractAdaptor {
   void refuse(const QString& text) const;
 
   BusExport& exported_;
-  StatusMenu menu_;
+  DbusMenu menu_;
   uint revision_ = 1;
   bool isOpen_ = false;
 };
