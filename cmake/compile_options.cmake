@@ -2,7 +2,7 @@
 add_library(orvane_options INTERFACE)
 
 target_compile_options(orvane_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${ORVANE_WERROR}>:-Werror>
   -fstack-protector-strong)
 target_compile_definitions(orvane_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
