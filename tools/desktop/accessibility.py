@@ -44,7 +44,7 @@ def find(process, name, role=None, showing=True):
             called = node.get_name()
             if called != name and not called.startswith(f"{name}: "):
                 continue
-            if role and node.get_role_name() != role:
+            if role and not _has_role(node, role):
                 continue
             if not showing or node.get_state_set().contains(Atspi.StateType.SHOWING):
                 return node
@@ -58,7 +58,7 @@ def of_role(process, role):
     found = []
     for node in everything(process):
         try:
-            if node.get_role_name() == role:
+            if _has_role(node, role):
                 found.append((node, node.get_name()))
         except GLib.Error:
             continue
@@ -86,6 +86,11 @@ def rectangle(node):
     """(x, y, width, height) on the screen."""
     extents = node.get_extents(Atspi.CoordType.SCREEN)
     return extents.x, extents.y, extents.width, extents.height
+
+
+def _has_role(node, role):
+    # By number: newer releases call some roles otherwise.
+    return node.get_role() == getattr(Atspi.Role, role.upper().replace(" ", "_"))
 
 
 def _children(node):

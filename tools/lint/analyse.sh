@@ -12,5 +12,7 @@ cmake --build "$build" --target all_qmllint
 say "man page"
 /usr/bin/python3 tools/lint/check_man_page.py "$build/orvane" packaging/orvane.1
 
-say "static analysis"
-tools/lint/tidy.sh "$build"
+if tools/lint/clang_tool.sh clang-tidy >/dev/null; then
+  say "static analysis"
+  tools/lint/tidy.sh "$build"
+fi

@@ -5,8 +5,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 say() { printf '== lint: %s\n' "$*"; }
 
-say "formatting"
-tools/lint/sources.sh | xargs -0 clang-format --dry-run -Werror
+if format=$(tools/lint/clang_tool.sh clang-format); then
+  say "formatting"
+  tools/lint/sources.sh | xargs -0 "$format" --dry-run -Werror
+fi
 
 say "layers and lengths"
 /usr/bin/python3 -m unittest -q tools/lint/test_rules.py

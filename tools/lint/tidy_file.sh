@@ -3,7 +3,9 @@
 set -euo pipefail
 build=$1 file=$2
 
-if output=$(clang-tidy --quiet -p "$build/tidy" "$file" 2>&1); then
+tidy=$(tools/lint/clang_tool.sh clang-tidy)
+
+if output=$("$tidy" --quiet -p "$build/tidy" "$file" 2>&1); then
   touch "$build/tidy/last-${file//\//_}"
 else
   printf '%s\n' "$output"
