@@ -6,6 +6,9 @@ build=$1
 
 say() { printf '== lint: %s\n' "$*"; }
 
+say "metadata"
+appstreamcli validate --no-net "$build/packaging/orvane.metainfo.xml"
+
 say "QML"
 cmake --build "$build" --target all_qmllint
 

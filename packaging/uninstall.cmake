@@ -1,0 +1,18 @@
+# Removes what `cmake --install` placed: run by the target "uninstall".
+set(manifest ${CMAKE_CURRENT_BINARY_DIR}/install_manifest.txt)
+if(NOT EXISTS ${manifest})
+  message(FATAL_ERROR "Nothing was installed from here: ${manifest} is not there")
+endif()
+file(STRINGS ${manifest} installed)
+foreach(name IN LISTS installed)
+  set(file "$ENV{DESTDIR}${name}")
+  message(STATUS "Removing ${file}")
+  file(REMOVE ${file})
+  cmake_path(GET file PARENT_PATH folder)
+  # Its own folders only: empty ones, named as the program.
+  file(GLOB left ${folder}/*)
+  if(folder MATCHES "/orvane$" AND NOT left)
+    file(REMOVE_RECURSE ${folder})
+  endif()
+endforeach()
+file(REMOVE ${manifest})
