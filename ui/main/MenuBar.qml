@@ -28,32 +28,27 @@ FocusScope {
         return titles.children[index] as MenuBarTitle;
     }
 
-    function move(from: MenuBarTitle, direction: int) {
+    /// Left (-1) or Right (1) from the title with the keyboard; an open menu moves along.
+    function move(direction: int) {
+        const wasOpen = popup.isOpen;
         const count = titles.children.length;
         for (let i = 0; i < count; ++i) {
-            if (titles.children[i] !== from)
+            if (wasOpen ? titleAt(i) !== popup.owner : !titleAt(i).activeFocus)
                 continue;
             const next = titleAt((i + direction + count) % count);
             next.forceActiveFocus(Qt.MenuBarFocusReason);
-            if (from.wasOpen)
+            if (wasOpen)
                 next.openMenu();
             return;
         }
-    }
-
-    /// With a menu open, the title under the pointer opens its own.
-    function switchTo(from: MenuBarTitle, place: point) {
-        const title = titles.childAt(titles.mapFromGlobal(place).x, titles.mapFromGlobal(place).y) as MenuBarTitle;
-        if (!title || title === from)
-            return;
-        from.closeMenu();
-        title.openMenu();
     }
 
     height: 20
     Accessible.role: Accessible.MenuBar
     Accessible.name: qsTr("Menu bar")
     Keys.onEscapePressed: leave()
+    Keys.onLeftPressed: move(-1)
+    Keys.onRightPressed: move(1)
 
     AltKeyWatcher {
         window: root.Window.window
@@ -87,13 +82,9 @@ FocusScope {
         x: 6
 
         MenuBarTitle {
-            id: program
-
+            menu: popup
             name: qsTr("Orvane")
             isBold: true
-            onMovedSideways: direction => root.move(program, direction)
-            onPointerMovedOutside: place => root.switchTo(program, place)
-            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("About Orvane")
@@ -113,12 +104,8 @@ FocusScope {
             }
         }
         MenuBarTitle {
-            id: file
-
+            menu: popup
             name: qsTr("File")
-            onMovedSideways: direction => root.move(file, direction)
-            onPointerMovedOutside: place => root.switchTo(file, place)
-            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("Close Window")
@@ -127,12 +114,8 @@ FocusScope {
             }
         }
         MenuBarTitle {
-            id: window
-
+            menu: popup
             name: qsTr("Window")
-            onMovedSideways: direction => root.move(window, direction)
-            onPointerMovedOutside: place => root.switchTo(window, place)
-            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("Minimize")
@@ -141,17 +124,33 @@ FocusScope {
             }
         }
         MenuBarTitle {
-            id: help
-
+            menu: popup
             name: qsTr("Help")
-            onMovedSideways: direction => root.move(help, direction)
-            onPointerMovedOutside: place => root.switchTo(help, place)
-            onChosen: root.leave()
 
             MenuEntry {
                 text: qsTr("Contact Support")
                 onTriggered: root.windows.openSupportEmail()
             }
+        }
+    }
+
+    PopupMenu {
+        id: popup
+
+        readonly property MenuBarTitle owner: anchorItem as MenuBarTitle
+
+        anchorItem: titles
+        entries: owner ? owner.entries : []
+        title: owner ? owner.name : ""
+        gap: 2
+        onChosen: root.leave()
+        onMovedSideways: direction => root.move(direction)
+        // With a menu open, the title under the pointer opens its own.
+        onPointerMovedOutside: place => {
+            const at = titles.mapFromGlobal(place);
+            const title = titles.childAt(at.x, at.y) as MenuBarTitle;
+            if (title && title !== owner)
+                title.openMenu();
         }
     }
 }

@@ -5,25 +5,15 @@ import Orvane
 PlainButton {
     id: root
 
-    default property alias entries: menu.entries
+    required property PopupMenu menu  ///< the menu bar's, for all titles
+    default property list<MenuEntry> entries
     property bool isBold: false
-    property bool wasOpen: false  ///< when Left or Right was pressed
-
-    signal movedSideways(int direction)
-    signal chosen  ///< an entry, by whatever means
-    signal pointerMovedOutside(point place)  ///< on the screen, while the menu is open
-
-    function moveSideways(direction: int, open: bool) {
-        wasOpen = open;
-        movedSideways(direction);
-    }
+    readonly property bool isOpen: menu.isOpen && menu.anchorItem === root
 
     function openMenu() {
-        menu.open();
-    }
-
-    function closeMenu() {
         menu.close();
+        menu.anchorItem = root;
+        menu.open();
     }
 
     width: title.implicitWidth + 14
@@ -31,16 +21,14 @@ PlainButton {
     focusRadius: 4
     activeFocusOnTab: false
     Accessible.role: Accessible.ButtonMenu
-    onClicked: menu.isOpen ? menu.close() : menu.open()
-    Keys.onDownPressed: menu.open()
-    Keys.onLeftPressed: moveSideways(-1, false)
-    Keys.onRightPressed: moveSideways(1, false)
+    onClicked: isOpen ? menu.close() : openMenu()
+    Keys.onDownPressed: openMenu()
 
     SmoothRectangle {
         anchors.fill: parent
-        visible: menu.isOpen || root.containsMouse
+        visible: root.isOpen || root.containsMouse
         radius: 4
-        color: Theme.withOpacity(Theme.gray, menu.isOpen ? 0.25 : 0.12)
+        color: Theme.withOpacity(Theme.gray, root.isOpen ? 0.25 : 0.12)
     }
 
     Text {
@@ -51,19 +39,5 @@ PlainButton {
         font: Theme.systemFont(12, root.isBold ? Font.DemiBold : Font.Normal)
         color: Theme.label
         Accessible.ignored: true
-    }
-
-    PopupMenu {
-        id: menu
-
-        anchorItem: root
-        gap: 2
-        title: root.name
-        onChosen: root.chosen()
-        onPointerMovedOutside: place => root.pointerMovedOutside(place)
-        onMovedSideways: direction => {
-            menu.close();
-            root.moveSideways(direction, true);
-        }
     }
 }

@@ -82,12 +82,13 @@ FocusScope {
         Repeater {
             id: repeater
 
-            model: root.entries.length
+            model: root.entries
             delegate: MenuRow {
                 required property int index
+                required property MenuEntry modelData
 
                 width: rows.width
-                entry: root.entries[index]
+                entry: modelData
                 indented: root.hasChecks
                 current: root.currentIndex === index
                 onHovered: root.currentIndex = index
