@@ -6,10 +6,8 @@ import Orvane
 Item {
     id: root
 
-    /// For assistive technology.
-    required property string name
-    property string toolTip  ///< shown under a resting pointer
-    property bool hovers: false  ///< is lit up under the pointer
+    required property string name  ///< for assistive technology
+    property string description  ///< the same
     property real focusRadius: 5
     property real focusInset: 0  ///< points between the item's edge and the ring
     property alias pressedDown: area.pressed
@@ -31,7 +29,7 @@ Item {
     Accessible.name: name
     Accessible.focusable: true
     Accessible.onPressAction: press()
-    Accessible.description: toolTip
+    Accessible.description: description
     // An accepted override keeps the key from the window's Shortcut.
     Keys.onShortcutOverride: event => event.accepted = isPress(event.key)
     Keys.onPressed: event => {
@@ -40,24 +38,12 @@ Item {
             press();
     }
 
-    HoverEffect {
-        visible: root.hovers
-        z: -1
-    }
-
     MouseArea {
         id: area
 
         anchors.fill: parent
         hoverEnabled: true
         onClicked: root.press()
-    }
-
-    ToolTipWindow {
-        anchorItem: root
-        text: root.toolTip
-        hovered: area.containsMouse
-        pressed: area.pressed
     }
 
     FocusRing {

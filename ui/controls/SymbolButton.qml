@@ -5,12 +5,14 @@ import Orvane
 PlainButton {
     id: root
 
+    property string toolTip  ///< shown under a resting pointer
     property alias symbol: image.name
     property alias pointSize: image.pointSize
     property alias color: image.color
 
     implicitWidth: image.width + 8
     implicitHeight: image.height + 8
+    description: toolTip
 
     Symbol {
         id: image
@@ -18,5 +20,10 @@ PlainButton {
         anchors.centerIn: parent
         color: Theme.blue
         opacity: !root.enabled ? 0.35 : root.pressedDown ? 0.6 : 1
+    }
+
+    ToolTipWindow {
+        button: root
+        text: root.toolTip
     }
 }

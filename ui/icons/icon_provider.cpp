@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QImageReader>
 #include <QLoggingCategory>
+#include <QPixmapCache>
 #include <QUrl>
 
 #include "ui/icons/icon_decoder.h"
@@ -44,6 +45,7 @@ QImage clearPixel() {
 IconProvider::IconProvider(FileReader readFile)
     : QQuickImageProvider(QQuickImageProvider::Image), readFile_(std::move(readFile)) {
   QImageReader::setAllocationLimit(mostMegabytes);
+  QPixmapCache::setCacheLimit(0);
   QLoggingCategory::setFilterRules(QStringLiteral("qt.svg*=false\nqt.gui.imageio*=false"));
 }
 

@@ -10,8 +10,9 @@ namespace orvane {
 /// Pictures of applications for Image, by themed icon name or absolute path.
 ///
 /// An icon that can't be shown is a picture of one clear pixel: Image would print a line about
-/// none. Making the provider limits what any picture of the program may take to 64 MB, and keeps
-/// Qt's readers from printing what they think of a file; QT_LOGGING_RULES brings that back.
+/// none. Making the provider limits what any picture of the program may take to 64 MB, turns off
+/// QPixmapCache, which would keep what Image keeps, and keeps Qt's readers from printing what they
+/// think of a file; QT_LOGGING_RULES brings that back.
 class IconProvider : public QQuickImageProvider {
  public:
   static constexpr const char* providerId = "application";

@@ -76,7 +76,9 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
 QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
   const double scale = window()->effectiveDevicePixelRatio() * std::clamp(detail_, 1.0 / 64, 1.0);
   auto* image = static_cast<QSGImageNode*>(node);
-  if (width() <= 0 || height() <= 0) {
+  // The scene graph asks invisible items, too: those of a window's rings and highlights take 0.3
+  // MB.
+  if (!isVisible() || width() <= 0 || height() <= 0) {
     delete image;
     dirty_ = true;
     return nullptr;
@@ -113,7 +115,10 @@ void PaintedItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeo
 
 void PaintedItem::itemChange(ItemChange change, const ItemChangeData& data) {
   QQuickItem::itemChange(change, data);
-  if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) repaint();
+  if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange ||
+      change == ItemVisibleHasChanged) {
+    repaint();
+  }
 }
 
 }  // namespace orvane

@@ -13,8 +13,11 @@ PlainButton {
     implicitHeight: Math.max(bolt.height, label.implicitHeight) + 16
     name: text
     enabled: !processing
-    hovers: true
     focusInset: 2
+
+    HoverEffect {
+        z: -1
+    }
 
     Symbol {
         id: bolt

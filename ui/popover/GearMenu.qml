@@ -12,7 +12,6 @@ PlainButton {
     implicitWidth: 22 + 16
     implicitHeight: gear.height + 16
     name: qsTr("Settings")
-    hovers: true
     focusInset: 2
     Accessible.role: Accessible.ButtonMenu
     onClicked: {
@@ -20,6 +19,10 @@ PlainButton {
         menu.open();
     }
     Keys.onDownPressed: clicked()
+
+    HoverEffect {
+        z: -1
+    }
 
     Symbol {
         id: gear

@@ -33,7 +33,7 @@ ProcessInfoSection {
             width: label.width
             height: heading.height
             name: qsTr("Reveal")
-            toolTip: qsTr("Show in Finder")
+            description: tip.text
             focusInset: -3
             onClicked: {
                 root.windows.revealExecutable(root.record);
@@ -58,6 +58,13 @@ ProcessInfoSection {
                     pointSize: 9
                     color: Theme.blue
                 }
+            }
+
+            ToolTipWindow {
+                id: tip
+
+                button: reveal
+                text: qsTr("Show in Finder")
             }
         }
     }

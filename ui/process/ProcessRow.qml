@@ -29,17 +29,19 @@ Item {
 
     SmoothRectangle {
         anchors.fill: parent
+        visible: root.isSelected
         radius: 10
-        gradientColors: root.isSelected ? [Theme.withOpacity(Theme.blue, 0.2), Theme.withOpacity(Theme.purple, 0.2)] : []
+        gradientColors: [Theme.withOpacity(Theme.blue, 0.2), Theme.withOpacity(Theme.purple, 0.2)]
     }
 
     // Half of the line lies outside of the row.
     SmoothRectangle {
         anchors.fill: parent
         anchors.margins: -1
+        visible: root.isSelected
         radius: 11
         borderWidth: 2
-        borderColor: root.isSelected ? Theme.withOpacity(Theme.blue, 0.5) : "transparent"
+        borderColor: Theme.withOpacity(Theme.blue, 0.5)
     }
 
     MouseArea {

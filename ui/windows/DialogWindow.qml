@@ -18,7 +18,6 @@ Window {
         height = maximumHeight;
     }
 
-    flags: Qt.Dialog | Qt.CustomizeWindowHint | Qt.WindowTitleHint | Qt.WindowCloseButtonHint
     color: "transparent"
     visible: false
     onContentHeightChanged: fit()

@@ -9,7 +9,6 @@ Window {
     readonly property real barHeight: 20
 
     title: qsTr("Orvane")
-    flags: Qt.Window | Qt.CustomizeWindowHint | Qt.WindowTitleHint | Qt.WindowSystemMenuHint | Qt.WindowMinimizeButtonHint | Qt.WindowCloseButtonHint
     color: "transparent"
     visible: false
     width: 440

@@ -10,7 +10,6 @@ Window {
     required property point statusItem  ///< where the panel says its item is, in device pixels
 
     title: qsTr("Orvane")
-    flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.NoDropShadowWindowHint
     color: "transparent"
     visible: false
     width: view.width

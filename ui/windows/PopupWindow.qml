@@ -51,9 +51,6 @@ Item {
                 bubble.arrowTip = centre.y - y;
             }
 
-            // On X11 PopupController takes the input itself: assistive technology doesn't see a
-            // Qt.Popup.
-            flags: (Qt.platform.pluginName === "xcb" ? Qt.Tool | Qt.BypassWindowManagerHint | Qt.WindowStaysOnTopHint : Qt.Popup) | Qt.FramelessWindowHint | Qt.NoDropShadowWindowHint
             color: "transparent"
             visible: false
             Component.onCompleted: {

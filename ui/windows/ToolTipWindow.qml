@@ -1,14 +1,14 @@
 import QtQuick
 import Orvane
 
-/// A short text in a window of its own, below an item over which the pointer rests.
+/// A short text in a window of its own, below a button on which the pointer rests.
 Item {
     id: root
 
-    required property Item anchorItem
+    required property PlainButton button
     required property string text
-    required property bool hovered  ///< the pointer is over the item
-    required property bool pressed
+    readonly property bool hovered: button.containsMouse
+    readonly property bool pressed: button.pressedDown
     property bool pressedBefore: false  ///< since the pointer came: it hides the text until the pointer comes again
     readonly property bool wanted: hovered && !pressedBefore
 
@@ -29,8 +29,6 @@ Item {
         sourceComponent: Window {
             id: window
 
-            flags: Qt.ToolTip | Qt.FramelessWindowHint | Qt.WindowDoesNotAcceptFocus
-                | Qt.WindowTransparentForInput
             color: "transparent"
             Component.onCompleted: {
                 controller.place(label.implicitWidth + 14, label.implicitHeight + 8,
@@ -42,7 +40,7 @@ Item {
                 id: controller
 
                 window: window
-                anchor: root.anchorItem
+                anchor: root.button
                 takesInput: false
                 onDismissed: loader.active = false
             }

@@ -19,6 +19,18 @@ bool needsGrab() {
   return QGuiApplication::platformName() == QStringLiteral("xcb");
 }
 
+Qt::WindowFlags popupFlags(bool takesInput) {
+  if (!takesInput) {
+    return Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
+           Qt::WindowTransparentForInput;
+  }
+  // Assistive technology doesn't see a Qt::Popup on X11.
+  const Qt::WindowFlags type =
+      needsGrab() ? Qt::Tool | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint
+                  : Qt::WindowFlags(Qt::Popup);
+  return type | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
+}
+
 /// Whether the window can't be moved: on Wayland a popup keeps its place while it is open.
 bool staysPut(const QWindow& popup) {
   return popup.isVisible() && QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
@@ -63,6 +75,7 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
   const QSize size(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)));
   const QRect placed = placePopup(anchor, size, screen->availableGeometry(),
                                   edge == Below ? PopupEdge::below : PopupEdge::trailing);
+  if (!window_->isVisible()) window_->setFlags(popupFlags(takesInput_));
   window_->setScreen(anchor_->window()->screen());
   window_->setGeometry({staysPut(*window_) ? window_->position() : placed.topLeft(), size});
 }

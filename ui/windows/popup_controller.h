@@ -42,7 +42,8 @@ class PopupController : public QObject {
   void setAnchor(QQuickItem* anchor);
   void setHasMenuOpen(bool isOpen);
 
-  /// Gives the window its size and place, on the screen of the anchor.
+  /// Gives the window its size and place, on the screen of the anchor, and, before it is shown, the
+  /// flags of a popup.
   Q_INVOKABLE void place(double width, double height, Edge edge, double gap);
   /// Makes the window the popover: puts it beside the status item, on its screen, now and whenever
   /// its height changes; `reported` is where the panel says the item is, in device pixels.

@@ -20,6 +20,22 @@ namespace {
 // At most, from the press on the panel that takes the focus away to the panel's Activate.
 constexpr int sameClickMilliseconds = 400;
 
+/// Not in QML: the first `Qt.Window | ...` there makes a table of all of Qt's enumerators, 0.2 MB.
+Qt::WindowFlags flagsOf(WindowKind kind) {
+  switch (kind) {
+    case WindowKind::popover:
+      return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+             Qt::NoDropShadowWindowHint;
+    case WindowKind::main:
+      return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+             Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+    case WindowKind::update:
+    case WindowKind::about:
+      break;
+  }
+  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+}
+
 void bringToFront(QWindow& window) {
   window.showNormal();
   window.raise();
@@ -89,6 +105,7 @@ QQuickWindow* WindowController::make(WindowKind kind, const char* file, QVariant
     return nullptr;
   }
   made.release();
+  window->setFlags(flagsOf(kind));
   windows_[kind].reset(window);
   connect(window, &QWindow::activeChanged, this, [this, window, kind] {
     if (window->isActive()) shell_.windowDidBecomeKey(kind);
