@@ -1,6 +1,7 @@
 // What an application holds, and which of its processes is read next.
 #include "platform/linux/applications/application_memory.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -10,11 +11,17 @@ namespace orvane {
 namespace {
 
 using std::chrono::seconds;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 constexpr std::uint64_t mb = 1'000'000;
 
 /// An application out of processes of so many million bytes.
 struct Tree {
+  explicit Tree(std::initializer_list<std::uint64_t> own = {}) {
+    for (const std::uint64_t size : own) add(size, 0);
+  }
+
   std::deque<Process> processes;
   std::vector<ApplicationMember> members;
   ReadingState state;
@@ -70,9 +77,7 @@ TEST(ApplicationMemory, IsEstimatedFromWhatIsSharedByNobody) {
   store.members.back().familyInside = true;
   EXPECT_EQ(store.figure(), 700U);
 
-  Tree swapped;
-  swapped.add(0, 0);
-  EXPECT_EQ(memoryFigure(swapped.members), static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE)));
+  EXPECT_EQ(memoryFigure(Tree{0}.members), static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE)));
 }
 
 TEST(ApplicationMemory, FollowsTheReadingsAndWhatChangedSince) {
@@ -96,46 +101,38 @@ TEST(ApplicationMemory, FollowsTheReadingsAndWhatChangedSince) {
 
 class NextReadings : public testing::Test {
  protected:
-  /// The processes read next, in order, each found to hold half of its resident size.
-  std::vector<Process*> next(std::initializer_list<Tree*> trees) {
+  /// The resident sizes of the processes read next, each found to hold half of that.
+  std::vector<std::uint64_t> next(std::initializer_list<Tree*> trees) {
     std::vector<ReadingCandidate> candidates;
     for (Tree* tree : trees) candidates.push_back(tree->candidate());
-    auto chosen = nextReadings(candidates, pace_, now_);
-    for (Process* process : chosen) {
-      process->pending = reading(*process, process->residentSize / mb / 2, now_);
+    std::vector<std::uint64_t> sizes;
+    for (Process* process : nextReadings(candidates, pace_, now_)) {
+      sizes.push_back(process->residentSize / mb);
+      process->pending = reading(*process, sizes.back() / 2, now_);
     }
-    return chosen;
+    return sizes;
   }
 
   ReadingPace pace_{seconds(60), seconds(20), 1000 * mb, 5000 * mb, 10};
   ReadingTime now_{seconds(5000)};
 };
 
-using Processes = std::vector<Process*>;
-
 TEST_F(NextReadings, BeginWithWhatIsLargeAndUnknown) {
-  Tree small;
-  small.add(99, 0);
-  Tree shells;  // small ones, but many of them
-  Process& shell = shells.add(50, 0);
-  Process& fork = shells.add(50, 1, &shell);
-  Tree large;
-  Process& program = large.add(800, 0);
-  EXPECT_EQ(next({&small, &shells, &large}), (Processes{&program, &shell, &fork}));
-  EXPECT_EQ(next({&small, &shells, &large}), Processes{});
+  Tree small{99};
+  Tree shells{50, 51};  // small ones, but two of them
+  Tree large{800};
+  EXPECT_THAT(next({&small, &shells, &large}), ElementsAre(800, 50, 51));
+  EXPECT_THAT(next({&small, &shells, &large}), IsEmpty());
 }
 
 TEST_F(NextReadings, StayInTheBudgetAndGoOnWhereTheyEnded) {
-  Tree tree;
-  for (int i = 0; i < 4; ++i) tree.add(400, 0);
-  Tree other;
-  Process& single = other.add(1500, 0);
-  const auto at = [&](std::size_t i) { return tree.members[i].process; };
-  EXPECT_EQ(next({&tree, &other}), (Processes{at(0), at(1)}));
-  EXPECT_EQ(tree.candidate().figure, 1600 * mb) << "a part of the readings tells nothing";
+  Tree tree{401, 402, 403, 404};
+  Tree other{1500};
+  EXPECT_THAT(next({&tree, &other}), ElementsAre(401, 402));
+  EXPECT_EQ(tree.candidate().figure, 1610 * mb) << "a part of the readings tells nothing";
   tree.add(300, 0);  // new processes don't keep a round from ending
-  EXPECT_EQ(next({&tree, &other}), (Processes{at(2), at(3)}));
-  EXPECT_EQ(next({&tree, &other}), (Processes{&single})) << "one process can't be cut in pieces";
+  EXPECT_THAT(next({&tree, &other}), ElementsAre(403, 404));
+  EXPECT_THAT(next({&tree, &other}), ElementsAre(1500)) << "one process can't be cut in pieces";
   // A machine full of large applications is read in time all the same.
   std::deque<Tree> many(30);
   std::vector<ReadingCandidate> candidates;
@@ -147,46 +144,42 @@ TEST_F(NextReadings, StayInTheBudgetAndGoOnWhereTheyEnded) {
 }
 
 TEST_F(NextReadings, AreTakenAgainWhenTheFigureMovedOrTheyAreOld) {
-  Tree steady;
-  Process& constant = steady.add(300, 0);
-  Tree moving;
-  Process& growing = moving.add(300, 0);
-  EXPECT_EQ(next({&steady, &moving}).size(), 2U);
-  EXPECT_EQ(next({&steady, &moving}), Processes{});
-  growing.residentSize += 14 * mb;  // less than a tenth of 150 MB
-  now_ += seconds(20);
-  EXPECT_EQ(next({&steady, &moving}), Processes{});
-  growing.residentSize += 6 * mb;
-  EXPECT_EQ(next({&steady, &moving}), Processes{&growing});
-  EXPECT_EQ(next({&steady, &moving}), Processes{});
-  growing.residentSize += 900 * mb;
-  EXPECT_EQ(next({&steady, &moving}), Processes{}) << "too soon";
-  now_ += seconds(39);
-  EXPECT_EQ(next({&steady, &moving}), Processes{&growing});
-  now_ += seconds(1);
-  EXPECT_EQ(next({&steady, &moving}), Processes{&constant});
+  Tree steady{301};
+  Tree moving{300};
+  Process& growing = moving.processes[0];
+  EXPECT_THAT(next({&steady, &moving}), ElementsAre(301, 300));
+  const struct {
+    std::uint64_t growth;
+    seconds pause;
+    std::vector<std::uint64_t> read;
+  } steps[] = {{0, seconds(0), {}},      {14, seconds(20), {}},  // less than a tenth of 150 MB
+               {6, seconds(0), {320}},   {0, seconds(0), {}},   {900, seconds(0), {}},  // too soon
+               {0, seconds(39), {1220}}, {0, seconds(1), {301}}};
+  for (const auto& [growth, pause, read] : steps) {
+    growing.residentSize += growth * mb;
+    now_ += pause;
+    EXPECT_EQ(next({&steady, &moving}), read) << growing.residentSize / mb;
+  }
 }
 
 TEST_F(NextReadings, GoOnWhenTheApplicationBecomesSmall) {
-  Tree tree;
-  Process& parent = tree.add(60, 0);
-  tree.add(60, 0, &parent);
-  EXPECT_EQ(next({&tree}).size(), 2U);
-  EXPECT_EQ(next({&tree}), Processes{});
+  Tree tree{60};
+  tree.add(61, 0, &tree.processes[0]);
+  EXPECT_THAT(next({&tree}), ElementsAre(60, 61));
+  EXPECT_THAT(next({&tree}), IsEmpty());
   tree.members.pop_back();  // whose half of the pages is the parent's now
   EXPECT_EQ(tree.figure(), 30U);
   now_ += seconds(20);
-  EXPECT_EQ(next({&tree}), Processes{&parent});
+  EXPECT_THAT(next({&tree}), ElementsAre(60));
 }
 
 TEST_F(NextReadings, OfHugeProcessesAreRarer) {
-  Tree tree;
-  Process& huge = tree.add(4 * 4295, 0);
-  EXPECT_EQ(next({&tree}), Processes{&huge});
+  Tree tree{4 * 4295};
+  EXPECT_THAT(next({&tree}), ElementsAre(17180));
   now_ += seconds(239);
-  EXPECT_EQ(next({&tree}), Processes{});
+  EXPECT_THAT(next({&tree}), IsEmpty());
   now_ += seconds(2);
-  EXPECT_EQ(next({&tree}), Processes{&huge});
+  EXPECT_THAT(next({&tree}), ElementsAre(17180));
 }
 
 TEST(ReadingPace, IsSlowerWhileNobodyLooks) {

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/linux/applications/linux_applications.h"
 #include "tests/fakes/virtual_time.h"
@@ -19,6 +21,13 @@ namespace fs = std::filesystem;
 /// Running applications as this machine really has them, with desktop entries of the test's own.
 class LinuxApplicationsTest : public testing::Test {
  protected:
+  explicit LinuxApplicationsTest(xcb_connection_t* x11 = nullptr, const std::string& entries = "")
+      : applications_({.x11 = x11,
+                       .applicationDirectories = {entries.empty() ? folder_.string() : entries},
+                       .descriptorLimit = 4000,
+                       .isWatched = [] { return true; }},
+                      time_, time_) {}
+
   void addEntry(const std::string& id, const std::string& exec, const std::string& more = "") {
     std::ofstream(folder_ / (id + ".desktop")) << "[Desktop Entry]\nType=Application\nName=The "
                                                << id << "\nIcon=" << id << "\nExec=" << exec << '\n'
@@ -32,67 +41,62 @@ class LinuxApplicationsTest : public testing::Test {
     return path.string();
   }
 
-  /// A program of its own name and executable.
-  std::string addProgram(const std::string& name) {
-    const fs::path path = folder_ / name;
-    fs::copy_file(fs::canonical("/usr/bin/sleep"), path);
-    return path.string();
+  /// A copy of a program with a name and an executable of its own.
+  std::string addProgram(const std::string& name, const std::string& of = "/usr/bin/sleep") {
+    fs::copy_file(fs::canonical(of), folder_ / name);
+    return (folder_ / name).string();
+  }
+  std::string addPython(const std::string& name) { return addProgram(name, "/usr/bin/python3"); }
+
+  /// Runs a command that nothing joins to this program, until the end of the test.
+  pid_t runOrphan(std::vector<std::string> command) {
+    const auto launch = addScript("launch", "\"$@\" &\necho $! > \"$0-pid\"\n");
+    command.insert(command.begin(), launch);
+    ChildProcess& launcher = orphans_.emplace_back(command);
+    EXPECT_TRUE(launcher.hasExited());
+    launcher.wait();
+    pid_t pid = 0;
+    std::ifstream(launch + "-pid") >> pid;
+    return pid;
   }
 
-  /// A Python of its own name and executable.
-  std::string addPython(const std::string& name) {
-    const fs::path path = folder_ / name;
-    fs::copy_file(fs::canonical("/usr/bin/python3"), path);
-    return path.string();
+  template <typename Condition>
+  std::optional<RunningApplication> find(Condition fits) {
+    for (auto& application : applications_.runningApplications()) {
+      if (fits(application)) return application;
+    }
+    return {};
   }
-
   std::optional<RunningApplication> ledBy(pid_t pid) {
-    for (auto& application : applications_.runningApplications()) {
-      if (application.processIdentifier == pid) return application;
-    }
-    return {};
+    return find([&](const auto& application) { return application.processIdentifier == pid; });
   }
-
-  /// As of a new list; none for an application that isn't in it.
-  std::optional<TaskFigures> figuresOf(pid_t pid) {
-    const auto application = ledBy(pid);
-    return application ? std::optional(application->figures) : std::nullopt;
-  }
-
-  /// The application of this name whose leader runs one of the test's own programs: other runs of
-  /// the tests may have namesakes.
+  /// Of this name and led by one of the test's own programs: other runs of the tests may have
+  /// namesakes.
   std::optional<RunningApplication> named(const std::string& name) {
-    for (auto& application : applications_.runningApplications()) {
-      const bool isOwn = application.executablePath.starts_with(folder_.string());
-      if (isOwn && application.localizedName == name) return application;
-    }
-    return {};
-  }
-
-  /// Waits until the application exists and is led by the executable of this name.
-  std::optional<RunningApplication> awaitLeader(const std::string& name,
-                                                const std::string& executable) {
-    std::optional<RunningApplication> application;
-    const bool came = eventually([&] {
-      application = named(name);
-      return application && fs::path(application->executablePath).filename() == executable;
+    return find([&](const auto& application) {
+      return application.localizedName == name &&
+             application.executablePath.starts_with(folder_.string());
     });
-    return came ? application : std::nullopt;
   }
 
-  void killLeader(const RunningApplication& application) {
-    if (application.handle) application.handle->kill();
+  /// Waits until the application exists and is led by this program of the test's.
+  std::optional<RunningApplication> awaitLeader(const std::string& name,
+                                                const std::string& program) {
+    std::optional<RunningApplication> application;
+    eventually([&] {
+      application = find([&](const auto& each) {
+        return each.localizedName == name && each.executablePath == folder_ / program;
+      });
+      return application.has_value();
+    });
+    return application;
   }
 
   TestDirectory directory_;
   fs::path folder_ = directory_.path();
   fakes::VirtualTime time_;
-  LinuxApplications applications_{{.x11 = nullptr,
-                                   .applicationDirectories = {folder_.string()},
-                                   .descriptorLimit = 4000,
-                                   .isWatched = [] { return true; }},
-                                  time_,
-                                  time_};
+  LinuxApplications applications_;
+  std::deque<ChildProcess> orphans_;
 };
 
 }  // namespace orvane

@@ -10,7 +10,6 @@
 #include <functional>
 #include <string>
 #include <thread>
-#include <utility>
 #include <vector>
 
 #include "platform/linux/files/file_descriptor.h"
@@ -31,15 +30,13 @@ inline bool eventually(const std::function<bool()>& condition,
 /// A program run for a test, in a process group of its own that ends with the object.
 class ChildProcess {
  public:
-  explicit ChildProcess(std::vector<std::string> arguments,
-                        std::vector<std::pair<std::string, std::string>> environment = {}) {
+  explicit ChildProcess(std::vector<std::string> arguments) {
     std::vector<char*> pointers;
     for (auto& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     pid_ = ::fork();
     if (pid_ == 0) {
       ::setpgid(0, 0);
-      for (const auto& [name, value] : environment) ::setenv(name.c_str(), value.c_str(), 1);
       ::execvp(pointers[0], pointers.data());
       ::_exit(127);
     }

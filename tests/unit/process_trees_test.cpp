@@ -12,10 +12,11 @@ constexpr std::uint64_t mebibyte = 1 << 20;
 
 class ProcessTreesTest : public LinuxApplicationsTest {
  protected:
-  /// MB that the model is told.
+  /// MB that the model is told of a new list; none for an application that isn't in it.
   double figure(pid_t pid) {
-    const auto figures = figuresOf(pid);
-    return static_cast<double>(figures->residentSize.value()) / static_cast<double>(mebibyte);
+    const auto application = ledBy(pid);
+    const auto bytes = application ? application->figures.residentSize.value() : 0;
+    return static_cast<double>(bytes) / static_cast<double>(mebibyte);
   }
 
   static std::vector<pid_t> treeOf(pid_t root) {
@@ -91,37 +92,27 @@ TEST_F(ProcessTreesTest, AKilledApplicationLeavesNextToNothingBehind) {
                    "os.open(\"" +
                    ready + "\", os.O_CREAT); time.sleep(600)'";
   const auto script = addScript("late", "sleep 0.2\n" + run + "\n:\n");
-  const auto runner = addPython("runner");
-  const std::vector<std::string> trees[] = {
-      {script},
-      {runner, "-c", "import subprocess, sys; subprocess.run(sys.argv[1] + '; :', shell=True)",
-       run},
-      {"timeout", "600", script},
-      {"bwrap", "--dev-bind", "/", "/", "--unshare-pid", "sh", "-c", run + "; :"}};
-  for (const auto& tree : trees) {
-    // An orphan, so that nothing joins it to this program.
-    std::vector<std::string> command{addScript("launch", "\"$@\" &\necho $! > \"$0-pid\"\n")};
-    command.insert(command.end(), tree.begin(), tree.end());
-    const ChildProcess launcher(command);
-    ASSERT_TRUE(launcher.hasExited());
-    pid_t root = 0;
-    std::ifstream(folder_ / "launch-pid") >> root;
-    std::optional<RunningApplication> application;
+  addEntry("late", script);
+  const std::string runs =
+      "import subprocess, sys; subprocess.run(sys.argv[1] + '; :', shell=True)";
+  const std::pair<std::string, std::vector<std::string>> trees[] = {
+      {"The late", {script}},
+      {"runner", {addPython("runner"), "-c", runs, run}},
+      {"hog", {"timeout", "600", "sh", "-c", run + "; :"}},
+      {"hog", {"bwrap", "--dev-bind", "/", "/", "--unshare-pid", "sh", "-c", run + "; :"}}};
+  for (const auto& [name, command] : trees) {
+    SCOPED_TRACE(command[0]);
+    const pid_t root = runOrphan(command);
     ASSERT_TRUE(eventually([&] { return fs::exists(ready); }));
     const auto processes = treeOf(root);
     ASSERT_GE(processes.size(), 2U);
-    ASSERT_TRUE(eventually([&] {
-      for (auto& each : applications_.runningApplications()) {
-        const bool inTree = std::count(processes.begin(), processes.end(), each.processIdentifier);
-        if (inTree && each.processIdentifier != root) application = std::move(each);
-      }
-      return application.has_value();
-    })) << tree[0];
-    EXPECT_NE(application->localizedName, "bwrap");
-    EXPECT_NE(application->localizedName, "timeout");
+    const auto application = awaitLeader(name, "hog");
+    ASSERT_TRUE(application);
+    EXPECT_TRUE(std::count(processes.begin(), processes.end(), application->processIdentifier));
+    EXPECT_EQ(application->figures.threadCount, processes.size());
     const double before = proportionalSize(processes);
-    killLeader(*application);
-    EXPECT_TRUE(eventually([&] { return proportionalSize(processes) <= 0.1 * before; })) << tree[0];
+    application->handle->kill();
+    EXPECT_TRUE(eventually([&] { return proportionalSize(processes) <= 0.1 * before; }));
     fs::remove(ready);
   }
 }
