@@ -8,88 +8,81 @@
 namespace orvane {
 namespace {
 
-TEST(Preferences, survivesTheProgramAndKeepsForeignKeys) {
-  const TestDirectory directory;
-  const std::string path = directory.write("o.conf", "[General]\nkept=yes\n\n[other]\nkey=1\n");
-  {
-    LinuxPreferences preferences(path);
-    preferences.setBoolean("launchAtLogin", true);
-    EXPECT_NE(readFile(path).find("launchAtLogin=true"), std::string::npos) << "written at once";
-    preferences.setText("processSortMode", "peak");
+using namespace std::string_literals;
+
+class PreferencesTest : public testing::Test {
+ protected:
+  std::string write(const std::string& name, const std::string& content) {
+    return directory_.write(name, content);
   }
-  const LinuxPreferences preferences(path);
-  EXPECT_EQ(preferences.boolean("launchAtLogin"), true);
-  EXPECT_EQ(preferences.text("processSortMode"), "peak");
-  EXPECT_EQ(preferences.text("kept"), "yes");
+  /// Stores a mode; it holds for this run whatever becomes of the file.
+  static void storeMode(const std::string& path) {
+    LinuxPreferences preferences(path);
+    preferences.setText("processSortMode", "average");
+    EXPECT_EQ(preferences.text("processSortMode"), "average") << path;
+    runEventLoopFor(20);
+  }
+  static std::optional<std::string> storedMode(const std::string& path) {
+    return LinuxPreferences(path).text("processSortMode");
+  }
+
+  TestDirectory directory_;
+  const std::string good_ = "[General]\nkept=yes\n\n[other]\nkey=1\n";
+};
+
+TEST_F(PreferencesTest, SurviveTheProgramAndKeepForeignKeys) {
+  const std::string path = write("o.conf", good_);
+  LinuxPreferences(path).setBoolean("launchAtLogin", true);
+  EXPECT_NE(readFile(path).find("launchAtLogin=true"), std::string::npos) << "written at once";
+  storeMode(path);
+  EXPECT_EQ(storedMode(path), "average");
+  EXPECT_EQ(LinuxPreferences(path).boolean("launchAtLogin"), true);
+  EXPECT_EQ(LinuxPreferences(path).text("kept"), "yes");
   EXPECT_NE(readFile(path).find("[other]\nkey=1"), std::string::npos);
 }
 
-TEST(Preferences, valuesOfAnotherKindReadAsNone) {
-  const TestDirectory directory;
-  const std::string path = directory.write(
-      "o.conf", "[General]\na=1\nb=TRUE\nc=\nd=one, two\ne=@Variant(\\0)\nf=@Size(1 2)\n");
-  const LinuxPreferences preferences(path);
+TEST_F(PreferencesTest, OfAnotherKindReadAsNone) {
+  const LinuxPreferences preferences(
+      write("o.conf", "[General]\na=1\nb=TRUE\nc=\nd=one, two\ne=@Variant(\\0)\nf=@Size(1 2)\n"));
   for (const char* key : {"a", "b", "c", "d", "e", "f", "absent"}) {
     EXPECT_EQ(preferences.boolean(key), std::nullopt) << key;
   }
-  for (const char* key : {"d", "f", "absent"}) {
-    EXPECT_EQ(preferences.text(key), std::nullopt) << key;
-  }
+  for (const char* key : {"d", "f", "absent"}) EXPECT_EQ(preferences.text(key), std::nullopt);
 }
 
-TEST(Preferences, aCorruptFileIsKeptBesideTheNewOne) {
-  const std::string broken[] = {"[General]\nlaunchAtLogin=true\nnonsense without equals\n",
-                                std::string("[General]\na=b\n\0\0\0\0", 17),
-                                std::string("\x89PNG\r\n\x1a\n\0\0", 10)};
-  for (const std::string& content : broken) {
-    const TestDirectory directory;
-    const std::string path = directory.write("o.conf", content);
-    LinuxPreferences preferences(path);
-    EXPECT_EQ(readFile(path), content) << "reading changes nothing";
-    preferences.setText("processSortMode", "average");
+TEST_F(PreferencesTest, KeepACorruptFileBesideTheNewOneOrLeaveItAlone) {
+  for (const std::string& content : {"[General]\nlaunchAtLogin=true\nnonsense without equals\n"s,
+                                     "[General]\na=b\n\0\0\0\0"s, "\x89PNG\r\n\x1a\n\0\0"s}) {
+    const TestDirectory folder;  // the library remembers files that it has read
+    const std::string path = folder.write("o.conf", content);
+    const std::string blocked = folder.write("blocked.conf", content);
+    folder.write("blocked.conf.corrupt/in-the-way", "x");
+    for (const std::string& each : {path, blocked}) storeMode(each);
     EXPECT_EQ(readFile(path + ".corrupt"), content);
-    EXPECT_EQ(LinuxPreferences(path).text("processSortMode"), "average");
+    EXPECT_EQ(storedMode(path), "average");
+    EXPECT_EQ(readFile(blocked), content) << "it can't be kept";
   }
+  const std::string file = write("file", "x");
+  storeMode(file + "/o.conf");
+  EXPECT_EQ(readFile(file), "x");
 }
 
-TEST(Preferences, aFileThatCannotBeKeptOrWrittenIsLeftAlone) {
-  const TestDirectory directory;
-  const std::string content = "[General]\nlaunchAtLogin=true\nnonsense without equals\n";
-  const std::string corrupt = directory.write("o.conf", content);
-  directory.write("o.conf.corrupt/in-the-way", "x");
-  const std::string blocking = directory.write("file", "x");
-  for (const std::string& path : {corrupt, blocking + "/o.conf"}) {
-    LinuxPreferences preferences(path);
-    preferences.setText("processSortMode", "average");
-    EXPECT_EQ(preferences.text("processSortMode"), "average") << "for this run";
-    runEventLoopFor(20);
-  }
-  EXPECT_EQ(readFile(corrupt), content);
-  EXPECT_EQ(readFile(blocking), "x");
-}
-
-TEST(Preferences, waitsForNobodyWhenAPipeOrAFolderIsInTheWay) {
-  const TestDirectory directory;
-  const std::string before = "[General]\nother=1\n";
-  const std::string pipe = makePipe(directory.path("pipe.conf"));
-  const std::string locked = directory.write("locked.conf", before);
+TEST_F(PreferencesTest, WaitForNobodyWhenAPipeOrAFolderIsInTheWay) {
+  const std::string pipe = makePipe(directory_.path("pipe.conf"));
+  const std::string locked = write("locked.conf", good_);
   const std::string lock = makePipe(locked + ".lock");
-  const std::string shut = directory.write("shut.conf", before);
+  const std::string shut = write("shut.conf", good_);
   const std::string folder = shut + ".lock";
   std::filesystem::create_directory(folder);
   for (const auto& [path, obstacle] : {std::pair(pipe, pipe), {locked, lock}, {shut, folder}}) {
-    EXPECT_TRUE(endsDespite(obstacle, [&path = path] {
-      LinuxPreferences preferences(path);
-      preferences.setText("processSortMode", "average");
-      EXPECT_EQ(preferences.text("processSortMode"), "average") << "for this run";
-    })) << path;
+    EXPECT_TRUE(endsDespite(obstacle, [&path = path] { storeMode(path); })) << path;
   }
-  EXPECT_EQ(readFile(locked), before);
+  EXPECT_EQ(readFile(locked), good_);
   LinuxPreferences preferences(locked);
   preferences.setText("processSortMode", "average");
   std::filesystem::remove(lock);
   preferences.setBoolean("launchAtLogin", true);
-  EXPECT_EQ(LinuxPreferences(locked).text("processSortMode"), "average") << "once it is gone";
+  EXPECT_EQ(storedMode(locked), "average") << "once it is gone";
 }
 
 }  // namespace

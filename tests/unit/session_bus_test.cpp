@@ -39,24 +39,25 @@ TEST(SessionBus, followsABusThatGoesAndComes) {
   TestBus daemon;
   const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", daemon.address());
   daemon.stop();
-  int connected = 0, disconnected = 0, unavailable = 0;
+  std::string told;
   SessionBus bus(nullptr, {milliseconds(20), milliseconds(2000)});
-  QObject::connect(&bus, &SessionBus::connected, [&] { ++connected; });
-  QObject::connect(&bus, &SessionBus::disconnected, [&] { ++disconnected; });
-  QObject::connect(&bus, &SessionBus::unavailable, [&] { ++unavailable; });
+  QObject::connect(&bus, &SessionBus::connected, [&] { told += "connected "; });
+  QObject::connect(&bus, &SessionBus::disconnected, [&] { told += "disconnected "; });
+  QObject::connect(&bus, &SessionBus::unavailable, [&] { told += "unavailable "; });
   bus.start();
-  ASSERT_TRUE(waitUntil([&] { return unavailable == 1; }));
+  std::string expected = "unavailable ";
+  ASSERT_TRUE(waitUntil([&] { return told == expected; }));
   EXPECT_FALSE(bus.isConnected());
-
   for (int round = 1; round <= 2; ++round) {
     daemon.start();
-    ASSERT_TRUE(waitUntil([&] { return connected == round; }));
+    expected += "connected ";
+    ASSERT_TRUE(waitUntil([&] { return told == expected; })) << told;
     EXPECT_TRUE(bus.connection().isConnected());
     daemon.stop();
-    ASSERT_TRUE(waitUntil([&] { return disconnected == round; }));
+    expected += "disconnected ";
+    ASSERT_TRUE(waitUntil([&] { return told == expected; })) << told;
     EXPECT_FALSE(bus.connection().isConnected());
   }
-  EXPECT_EQ(unavailable, 1) << "only the first attempt reports it";
 }
 
 TEST(SessionBus, waitsForASilentBusWithoutHoldingAnybodyUp) {
@@ -67,10 +68,7 @@ TEST(SessionBus, waitsForASilentBusWithoutHoldingAnybodyUp) {
   clock.start();
   keepQtOffSilentBus();
   EXPECT_GE(clock.elapsed(), 250) << "the toolkit was not kept off";
-  {
-    SessionBus given;
-    given.start();
-  }
+  SessionBus().start();
   for (const bool dies : {false, true}) {
     daemon.pause();
     clock.start();
@@ -79,12 +77,8 @@ TEST(SessionBus, waitsForASilentBusWithoutHoldingAnybodyUp) {
     EXPECT_LT(clock.elapsed(), 5000);
     ASSERT_TRUE(waitUntil([&] { return bus.isSettled(); }));
     EXPECT_FALSE(bus.connection().isConnected());
-    if (dies) {
-      daemon.kill();
-      daemon.start();
-    } else {
-      daemon.resume();
-    }
+    if (dies) daemon.kill();
+    dies ? daemon.start() : daemon.resume();
     EXPECT_TRUE(waitUntil([&] { return bus.isConnected(); })) << dies;
   }
 }

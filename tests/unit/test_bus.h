@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <signal.h>
 
 #include <QtCore/QProcess>
@@ -38,31 +39,31 @@ class TestBus {
   QProcess daemon_;
 };
 
-/// A service on a bus connection of its own, both of which end with this. One at a time a name.
-class BusService {
- public:
-  BusService(const TestBus& bus, const char* name, const char* path, QObject& object)
-      : name_(QString::fromLatin1(name)), connection_(connect(bus, name_)) {
-    connection_.registerObject(QString::fromLatin1(path), &object, QDBusConnection::ExportAllSlots);
-    connection_.registerService(name_);
-  }
-  ~BusService() { QDBusConnection::disconnectFromBus(name_); }
-  BusService(const BusService&) = delete;
-  BusService& operator=(const BusService&) = delete;
-
- private:
-  static QDBusConnection connect(const TestBus& bus, const QString& name) {
-    return QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name);
-  }
-
-  QString name_;
-  QDBusConnection connection_;
-};
-
 /// Runs the event loop until `condition` holds; false when it doesn't within ten seconds.
 [[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
 
 /// Runs the event loop for that long.
 void runEventLoopFor(int milliseconds);
+
+/// A service on a bus connection of its own, both of which end with this. One at a time a name.
+class BusService {
+ public:
+  BusService(const TestBus& bus, const char* name, const char* path, QObject& object)
+      : name_(QString::fromLatin1(name)),
+        connection_(QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name_)) {
+    connection_.registerObject(QString::fromLatin1(path), &object, QDBusConnection::ExportAllSlots);
+    // As soon as the bus has noticed that an owner before is gone.
+    EXPECT_TRUE(waitUntil([&] { return connection_.registerService(name_); }));
+  }
+  ~BusService() { QDBusConnection::disconnectFromBus(name_); }
+  BusService(const BusService&) = delete;
+  BusService& operator=(const BusService&) = delete;
+
+  [[nodiscard]] QDBusConnection& connection() { return connection_; }
+
+ private:
+  QString name_;
+  QDBusConnection connection_;
+};
 
 }  // namespace orvane
