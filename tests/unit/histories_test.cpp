@@ -30,12 +30,9 @@ TEST(MemoryHistory, MakesAPointOfEachSampleAndKeepsTheNewestSixty) {
   const auto subscription =
       history.observe([&] { sizesAtSignal.push_back(history.dataPoints().size()); });
   for (int second = 0; second < 61; ++second) {
-    history.addDataPoint({.free = 4000,
-                          .active = 2000,
-                          .inactive = 3000,
-                          .wired = 1000,
-                          .compressed = 500,
-                          .timestamp = Date{std::chrono::seconds{second}}});
+    MemoryStats stats{.free = 4000, .active = 2000, .inactive = 3000, .wired = 1000};
+    stats.timestamp = Date{std::chrono::seconds{second}};
+    history.addDataPoint(stats);
   }
   const auto& points = history.dataPoints();
   ASSERT_EQ(points.size(), 60U);
@@ -62,33 +59,27 @@ TEST(Observable, EndsWithTheSubscriptionEvenFromInsideAHandler) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(ProcessMemoryHistory, DerivesItsFiguresFromThePoints) {
+TEST(ProcessMemoryHistory, DerivesItsFiguresFromItsSixtyPointsAndWhenItWasLastSeen) {
   fakes::VirtualTime time;
   ProcessMemoryHistory history(time);
   EXPECT_EQ(history.peakMemory() + history.minimumMemory() + history.averageMemory(), 0.0);
-  for (const double value : {200.0, 100.0, 300.0}) history.addDataPoint(value);
-  EXPECT_EQ(history.peakMemory(), 300.0);
-  EXPECT_EQ(history.minimumMemory(), 100.0);
-  EXPECT_EQ(history.averageMemory(), 200.0);
-}
-
-TEST(ProcessMemoryHistory, KeepsSixtyPointsAndWhenItWasLastSeen) {
-  fakes::VirtualTime time;
-  ProcessMemoryHistory history(time);
   EXPECT_EQ(history.lastSeen(), time.now());
   const auto subscription = history.observe([&] { EXPECT_LT(history.lastSeen(), time.now()); });
   for (int value = 0; value < 61; ++value) {
     time.advance(Duration{5});
-    history.addDataPoint(value);
+    history.addDataPoint(value == 3 ? 900.0 : value);
     EXPECT_EQ(history.dataPoints().back().timestamp, time.now());
     EXPECT_EQ(history.lastSeen(), time.now());
   }
   const auto& points = history.dataPoints();
   ASSERT_EQ(points.size(), 60U);
   for (std::size_t index = 0; index < 60; ++index) {
-    EXPECT_EQ(points[index].memoryMB, static_cast<double>(index) + 1.0);
+    EXPECT_EQ(points[index].memoryMB, index == 2 ? 900.0 : static_cast<double>(index) + 1.0);
     EXPECT_NE(points[index].id, points[(index + 1) % 60].id);
   }
+  EXPECT_EQ(history.peakMemory(), 900.0);
+  EXPECT_EQ(history.minimumMemory(), 1.0);
+  EXPECT_EQ(history.averageMemory(), (1830.0 - 3.0 + 900.0) / 60);
 }
 
 }  // namespace

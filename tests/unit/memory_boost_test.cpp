@@ -1,23 +1,16 @@
 #include "core/memory_boost.h"
 
-#include <gtest/gtest.h>
-
-#include "core/memory_manager.h"
-#include "tests/fakes/fake_services.h"
+#include "tests/unit/manager_case.h"
 
 namespace orvane {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr std::uint64_t mebibyte = 1ULL << 20;
-constexpr std::uint64_t gibibyte = 1ULL << 30;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 TEST(BoostClaim, IsInactivePlusHalfOfFreeUpToTheCeiling) {
-  const std::pair<MemoryStats, std::size_t> cases[] = {
-      {{.free = 3 * gibibyte, .inactive = gibibyte}, 536'870'912},
-      {{.free = gibibyte, .active = 1, .inactive = gibibyte}, 3 * gibibyte / 2 / 4}};
-  for (const auto& [stats, words] : cases) EXPECT_EQ(boostClaimWords(stats), words);
+  EXPECT_EQ(boostClaimWords({.free = 3U << 30, .inactive = 1U << 30}), 536'870'912U);
+  EXPECT_EQ(boostClaimWords({.free = 8000, .active = 1, .inactive = 4000}), 2000U);
 }
 
 /// Writes down each sleep with the claims held and the random numbers drawn by then.
@@ -56,24 +49,25 @@ TEST(BoostClaim, IsWrittenHeldForASecondAndReleased) {
   }
 }
 
-class Boost : public testing::Test {
+class Boost : public ManagerCase {
  protected:
-  static constexpr std::uint32_t pagesPerMB = 256;
-
   // A machine of 10,000 MB, so that 2 % of it are 200 MB.
   void setFree(double mebibytes) {
-    const auto pages = static_cast<std::uint32_t>(mebibytes * pagesPerMB);
-    fakes_.counters.counts = PageCounts{
-        .free = pages, .active = 7'000 * pagesPerMB, .inactive = 3'000 * pagesPerMB - pages};
+    const auto pages = static_cast<std::uint32_t>(mebibytes * 256);
+    fakes_.counters.counts =
+        PageCounts{.free = pages, .active = 7'000 * 256, .inactive = 3'000 * 256 - pages};
   }
   void SetUp() override {
     setFree(1000);
     fakes_.claims.refuses = true;  // the reports don't depend on the claim
-    manager_ = MemoryManager::create(fakes_.services());
+    start();
     manager_->setSelectedProcess(ProcessInfo{});  // keeps the sampling tick off the list
   }
-  /// Runs the background step and the main-thread step that follows it.
-  void finishBackgroundStep() { fakes_.time.runPending(); }
+  /// The background step and the main-thread step that follows it.
+  void boost() {
+    manager_->boostMemory();
+    fakes_.time.runPending();
+  }
   std::vector<std::string> bodies() const {
     std::vector<std::string> texts;
     for (const auto& request : fakes_.notifications.requests) {
@@ -82,9 +76,6 @@ class Boost : public testing::Test {
     }
     return texts;
   }
-
-  fakes::FakeServices fakes_;
-  std::shared_ptr<MemoryManager> manager_;
 };
 
 TEST_F(Boost, ClaimsInTheBackgroundAndIgnoresFurtherRequests) {
@@ -93,7 +84,7 @@ TEST_F(Boost, ClaimsInTheBackgroundAndIgnoresFurtherRequests) {
   manager_->updateMemoryStats();
   manager_->boostMemory();
   manager_->boostMemory();
-  EXPECT_TRUE(fakes_.claims.claimedWords.empty()) << "not inside the call";
+  EXPECT_THAT(fakes_.claims.claimedWords, IsEmpty()) << "not inside the call";
   EXPECT_TRUE(manager_->isProcessing());
   int posts = 0;
   fakes_.notificationCentre.addObserver("BoostCompleted", [&] {
@@ -102,9 +93,9 @@ TEST_F(Boost, ClaimsInTheBackgroundAndIgnoresFurtherRequests) {
     EXPECT_EQ(fakes_.claims.heldClaims, 0);
     EXPECT_EQ(manager_->currentStats()->timestamp, fakes_.time.now()) << "a new sample";
   });
-  finishBackgroundStep();
+  fakes_.time.runPending();
   EXPECT_EQ(posts, 1);
-  EXPECT_EQ(fakes_.claims.claimedWords, (std::vector<std::size_t>{4096}));
+  EXPECT_THAT(fakes_.claims.claimedWords, ElementsAre(4096));
   fakes_.counters.counts.reset();
   manager_->updateMemoryStats();
   manager_->boostMemory();
@@ -131,7 +122,7 @@ TEST_F(Boost, ReportsALargeChangeAtOnceAndASmallGainAfterTenSeconds) {
     fakes_.notifications.requests.clear();
     manager_->boostMemory();
     EXPECT_EQ(manager_->lastBoostAmount(), 0.0) << "whatever the boost before gained";
-    finishBackgroundStep();
+    fakes_.time.runPending();
     setFree(freeAfter);
     for (const auto& [pause, passed] : {std::pair(999ms, 0), {1ms, 1}, {8999ms, 9}, {1ms, 10}}) {
       fakes_.time.advance(pause);
@@ -148,29 +139,24 @@ TEST_F(Boost, ReportsALargeChangeAtOnceAndASmallGainAfterTenSeconds) {
 }
 
 TEST_F(Boost, StopsCheckingWithoutASample) {
-  manager_->boostMemory();
-  finishBackgroundStep();
+  boost();
   fakes_.counters.counts.reset();
   fakes_.time.advance(1s);
   setFree(3000);
   fakes_.time.advance(20s);
-  EXPECT_TRUE(bodies().empty());
   EXPECT_EQ(manager_->lastBoostAmount(), 0.0);
-
   fakes_.counters.counts.reset();
   manager_->updateMemoryStats();
   manager_->scheduleBoostCheck({}, 10, 10);
-  EXPECT_TRUE(bodies().empty());
+  EXPECT_THAT(bodies(), IsEmpty());
 }
 
 TEST_F(Boost, RunsBesideTheChecksOfTheOneBefore) {
-  manager_->boostMemory();
-  finishBackgroundStep();
+  boost();
   fakes_.time.advance(2s);
   setFree(1020);
   manager_->updateMemoryStats();
-  manager_->boostMemory();
-  finishBackgroundStep();
+  boost();
   setFree(1075);  // 75 MB more than the first start, 55 MB more than the second
   fakes_.time.advance(2s);
   EXPECT_EQ(bodies().size(), 2U);

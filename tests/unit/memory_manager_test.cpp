@@ -1,26 +1,17 @@
 #include "core/memory_manager.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <type_traits>
 #include <utility>
 
-#include "tests/fakes/fake_services.h"
+#include "tests/unit/manager_case.h"
 
 namespace orvane {
 namespace {
 
-using namespace std::chrono_literals;
-
-class Manager : public testing::Test {
- protected:
-  void start() { manager_ = MemoryManager::create(fakes_.services()); }
-  void tick() { fakes_.time.advance(5s); }
-
-  fakes::FakeServices fakes_;
-  std::shared_ptr<MemoryManager> manager_;
-};
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Manager = ManagerCase;
 
 TEST_F(Manager, SamplesAtOnceAndEveryFiveSeconds) {
   start();
@@ -36,31 +27,26 @@ TEST_F(Manager, SamplesAtOnceAndEveryFiveSeconds) {
   // While the counters can't be read there is no sample.
   const auto readable = std::exchange(fakes_.counters.counts, std::nullopt);
   tick();
-  EXPECT_FALSE(manager_->currentStats());
-  EXPECT_TRUE(manager_->previousStats());
-  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 2U);
+  EXPECT_TRUE(!manager_->currentStats() && manager_->previousStats());
+  EXPECT_EQ(samples(), 2U);
   fakes_.counters.counts = readable;
   tick();
-  EXPECT_TRUE(manager_->currentStats());
-  EXPECT_FALSE(manager_->previousStats());
-  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 3U);
+  EXPECT_TRUE(manager_->currentStats() && !manager_->previousStats());
+  EXPECT_EQ(samples(), 3U);
   EXPECT_EQ(fakes_.applications.collectionCount, 3);
 }
 
 TEST_F(Manager, LoadsTheStoredSortModeAndStoresEachAssignment) {
+  using enum ProcessSortMode;
   const std::pair<std::optional<std::string>, ProcessSortMode> cases[] = {
-      {"peak", ProcessSortMode::peak},
-      {"average", ProcessSortMode::average},
-      {"current", ProcessSortMode::current},
-      {"Peak", ProcessSortMode::current},
-      {std::nullopt, ProcessSortMode::current}};
+      {"peak", peak}, {"average", average}, {"current", current}, {"Peak", current}, {{}, current}};
   for (const auto& [text, mode] : cases) {
     fakes_.preferences.texts.clear();
     if (text) fakes_.preferences.texts["processSortMode"] = *text;
     start();
     EXPECT_EQ(manager_->processSortMode(), mode) << text.value_or("none");
   }
-  EXPECT_TRUE(fakes_.preferences.writes.empty()) << "loading writes nothing";
+  EXPECT_THAT(fakes_.preferences.writes, IsEmpty()) << "loading writes nothing";
   for (const std::string text : {"peak", "average", "current", "current"}) {
     manager_->setProcessSortMode(processSortModeFrom(text).value());
     EXPECT_EQ(rawValue(manager_->processSortMode()), text);
@@ -76,17 +62,15 @@ TEST_F(Manager, FreezesTheListWhileAProcessIsSelected) {
   const ProcessInfo selected = manager_->topProcesses().at(0);
   manager_->setSelectedProcess(selected);
   tick();
-  EXPECT_EQ(manager_->topProcesses().at(0).id, selected.id);
-  EXPECT_EQ(manager_->processMemoryHistories().at(10)->dataPoints().size(), 1U);
-  EXPECT_EQ(manager_->memoryHistory()->dataPoints().size(), 3U);
-
+  EXPECT_EQ(manager_->topProcesses().at(0), selected);
+  EXPECT_EQ(points(10), 1U);
+  EXPECT_EQ(samples(), 3U);
   manager_->setProcessSortMode(ProcessSortMode::peak);
-  EXPECT_NE(manager_->topProcesses().at(0).id, selected.id);
-  EXPECT_EQ(manager_->selectedProcess()->id, selected.id);
-
+  EXPECT_NE(manager_->topProcesses().at(0), selected);
+  EXPECT_EQ(manager_->selectedProcess(), selected);
   manager_->setSelectedProcess(std::nullopt);
   tick();
-  EXPECT_EQ(manager_->processMemoryHistories().at(10)->dataPoints().size(), 3U);
+  EXPECT_EQ(points(10), 3U);
 }
 
 TEST_F(Manager, TakesItsStepsInOrderAndAnnouncesEachBefore) {
@@ -169,8 +153,6 @@ TEST_F(Manager, CallsTheOperationsOfASubclass) {
   EXPECT_EQ(manager->journal, "sample start sample check list sample 0 of 10");
 }
 
-constexpr std::uint64_t editorBytes = 1'610'612'736;
-
 TEST_F(Manager, RaisesNoAlertAtTheThresholdItselfAndWithoutASampleOrMemory) {
   fakes_.counters.setUsage(85.0);
   start();
@@ -180,7 +162,7 @@ TEST_F(Manager, RaisesNoAlertAtTheThresholdItselfAndWithoutASampleOrMemory) {
     tick();
   }
   EXPECT_FALSE(manager_->shouldShowAlert());
-  EXPECT_TRUE(fakes_.notifications.requests.empty());
+  EXPECT_THAT(fakes_.notifications.requests, IsEmpty());
   fakes_.counters.setUsage(85.04);
   tick();
   EXPECT_EQ(manager_->alertMessage(), "Memory usage is high (85.0%)");
@@ -189,33 +171,32 @@ TEST_F(Manager, RaisesNoAlertAtTheThresholdItselfAndWithoutASampleOrMemory) {
 TEST_F(Manager, AlertsOnceNamingTheFirstOfTheListBuiltBefore) {
   for (const bool hasList : {true, false}) {
     fakes_.applications.applications.clear();
-    fakes_.applications.add(10, "Editor", editorBytes);
+    fakes_.applications.add(10, "Editor", 1536 * mebibyte);
     fakes_.applications.add(11, "Small", 20 << 20);
     fakes_.notifications.requests.clear();
     fakes_.counters.setUsage(40.0);
     start();
     if (hasList) tick();
-    fakes_.applications.add(12, "Later", 2 * editorBytes);
+    fakes_.applications.add(12, "Later", 3072 * mebibyte);
+    const std::string first = hasList ? "Editor is using 1536 MB" : "";
     for (const double usage : {90.0, 95.0, 40.0, 99.0}) {
       fakes_.counters.setUsage(usage);
       tick();
       EXPECT_EQ(manager_->alertMessage(),
-                hasList ? "Memory usage is high (90.0%)\nEditor is using 1536 MB"
-                        : "Memory usage is high (90.0%)");
+                "Memory usage is high (90.0%)" + (hasList ? "\n" + first : ""));
       EXPECT_TRUE(manager_->shouldShowAlert());
     }
     ASSERT_EQ(fakes_.notifications.requests.size(), 1U);
     const auto& content = fakes_.notifications.requests[0].content;
     EXPECT_EQ(content.title, "Memory Pressure High");
-    EXPECT_EQ(content.body,
-              hasList ? "Memory usage is 90.0%. Editor is using 1536 MB" : "Memory usage is 90.0%");
+    EXPECT_EQ(content.body, "Memory usage is 90.0%" + (hasList ? ". " + first : ""));
     EXPECT_TRUE(content.defaultSound);
     fakes_.notifications.error = "no daemon";  // for the second one
   }
-  EXPECT_EQ(fakes_.output.lines,
-            (std::vector<std::string>{"Notification sent successfully: Memory Pressure High - "
-                                      "Memory usage is 90.0%. Editor is using 1536 MB",
-                                      "Error sending notification: no daemon"}));
+  EXPECT_THAT(fakes_.output.lines,
+              ElementsAre("Notification sent successfully: Memory Pressure High - "
+                          "Memory usage is 90.0%. Editor is using 1536 MB",
+                          "Error sending notification: no daemon"));
 }
 
 TEST_F(Manager, EndsTheRecordsOwnProcessAndRefreshesHalfASecondLater) {
@@ -225,7 +206,7 @@ TEST_F(Manager, EndsTheRecordsOwnProcessAndRefreshesHalfASecondLater) {
   const ProcessInfo victim = manager_->topProcesses().at(0);
   manager_->setSelectedProcess(victim);
   manager_->killProcess(victim);
-  EXPECT_EQ(fakes_.applications.killed, (std::vector<std::int32_t>{7}));
+  EXPECT_THAT(fakes_.applications.killed, ElementsAre(7));
   EXPECT_FALSE(manager_->selectedProcess());
   const std::weak_ptr<MemoryManager> weak = manager_;
   manager_.reset();

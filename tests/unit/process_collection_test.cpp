@@ -1,23 +1,18 @@
 #include "core/process_collection.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <deque>
 #include <optional>
 
-#include "core/memory_manager.h"
-#include "tests/fakes/fake_services.h"
+#include "tests/unit/manager_case.h"
 
 namespace orvane {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr std::uint64_t mebibyte = 1048576;
-
-class Collection : public testing::Test {
+class Collection : public ManagerCase {
  protected:
+  Collection() { start(); }
+
   const std::vector<ProcessInfo>& collect() {
     manager_->updateTopProcesses();
     return manager_->topProcesses();
@@ -27,9 +22,6 @@ class Collection : public testing::Test {
     for (const auto& process : manager_->topProcesses()) list.push_back(process.name);
     return list;
   }
-
-  fakes::FakeServices fakes_;
-  std::shared_ptr<MemoryManager> manager_ = MemoryManager::create(fakes_.services());
 };
 
 TEST_F(Collection, MakesARecordOfAnApplication) {
@@ -136,8 +128,7 @@ TEST_F(Collection, ForgetsHistoriesAfterFiveMinutes) {
     EXPECT_EQ(collect().size(), 1U);
     EXPECT_EQ(manager_->processMemoryHistories().contains(1), isKept);
   }
-  EXPECT_EQ(manager_->processMemoryHistories().at(2)->dataPoints().size(), 4U)
-      << "what is still listed keeps its history after any pause";
+  EXPECT_EQ(points(2), 4U) << "what is still listed keeps its history after any pause";
 }
 
 }  // namespace
