@@ -5,11 +5,9 @@
 
 #include "platform/linux/desktop/linux_login_item.h"
 #include "platform/linux/desktop/linux_preferences.h"
-#include "platform/linux/memory/linux_memory_claims.h"
 #include "platform/linux/runtime/in_process_notification_centre.h"
 #include "platform/linux/runtime/linux_dispatch.h"
 #include "tests/fakes/fake_login_item.h"
-#include "tests/fakes/fake_memory_claims.h"
 #include "tests/fakes/fake_notification_centre.h"
 #include "tests/fakes/fake_preferences.h"
 #include "tests/fakes/virtual_time.h"
@@ -25,7 +23,6 @@ struct LinuxServices {
   LinuxTimerService timers;
   InProcessNotificationCentre centre{queue};
   LinuxLoginItem loginItem{"/usr/bin/orvane", directory.path("autostart")};
-  LinuxMemoryClaims claims;
   LinuxPreferences preferences{directory.path("orvane.conf")};
 
   static void advance(Duration duration) {
@@ -39,7 +36,6 @@ struct FakeServices {
   fakes::VirtualTime& timers = queue;
   fakes::FakeNotificationCentre centre;
   fakes::FakeLoginItem loginItem;
-  fakes::FakeMemoryClaims claims;
   fakes::FakePreferences preferences;
 
   void advance(Duration duration) { queue.advance(duration); }
@@ -93,16 +89,14 @@ TYPED_TEST(Contract, NotificationCentreCallsEveryObserverOfTheNameOncePerPost) {
   std::string calls;
   NotificationCentre& centre = this->services_.centre;
   centre.post("A");
-  centre.addObserver("A", [&] { calls += 'a'; });
-  centre.addObserver("A", [&] { calls += 'b'; });
+  for (const char name : {'a', 'b'}) centre.addObserver("A", [&calls, name] { calls += name; });
   centre.addObserver("B", [&] { calls += 'x'; });
-  centre.post("A");
-  this->services_.advance(Duration{0});
-  EXPECT_EQ(calls, "ab") << "not for the post before the observers came";
-  centre.post("A");
-  centre.post("nobody");
-  this->services_.advance(Duration{0});
-  EXPECT_EQ(calls, "abab");
+  for (const char* seen : {"ab", "abab"}) {  // not for the post before the observers came
+    centre.post("A");
+    centre.post("nobody");
+    this->services_.advance(Duration{0});
+    EXPECT_EQ(calls, seen);
+  }
 }
 
 TEST(InProcessNotificationCentre, DeliversOnlyFromTheMainQueueAndOnlyWhileItLives) {
@@ -126,25 +120,11 @@ TEST(InProcessNotificationCentre, DeliversOnlyFromTheMainQueueAndOnlyWhileItLive
 
 TYPED_TEST(Contract, LoginItemRegistersAsOftenAsAskedAndUnregistersOnce) {
   LoginItem& item = this->services_.loginItem;
-  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
-  EXPECT_EQ(item.registerItem(), std::nullopt);
-  EXPECT_EQ(item.registerItem(), std::nullopt);
-  EXPECT_EQ(item.unregisterItem(), std::nullopt);
-  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
-}
-
-TYPED_TEST(Contract, MemoryClaimsAreWritableFromEndToEndAndApart) {
-  MemoryClaims& claims = this->services_.claims;
-  for (const std::size_t words : {std::size_t{1}, std::size_t{1025}, std::size_t{1} << 18}) {
-    const auto first = claims.claim(words);
-    const auto second = claims.claim(words);
-    ASSERT_TRUE(first && second);
-    ASSERT_EQ(first->words().size(), words);
-    for (std::uint32_t& word : first->words()) word = 1;
-    for (std::uint32_t& word : second->words()) word = 2;
-    EXPECT_EQ(first->words().front(), 1U);
-    EXPECT_EQ(first->words().back(), 1U);
-  }
+  const LoginItem::Error none, missing = "No such file or directory";
+  EXPECT_EQ(item.unregisterItem(), missing);
+  for (const int time : {1, 2}) EXPECT_EQ(item.registerItem(), none) << time;
+  EXPECT_EQ(item.unregisterItem(), none);
+  EXPECT_EQ(item.unregisterItem(), missing);
 }
 
 TYPED_TEST(Contract, PreferencesGiveBackTheLatestValueOfEachKey) {

@@ -3,8 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <utility>
 
+#include "app/support_request.h"
 #include "tests/fakes/fake_login_item.h"
 #include "tests/fakes/fake_services.h"
 #include "tests/fakes/fake_shell.h"
@@ -14,11 +15,9 @@ namespace orvane {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
-using fakes::FakeIcons;
-using fakes::FakeWindowLoader;
 using fakes::Journal;
-using fakes::RecordingApplication;
 
 class AppDelegateTest : public testing::Test {
  protected:
@@ -34,40 +33,39 @@ class AppDelegateTest : public testing::Test {
     delegate_->applicationDidFinishLaunching(wish);
   }
 
-  [[nodiscard]] int shownIcon() const {
-    return statusBar_.state->icon.empty() ? 0 : statusBar_.state->icon.front().width;
-  }
-  [[nodiscard]] const StatusItemMenuEntry& menuEntry(const std::string& label) const {
-    for (const StatusItemMenuEntry& entry : statusBar_.state->menu) {
+  [[nodiscard]] int shownIcon() const { return panel().icon.at(0).width; }
+  [[nodiscard]] const StatusItemMenuEntry& entry(const std::string& label) const {
+    for (const auto& entry : panel().menu) {
       if (entry.label == label) return entry;
     }
     throw std::out_of_range(label);
   }
-  void clickItem() const { statusBar_.state->action({}); }
+  void clickItem() const { panel().action({}); }
+  [[nodiscard]] const fakes::FakeStatusBar::State& panel() const { return *statusBar_.state; }
+  Journal takeJournal() { return std::exchange(journal_, {}); }
 
   Journal journal_;
   fakes::FakeServices fakes_;
-  RecordingApplication application_{journal_};
+  fakes::RecordingApplication application_{journal_};
   fakes::FakeStatusBar statusBar_;
   fakes::FakeLoginItem loginItem_;
   fakes::RecordingDesktopOpener opener_;
-  FakeWindowLoader windows_{journal_};
-  FakeIcons icons_;
+  fakes::FakeWindowLoader windows_{journal_};
+  fakes::FakeIcons icons_;
   std::string supportAddress_ = "help@example.org";
   std::shared_ptr<AppDelegate> delegate_;
 };
 
 TEST_F(AppDelegateTest, LaunchShowsTheMainWindowFirstAndThenOnlyIfItWasOpen) {
   launch();
-  EXPECT_THAT(journal_,
+  EXPECT_THAT(takeJournal(),
               ElementsAre("accessory", "regular", "load windows", "activate", "show window"));
   EXPECT_THAT(fakes_.preferences.writes,
               ElementsAre("NSQuitAlwaysKeepsWindows=false", "hasLaunchedBefore=true",
                           "mainWindowVisible=true"));
-  EXPECT_TRUE(delegate_->isMainWindowVisible());
   launch();
   EXPECT_TRUE(delegate_->isMainWindowVisible());
-  journal_.clear();
+  takeJournal();
   fakes_.preferences.booleans["mainWindowVisible"] = false;
   launch();
   EXPECT_THAT(journal_, ElementsAre("accessory"));
@@ -101,7 +99,7 @@ TEST_F(AppDelegateTest, AsksForNotifications) {
   ASSERT_EQ(fakes_.notifications.authorizations.size(), 1U);
   const AuthorizationOptions options = fakes_.notifications.authorizations.front();
   EXPECT_TRUE(options.alert && options.badge && options.sound);
-  EXPECT_THAT(fakes_.output.lines, ElementsAre()) << "a refusal is no error";
+  EXPECT_THAT(fakes_.output.lines, IsEmpty()) << "a refusal is no error";
   const PresentationOptions shown = delegate_->willPresentNotification({});
   EXPECT_TRUE(shown.banner && shown.sound) << "also while the program is in front";
 }
@@ -109,54 +107,49 @@ TEST_F(AppDelegateTest, AsksForNotifications) {
 TEST_F(AppDelegateTest, TheTitleIsTheTruncatedUsageOfTheCurrentSampleAtEachTick) {
   fakes_.counters.counts.reset();
   launch();
-  EXPECT_EQ(statusBar_.state->title, "") << "no sample yet";
+  EXPECT_EQ(panel().title, "") << "no sample yet";
   delegate_->boostMemoryFromMenu();
   EXPECT_EQ(shownIcon(), 1) << "no lasting bolt";
-  for (const auto& [usage, title] : std::vector<std::pair<double, std::string>>{
-           {57.9, " 57%"}, {0.4, " 0%"}, {100.0, " 100%"}}) {
+  for (const auto& [usage, title] : {std::pair(57.9, " 57%"), {0.4, " 0%"}, {100.0, " 100%"}}) {
     fakes_.counters.setUsage(usage);
     launch();
-    EXPECT_EQ(statusBar_.state->title, title);
+    EXPECT_EQ(panel().title, title);
   }
-  // Nothing but the title's own timer changes it.
   fakes_.counters.setUsage(30);
   delegate_->memoryManager()->updateMemoryStats();
-  EXPECT_EQ(statusBar_.state->title, " 100%");
+  EXPECT_EQ(panel().title, " 100%") << "nothing but the title's own timer changes it";
   fakes_.time.advance(Duration{5.0});
-  EXPECT_EQ(statusBar_.state->title, " 30%");
-  EXPECT_EQ(statusBar_.state->toolTip, "Memory usage: 30%");
+  EXPECT_EQ(panel().title, " 30%");
+  EXPECT_EQ(panel().toolTip, "Memory usage: 30%");
   fakes_.counters.bytesPerPage = 256 * 1024;
   delegate_->memoryManager()->updateMemoryStats();
-  EXPECT_EQ(statusBar_.state->menu.front().text(), "Memory: 30% (7.3 of 24.4 GB)");
+  EXPECT_EQ(panel().menu.front().text(), "Memory: 30% (7.3 of 24.4 GB)");
   fakes_.counters.counts.reset();
   fakes_.time.advance(Duration{20.0});
-  EXPECT_EQ(statusBar_.state->title, " 30%");
+  EXPECT_EQ(panel().title, " 30%");
 }
 
 TEST_F(AppDelegateTest, TheIconIsTheNumberWhereThePanelDrawsNoLabel) {
+  const auto showUsage = [this](double percent) {
+    fakes_.counters.setUsage(percent);
+    fakes_.time.advance(Duration{10.0});
+    return panel().iconCount;
+  };
   fakes_.counters.setUsage(42);
   launch();
   EXPECT_EQ(shownIcon(), 1042);
-  const int drawn = statusBar_.state->iconCount;
-  fakes_.time.advance(Duration{30.0});
-  EXPECT_EQ(statusBar_.state->iconCount, drawn) << "the number stayed the same";
-  fakes_.counters.setUsage(43);
-  fakes_.time.advance(Duration{10.0});
+  const int drawn = panel().iconCount;
+  EXPECT_EQ(showUsage(42), drawn) << "the number stayed the same";
+  EXPECT_EQ(showUsage(43), drawn + 1);
   EXPECT_EQ(shownIcon(), 1043);
-  EXPECT_EQ(statusBar_.state->iconCount, drawn + 1);
-
   statusBar_.state->drawsLabel = true;
-  statusBar_.state->hostChanged();
+  panel().hostChanged();
   EXPECT_EQ(shownIcon(), 1);
-  fakes_.counters.setUsage(44);
-  fakes_.time.advance(Duration{10.0});
-  EXPECT_EQ(statusBar_.state->iconCount, drawn + 2);
+  EXPECT_EQ(showUsage(44), drawn + 2);
 }
 
 TEST_F(AppDelegateTest, TheBoltStandsFromTheRequestUntilTheBoostIsComplete) {
-  fakes_.counters.setUsage(50);
   launch();
-  clickItem();
   windows_.shell->boostMemoryFromMenu();
   EXPECT_EQ(shownIcon(), 2);
   EXPECT_TRUE(delegate_->memoryManager()->isProcessing());
@@ -170,25 +163,23 @@ TEST_F(AppDelegateTest, TheBoltStandsFromTheRequestUntilTheBoostIsComplete) {
 
 TEST_F(AppDelegateTest, ClosingTheMainWindowHidesItAndOnlyThatWindowCounts) {
   launch();
-  journal_.clear();
+  takeJournal();
   windows_.shell->windowWillClose(WindowKind::main);
   EXPECT_FALSE(fakes_.preferences.booleans["mainWindowVisible"]);
-  menuEntry("Show Window").activate();
-  EXPECT_TRUE(menuEntry("Show Window").isChecked());
-  menuEntry("Show Window").activate();
-  EXPECT_THAT(journal_, ElementsAre("hide window", "accessory", "regular", "activate",
-                                    "show window", "hide window", "accessory"));
+  entry("Show Window").activate();
+  EXPECT_TRUE(entry("Show Window").isChecked());
+  entry("Show Window").activate();
+  EXPECT_THAT(takeJournal(), ElementsAre("hide window", "accessory", "regular", "activate",
+                                         "show window", "hide window", "accessory"));
 
   const auto writes = fakes_.preferences.writes;
   windows_.shell->windowDidBecomeKey(WindowKind::about);
   EXPECT_FALSE(delegate_->isMainWindowVisible());
   windows_.shell->windowDidBecomeKey(WindowKind::main);
-  EXPECT_TRUE(delegate_->isMainWindowVisible());
-  journal_.clear();
   for (const WindowKind other : {WindowKind::popover, WindowKind::update, WindowKind::about})
     windows_.shell->windowWillClose(other);
   EXPECT_TRUE(delegate_->isMainWindowVisible());
-  EXPECT_THAT(journal_, ElementsAre());
+  EXPECT_THAT(journal_, IsEmpty());
   EXPECT_EQ(fakes_.preferences.writes, writes);
 }
 
@@ -197,55 +188,54 @@ TEST_F(AppDelegateTest, WindowsAreLoadedWhenTheFirstIsWantedAndAgainAfterAFailur
   launch();
   windows_.fails = true;
   clickItem();
-  menuEntry("Check for Updates...").activate();
+  entry("Check for Updates...").activate();
   delegate_->showMainWindow();
   delegate_->hideMainWindow();
   EXPECT_FALSE(delegate_->isMainWindowVisible());
-  EXPECT_THAT(journal_, ElementsAre("accessory", "no windows", "no windows", "regular",
-                                    "no windows", "accessory"));
+  EXPECT_THAT(takeJournal(), ElementsAre("accessory", "no windows", "no windows", "regular",
+                                         "no windows", "accessory"));
   EXPECT_FALSE(fakes_.preferences.booleans.contains("mainWindowVisible"));
   windows_.fails = false;
   for (const bool shown : {true, false, true}) {
     clickItem();
     EXPECT_EQ(windows_.windows->isPopoverShown(), shown);
   }
-  EXPECT_EQ(std::count(journal_.begin(), journal_.end(), "load windows"), 1);
+  EXPECT_THAT(journal_, ElementsAre("load windows"));
 }
 
 TEST_F(AppDelegateTest, ASupportAddressThatIsNoneIsPrinted) {
-  for (const char* address :
-       {"", "@", "support", "support@", "@orvane.example", "a b@orvane.example", "a@b@c",
-        "a?cc=x@b", "a&b@c", "a@b.example,c@d", "a%0A@b", "é@b"}) {
-    supportAddress_ = address;
-    launch();
-    delegate_->openSupportEmail();
-    EXPECT_TRUE(opener_.urls.empty()) << address;
-    EXPECT_EQ(fakes_.output.lines.back(), "Failed to create mailto URL");
+  for (const char* address : {"@", "support", "support@", "@orvane.example", "a b@orvane.example",
+                              "a@b@c", "a?cc=x@b", "a&b@c", "a@b.example,c@d", "a%0A@b", "é@b"}) {
+    EXPECT_EQ(supportMailUrl(address), std::nullopt) << address;
   }
+  supportAddress_ = "";
+  launch();
+  delegate_->openSupportEmail();
+  EXPECT_THAT(opener_.urls, IsEmpty());
+  EXPECT_EQ(fakes_.output.lines.back(), "Failed to create mailto URL");
 }
 
 TEST_F(AppDelegateTest, NothingHappensOnceTheDelegateIsGone) {
   launch();
   clickItem();
-  const auto state = statusBar_.state;
   ASSERT_EQ(fakes_.notifications.delegate, delegate_.get());
   delegate_.reset();
   EXPECT_EQ(fakes_.notifications.delegate, nullptr);
-  journal_.clear();
-  for (const StatusItemMenuEntry& entry : state->menu) {
+  takeJournal();
+  for (const StatusItemMenuEntry& entry : panel().menu) {
     if (entry.activate) entry.activate();
     EXPECT_FALSE(entry.isChecked && entry.isChecked()) << entry.label;
   }
-  state->action({});
+  clickItem();
   fakes_.time.advance(Duration{20.0});
   fakes_.notificationCentre.post("BoostCompleted");
-  EXPECT_THAT(journal_, ElementsAre());
+  EXPECT_THAT(journal_, IsEmpty());
 }
 
 TEST_F(AppDelegateTest, AnUpdateCheckEndsWithItsWindow) {
   launch();
-  journal_.clear();
-  menuEntry("Check for Updates...").activate();
+  takeJournal();
+  entry("Check for Updates...").activate();
   EXPECT_TRUE(windows_.updater->answer(UpdateNotNeeded{}));
   windows_.shell->checkForUpdates();
   windows_.shell->windowWillClose(WindowKind::update);

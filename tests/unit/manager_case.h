@@ -22,7 +22,9 @@ class ManagerCase : public testing::Test {
   void tick() { fakes_.time.advance(samplingInterval); }
 
   /// How many points there are in the history of the machine, and of an application.
-  [[nodiscard]] std::size_t samples() const { return manager_->memoryHistory()->dataPoints().size(); }
+  [[nodiscard]] std::size_t samples() const {
+    return manager_->memoryHistory()->dataPoints().size();
+  }
   [[nodiscard]] std::size_t points(std::int32_t pid) const {
     return manager_->processMemoryHistories().at(pid)->dataPoints().size();
   }

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/linux/memory/cgroup_limits.h"
@@ -26,22 +28,19 @@ TEST(CgroupLimits, directoriesOfEveryHierarchy) {
 TEST(CgroupLimits, theTightestLimitOnTheWayUpCounts) {
   const TestDirectory root;
   const std::vector<std::string> directories{root.path("a/b"), root.path("a"), root.path("v1")};
-  EXPECT_EQ(memoryHeadroom(directories), std::nullopt);
-
-  root.write("a/b/memory.max", "max\n");
-  root.write("a/b/memory.current", "700\n");
-  EXPECT_EQ(memoryHeadroom(directories), std::nullopt);
-
-  root.write("a/memory.max", "1000\n");
-  root.write("a/memory.current", "800\n");
-  EXPECT_EQ(memoryHeadroom(directories), 200U);
-
-  root.write("a/memory.high", "900\n");
-  EXPECT_EQ(memoryHeadroom(directories), 100U);
-
-  root.write("v1/memory.limit_in_bytes", "50\n");
-  root.write("v1/memory.usage_in_bytes", "60\n");
-  EXPECT_EQ(memoryHeadroom(directories), 0U);
+  const struct {
+    std::string folder, limit, limitFile, used, usedFile;
+    std::optional<std::uint64_t> headroom;
+  } steps[] = {{"none", "1", "memory.max", "0", "memory.current", {}},
+               {"a/b", "max\n", "memory.max", "700\n", "memory.current", {}},
+               {"a", "1000\n", "memory.max", "800\n", "memory.current", 200},
+               {"a", "900\n", "memory.high", "800\n", "memory.current", 100},
+               {"v1", "50\n", "memory.limit_in_bytes", "60\n", "memory.usage_in_bytes", 0}};
+  for (const auto& [folder, limit, limitFile, used, usedFile, headroom] : steps) {
+    root.write(folder + "/" + limitFile, limit);
+    root.write(folder + "/" + usedFile, used);
+    EXPECT_EQ(memoryHeadroom(directories), headroom) << folder << "/" << limitFile;
+  }
 }
 
 constexpr std::size_t wordsPerMebibyte = 262144;
@@ -69,27 +68,25 @@ class MemoryClaimsTest : public testing::Test {
 };
 
 TEST_F(MemoryClaimsTest, neverMoreThanIsAvailableAndItsControlGroupAllows) {
-  EXPECT_TRUE(claims_.claim(8 * wordsPerMebibyte));
-  EXPECT_FALSE(claims_.claim(8 * wordsPerMebibyte + 1));
-  EXPECT_FALSE(claims_.claim(0));
-  EXPECT_FALSE(claims_.claim(~std::size_t{0}));
+  const auto claims = [this](std::size_t words) { return claims_.claim(words) != nullptr; };
+  EXPECT_TRUE(claims(8 * wordsPerMebibyte));
+  for (const std::size_t words : {8 * wordsPerMebibyte + 1, std::size_t{0}, ~std::size_t{0}}) {
+    EXPECT_FALSE(claims(words)) << words;
+  }
   directory_.write("cgroups/memory.max", "5242880\n");
   directory_.write("cgroups/memory.current", "1048576\n");
-  EXPECT_TRUE(claims_.claim(4 * wordsPerMebibyte));
-  EXPECT_FALSE(claims_.claim(4 * wordsPerMebibyte + 1));
+  EXPECT_TRUE(claims(4 * wordsPerMebibyte));
+  EXPECT_FALSE(claims(4 * wordsPerMebibyte + 1));
   directory_.write("meminfo", "garbage");
-  EXPECT_FALSE(claims_.claim(1));
-}
-
-TEST_F(MemoryClaimsTest, nullWithoutAddressSpace) {
-  directory_.write("meminfo",
-                   "MemTotal: 99999999999 kB\nMemFree: 1 kB\nMemAvailable: 99999999999 kB\n");
-  EXPECT_FALSE(claims_.claim(std::size_t{16} << 40)) << "64 TiB";
-  EXPECT_EQ(readFile(directory_.path("oom_score_adj")), "200\n");
+  EXPECT_FALSE(claims(1));
 }
 
 TEST_F(MemoryClaimsTest, offersItselfToTheKernelWhileHeld) {
   const auto score = [this] { return readFile(directory_.path("oom_score_adj")); };
+  directory_.write("meminfo",
+                   "MemTotal: 99999999999 kB\nMemFree: 1 kB\nMemAvailable: 99999999999 kB\n");
+  EXPECT_FALSE(claims_.claim(std::size_t{16} << 40)) << "64 TiB of address space";
+  EXPECT_EQ(score(), "200\n");
   auto first = claims_.claim(1024);
   EXPECT_EQ(score(), "1000");
   auto second = claims_.claim(1024);
@@ -103,15 +100,16 @@ TEST(MemoryClaims, theRealOnesGiveEverythingBack) {
   const std::string score = readFile("/proc/self/oom_score_adj");
   LinuxMemoryClaims claims;
   const std::uint64_t before = residentBytes();
-  auto claim = claims.claim(64 * wordsPerMebibyte);
+  auto claim = claims.claim(64 * wordsPerMebibyte + 1);
   ASSERT_TRUE(claim);
   std::fill(claim->words().begin(), claim->words().end(), 7U);
   EXPECT_GT(residentBytes(), before + 60'000'000);
   EXPECT_EQ(readFile("/proc/self/oom_score_adj"), "1000\n");
   void* const address = claim->words().data();
   const std::size_t size = claim->words().size_bytes();
+  EXPECT_EQ(size, (std::size_t{64} << 20) + 4);
   claim.reset();
-  std::vector<unsigned char> residency(size / 4096);
+  std::vector<unsigned char> residency(size / 4096 + 1);
   EXPECT_EQ(::mincore(address, size, residency.data()), -1) << "nothing is mapped there any more";
   EXPECT_EQ(errno, ENOMEM);
   EXPECT_EQ(readFile("/proc/self/oom_score_adj"), score);

@@ -12,14 +12,9 @@ namespace orvane {
 namespace {
 
 struct Pipe {
-  Pipe() {
-    std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
-    reader = FileDescriptor(ends[0]);
-    writer = FileDescriptor(ends[1]);
-  }
-
-  FileDescriptor reader, writer;
+  std::array<int, 2> ends{};
+  const int failure = ::pipe2(ends.data(), O_CLOEXEC);
+  FileDescriptor reader{ends[0]}, writer{ends[1]};
 };
 
 TEST(StandardOutput, printsOneLineAndSurvivesReadersThatLeftOrStandStill) {
