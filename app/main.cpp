@@ -8,6 +8,7 @@
 
 #include "app/command_line.h"
 #include "app/memory_monitor_app.h"
+#include "platform/linux/bus/session_bus.h"
 #include "platform/linux/desktop/display_guard.h"
 #include "platform/linux/desktop/single_instance.h"
 
@@ -40,6 +41,8 @@ int run(orvane::SingleInstance& instance, orvane::StartWish wish, char** argv) {
   prepareQt();
   int count = 1;  // the options are not Qt's
   std::optional<orvane::DisplayGuard> guard(std::in_place);
+  // In newer releases of Qt the application's constructor connects to the bus.
+  orvane::keepQtOffSilentBus();
   const QGuiApplication application(count, argv);
   guard.reset();
   orvane::MemoryMonitorApp app(instance);

@@ -17,9 +17,9 @@ struct SessionBusTiming {
   std::chrono::milliseconds answerTimeout{5000};  ///< until a silent bus counts as unavailable
 };
 
-/// Makes Qt do without the session bus when the bus accepts connections and answers nothing. Call
-/// it before the first window: Qt's bridge to assistive technology connects then, and would wait
-/// for ever. Takes as long as the bus needs to answer, at most 0.3 s.
+/// Makes Qt do without the session bus when the bus accepts connections and answers nothing, as Qt
+/// would wait for ever. Call it before QGuiApplication, which connects in Qt 6.8, and before the
+/// first window, with which assistive technology does. Takes as long as the bus, at most 0.3 s.
 void keepQtOffSilentBus();
 
 /// A call of the bus itself, org.freedesktop.DBus.
