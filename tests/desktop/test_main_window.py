@@ -37,7 +37,7 @@ class MainWindow(WindowCase):
         self.wait_for_control("Hide Details")
 
     def test_tabs_and_details_by_keyboard(self):
-        self.tab_to("View")
+        self.tab_to("Overview")
         self.pointer.key("Right")
         self.wait_for_control("Refresh")
         self.pointer.key("Left")

@@ -4,6 +4,8 @@ Import this after the environment points at the desktop to look at: the connecti
 the process.
 """
 
+import contextlib
+
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -76,6 +78,26 @@ def press(node):
         if node.get_action_name(index).lower() in ("press", "toggle", "click"):
             return node.do_action(index)
     return False
+
+
+@contextlib.contextmanager
+def shows_of(role):
+    """Gives a function: the names of the objects of a role that were announced as shown so far."""
+    names_ = []
+
+    def note(event):
+        if event.detail1 and event.source.get_role_name() == role:
+            names_.append(event.source.get_name())
+
+    def pump():
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return names_
+
+    listener = Atspi.EventListener.new(note)
+    listener.register("object:state-changed:showing")
+    yield pump
+    listener.deregister("object:state-changed:showing")
 
 
 def has_state(node, state):

@@ -8,6 +8,7 @@ Item {
 
     required property string name  ///< for assistive technology
     property string description  ///< the same
+    property var expanded  ///< of what opens and closes something: whether that is open
     property real focusRadius: 5
     property real focusInset: 0  ///< points between the item's edge and the ring
     property alias pressedDown: area.pressed
@@ -27,7 +28,8 @@ Item {
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.focusable: true
+    Accessible.checkable: expanded !== undefined
+    Accessible.checked: expanded === true
     Accessible.onPressAction: press()
     Accessible.description: description
     // An accepted override keeps the key from the window's Shortcut.

@@ -14,6 +14,9 @@ Item {
     readonly property real headLeft: width / 2 * (1 + Math.cos(2 * Math.PI * share)) - lineWidth / 2
     readonly property real tailRight: width + lineWidth / 2
 
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: qsTr("Boosting...")
+
     Repeater {
         model: root.count
 

@@ -38,18 +38,15 @@ DialogWindow {
                 {text: qsTr("Free software under the MIT licence.\nCopyright © 2026 The Orvane team"), font: Theme.caption, strong: false},
                 {text: qsTr("Built on %1").arg(root.windows.builtOn), font: Theme.caption, strong: false}
             ]
-            delegate: Text {
+            delegate: SpokenText {
                 required property var modelData
 
                 width: body.width
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
                 text: modelData.text
-                textFormat: Text.PlainText
                 font: modelData.font
                 color: modelData.strong ? Theme.label : Theme.secondaryLabel
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
 

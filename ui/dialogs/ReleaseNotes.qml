@@ -8,7 +8,8 @@ FocusScope {
     property string text
 
     activeFocusOnTab: visible
-    Accessible.role: Accessible.StaticText
+    Accessible.role: Accessible.EditableText
+    Accessible.readOnly: true
     Accessible.name: text
 
     SmoothRectangle {

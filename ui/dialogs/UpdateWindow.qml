@@ -37,14 +37,13 @@ DialogWindow {
         y: 20
         spacing: 8
 
-        Text {
+        SpokenText {
             width: parent.width
             text: root.windows.update.headline
             font: Theme.headline
             color: Theme.label
             wrapMode: Text.Wrap
             Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
 
         ProgressStripe {
@@ -53,16 +52,13 @@ DialogWindow {
             running: visible
         }
 
-        Text {
+        SpokenText {
             width: parent.width
             visible: text !== ""
             text: root.windows.update.message
-            textFormat: Text.PlainText
             font: Theme.subheadline
             color: Theme.label
             wrapMode: Text.Wrap
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
 
         ReleaseNotes {

@@ -9,13 +9,16 @@ Item {
     required property real usage  ///< percent
     required property string usageText
     required property bool processing
+    // For assistive technology.
+    readonly property real value: usage
+    readonly property real maximumValue: 100
     readonly property int lineWidth: 18
     readonly property alias percentage: percentage
     readonly property real percentageY: centre.y + percentage.y
 
     implicitWidth: 180
     implicitHeight: 180
-    Accessible.role: Accessible.StaticText
+    Accessible.role: Accessible.Dial  // the toolkit gives a ProgressBar no value
     Accessible.name: qsTr("Memory usage: %1").arg(usageText)
 
     UsageColors {
@@ -109,7 +112,7 @@ Item {
             colors: usageColors.text
         }
 
-        Label {
+        SpokenText {
             objectName: "caption"
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.processing ? qsTr("Boosting...") : qsTr("Used")

@@ -7,6 +7,7 @@ PlainButton {
 
     required property bool open
 
+    expanded: open
     name: open ? qsTr("Hide Details") : qsTr("Show Details")
     implicitHeight: label.height + 24
     focusRadius: 0

@@ -14,6 +14,14 @@ Item {
     property real labelSize: 9
     readonly property real plotWidth: width - 30  ///< the labels have the rest
 
+    /// The history in words, for assistive technology; `format` makes a value's text.
+    function summary(format: var): string {
+        if (values.length === 0)
+            return qsTr("No values yet");
+        const range = [values[values.length - 1], Math.min(...values), Math.max(...values)];
+        return qsTr("Now %1, lowest %2, highest %3").arg(format(range[0])).arg(format(range[1])).arg(format(range[2]));
+    }
+
     HistoryChart {
         objectName: "chart"
         width: root.plotWidth
@@ -30,7 +38,7 @@ Item {
     Repeater {
         model: root.gridLabels
 
-        Text {
+        SpokenText {
             required property int index
             required property string modelData
 
@@ -38,7 +46,6 @@ Item {
             y: root.height * index / Math.max(1, root.gridLabels.length - 1) - height / 2
             text: modelData
             font: Theme.systemFont(root.labelSize)
-            color: Theme.secondaryLabel
         }
     }
 }

@@ -10,6 +10,7 @@ Item {
     implicitHeight: column.height + 24
     Accessible.role: Accessible.Chart
     Accessible.name: title.text
+    Accessible.description: plot.summary(value => Format.percent(value, 1))
 
     SmoothRectangle {
         objectName: "chartCard"
@@ -35,6 +36,8 @@ Item {
             }
 
             HistoryPlot {
+                id: plot
+
                 objectName: "plot"
                 width: parent.width
                 height: 100

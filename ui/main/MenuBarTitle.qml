@@ -20,7 +20,6 @@ PlainButton {
     height: 20
     focusRadius: 4
     activeFocusOnTab: false
-    Accessible.role: Accessible.ButtonMenu
     onClicked: isOpen ? menu.close() : openMenu()
     Keys.onDownPressed: openMenu()
 

@@ -23,9 +23,6 @@ Item {
 
     implicitHeight: 24
     activeFocusOnTab: true
-    Accessible.role: Accessible.PageTabList
-    Accessible.name: name
-    Accessible.focusable: true
     Keys.onLeftPressed: choose(currentIndex - 1)
     Keys.onRightPressed: choose(currentIndex + 1)
     Keys.onPressed: event => {
@@ -60,38 +57,47 @@ Item {
         color: Theme.pickerSelection
     }
 
-    Repeater {
-        model: root.segments
+    // The keyboard is on the picker itself, as assistive technology has it on the chosen tab.
+    Item {
+        anchors.fill: parent
+        Accessible.role: Accessible.PageTabList
+        Accessible.name: root.name
 
-        Item {
-            id: segment
+        Repeater {
+            model: root.segments
 
-            required property int index
-            required property string modelData
-            readonly property bool selected: index === root.currentIndex
+            Item {
+                id: segment
 
-            x: root.inset + index * root.segmentWidth
-            width: root.segmentWidth
-            height: root.height
-            Accessible.role: Accessible.PageTab
-            Accessible.name: modelData
-            Accessible.selectable: true
-            Accessible.selected: selected
-            Accessible.onPressAction: root.choose(index)
+                required property int index
+                required property string modelData
+                readonly property bool selected: index === root.currentIndex
 
-            Label {
-                anchors.centerIn: parent
-                text: segment.modelData
-                font: Theme.systemFont(12, segment.selected ? Font.DemiBold : Font.Normal)
-                color: segment.selected || area.containsMouse ? Theme.label : Theme.secondaryLabel
-            }
+                x: root.inset + index * root.segmentWidth
+                width: root.segmentWidth
+                height: root.height
+                Accessible.role: Accessible.PageTab
+                Accessible.name: modelData
+                Accessible.focusable: false
+                Accessible.focused: selected && root.activeFocus
+                Accessible.selectable: true
+                Accessible.selected: selected
+                Accessible.onPressAction: root.choose(index)
 
-            MouseArea {
-                id: area
+                Label {
+                    anchors.centerIn: parent
+                    text: segment.modelData
+                    font: Theme.systemFont(12, segment.selected ? Font.DemiBold : Font.Normal)
+                    color: segment.selected || area.containsMouse ? Theme.label : Theme.secondaryLabel
+                }
 
-                anchors.fill: parent
-                hoverEnabled: true
-                onPressed: root.choose(segment.index)
+                MouseArea {
+                    id: area
+
+                    anchors.fill: parent
+                    hoverEnabled: true
+                    onPressed: root.choose(segment.index)
+                }
             }
         }
     }

@@ -43,6 +43,7 @@ FocusScope {
     focus: true
     Accessible.role: Accessible.PopupMenu
     Accessible.name: title
+    Accessible.focused: currentIndex < 0
 
     Keys.onUpPressed: move(currentIndex, -1)
     Keys.onDownPressed: move(currentIndex, 1)

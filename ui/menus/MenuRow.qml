@@ -26,14 +26,13 @@ Item {
     implicitHeight: entry.isDivider ? 9 : 22
 
     Accessible.ignored: entry.isDivider
-    Accessible.role: entry.isTitle ? Accessible.StaticText : Accessible.MenuItem
+    Accessible.role: entry.isTitle ? Accessible.Heading : Accessible.MenuItem
     Accessible.name: entry.text
     Accessible.checkable: entry.checkable
     Accessible.checked: entry.checked
-    Accessible.focusable: choosable
+    Accessible.focusable: false
     Accessible.focused: current
     Accessible.onPressAction: root.pressed()
-    Accessible.onToggleAction: root.pressed()
 
     SmoothRectangle {
         anchors.fill: parent

@@ -8,7 +8,6 @@ PopupWindow {
     id: root
 
     default property list<MenuEntry> entries
-    property string title: qsTr("Menu")  ///< for assistive technology
 
     /// An entry was chosen; comes before what the entry does.
     signal chosen

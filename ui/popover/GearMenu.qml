@@ -13,7 +13,6 @@ PlainButton {
     implicitHeight: gear.height + 16
     name: qsTr("Settings")
     focusInset: 2
-    Accessible.role: Accessible.ButtonMenu
     onClicked: {
         windows.reload();
         menu.open();

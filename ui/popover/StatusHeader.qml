@@ -38,7 +38,7 @@ Item {
             Row {
                 spacing: 4
 
-                Text {
+                SpokenText {
                     id: title
 
                     text: qsTr("Memory Usage")
@@ -51,6 +51,7 @@ Item {
                     width: chevron.width
                     height: chevron.height
                     anchors.verticalCenter: title.verticalCenter
+                    expanded: root.showDetails
                     name: root.showDetails ? qsTr("Hide Details") : qsTr("Show Details")
                     focusInset: -3
                     focusRadius: 9
@@ -66,12 +67,9 @@ Item {
                 }
             }
 
-            Text {
+            SpokenText {
                 objectName: "amounts"
                 text: root.model.usedOfTotalText
-                textFormat: Text.PlainText
-                font: Theme.systemFont(10)
-                color: Theme.secondaryLabel
             }
         }
 

@@ -20,6 +20,7 @@ FocusScope {
     focus: true
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Orvane")
+    Accessible.focused: Window.activeFocusItem === root
     Keys.onEscapePressed: closeRequested()
 
     OnScreen {

@@ -10,12 +10,15 @@ Item {
     required property string usageText
     required property bool processing
     property real boostRotation: 0  ///< degrees
+    // For assistive technology.
+    readonly property real value: usage
+    readonly property real maximumValue: 100
     readonly property alias colors: progress.colors
     readonly property alias progressEnd: progress.to
 
     implicitWidth: 50
     implicitHeight: 50
-    Accessible.role: Accessible.StaticText
+    Accessible.role: Accessible.Dial  // the toolkit gives a ProgressBar no value
     Accessible.name: qsTr("Memory usage: %1").arg(usageText)
 
     UsageColors {

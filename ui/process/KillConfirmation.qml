@@ -81,7 +81,7 @@ Item {
                 borderWidth: 1
             }
 
-            FocusScope {
+            Item {
                 id: content
 
                 x: 20
@@ -89,7 +89,6 @@ Item {
                 width: window.width - 40
                 height: implicitHeight
                 implicitHeight: texts.height + 20 + cancel.height
-                focus: true
                 Accessible.role: Accessible.Dialog
                 Accessible.name: window.title
                 Accessible.description: message.text

@@ -9,16 +9,14 @@ Item {
 
     implicitHeight: 12 + Math.max(title.implicitHeight, 16) + 8
 
-    Text {
+    SpokenText {
         id: title
 
         x: 20
         anchors.verticalCenter: buttons.verticalCenter
         text: qsTr("Top Memory Consumers")
         font: Theme.systemFont(11, Font.Medium)
-        color: Theme.secondaryLabel
         Accessible.role: Accessible.Heading
-        Accessible.name: text
     }
 
     Row {
@@ -35,7 +33,6 @@ Item {
             symbol: "arrow.up.arrow.down"
             name: qsTr("Sort by")
             toolTip: qsTr("Sort by...")
-            Accessible.role: Accessible.ButtonMenu
             onClicked: menu.open()
 
             PopupMenu {

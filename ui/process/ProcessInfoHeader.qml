@@ -26,12 +26,11 @@ Item {
         width: root.width - x
         spacing: 3
 
-        Text {
+        SpokenText {
             objectName: "detailsName"
             width: parent.width
             horizontalAlignment: Text.AlignLeft  // for names written from right to left too
             text: root.record.name
-            textFormat: Text.PlainText
             font: Theme.systemFont(15, Font.DemiBold)
             color: Theme.label
             wrapMode: Text.Wrap
@@ -39,14 +38,11 @@ Item {
             elide: Text.ElideRight
         }
 
-        Text {
+        SpokenText {
             width: parent.width
             text: ProcessText.identity(root.record)
-            textFormat: Text.PlainText
             elide: Text.ElideRight
             maximumLineCount: 1
-            font: Theme.caption
-            color: Theme.secondaryLabel
         }
     }
 }

@@ -15,7 +15,7 @@ ProcessInfoSection {
         width: root.width
         height: heading.height
 
-        Text {
+        SpokenText {
             id: heading
 
             text: qsTr("Memory Usage Over Time")
@@ -23,13 +23,11 @@ ProcessInfoSection {
             color: Theme.label
         }
 
-        Text {
+        SpokenText {
             objectName: "duration"
             anchors.right: parent.right
             anchors.verticalCenter: heading.verticalCenter
             text: ProcessText.historyDuration(root.history.values.length)
-            font: Theme.caption
-            color: Theme.secondaryLabel
             visible: text !== ""
         }
     }

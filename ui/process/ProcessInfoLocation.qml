@@ -16,7 +16,7 @@ ProcessInfoSection {
         width: root.width
         height: heading.height
 
-        Text {
+        SpokenText {
             id: heading
 
             text: qsTr("Application Location")
@@ -100,6 +100,8 @@ ProcessInfoSection {
             selectByKeyboard: true
             persistentSelection: true
             activeFocusOnTab: true
+            Accessible.role: Accessible.EditableText
+            Accessible.readOnly: true
             Accessible.name: qsTr("Path")
             Accessible.description: root.record.path
             Keys.onPressed: event => {

@@ -53,7 +53,7 @@ FocusScope {
         }
 
         ProcessInfoSection {
-            Text {
+            SpokenText {
                 text: qsTr("Memory Details")
                 font: Theme.systemFont(11, Font.DemiBold)
                 color: Theme.label
@@ -93,7 +93,7 @@ FocusScope {
                     color: Theme.green
                 }
 
-                Text {
+                SpokenText {
                     anchors.verticalCenter: parent.verticalCenter
                     text: qsTr("Process Details")
                     font: Theme.systemFont(11, Font.DemiBold)

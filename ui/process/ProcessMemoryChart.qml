@@ -10,6 +10,7 @@ Item {
     implicitHeight: 80
     Accessible.role: Accessible.Chart
     Accessible.name: qsTr("Memory Usage Over Time")
+    Accessible.description: plot.summary(value => Format.figureInMB(value, 0))
 
     SmoothRectangle {
         anchors.fill: parent
@@ -18,6 +19,8 @@ Item {
     }
 
     HistoryPlot {
+        id: plot
+
         x: 4
         y: 8
         width: root.width - 8

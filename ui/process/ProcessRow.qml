@@ -23,8 +23,8 @@ Item {
     Accessible.name: record.name + ", " + memoryText
     Accessible.selectable: true
     Accessible.selected: isSelected
-    Accessible.focusable: true
-    Accessible.focused: isSelected
+    Accessible.focusable: false  // its keys are the window's
+    Accessible.focused: isSelected && Window.activeFocusItem?.activeFocusOnTab === false
     Accessible.onPressAction: chosen()
 
     SmoothRectangle {
@@ -115,6 +115,7 @@ Item {
         id: details
 
         anchorItem: info
+        title: info.name
         edge: PopupController.Trailing
         gap: 0
         arrow: 9

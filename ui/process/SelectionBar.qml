@@ -41,26 +41,22 @@ Item {
         width: buttons.x - 16 - 8 - 8 - x
         spacing: 4
 
-        Text {
+        SpokenText {
             objectName: "selectionName"
             width: parent.width
             horizontalAlignment: Text.AlignLeft  // for names written from right to left too
             text: root.record.name
-            textFormat: Text.PlainText
             font: Theme.headline
             color: Theme.label
             elide: Text.ElideRight
             maximumLineCount: 1
         }
 
-        Text {
+        SpokenText {
             objectName: "selectionLocation"
             width: parent.width
             horizontalAlignment: Text.AlignLeft  // for names written from right to left too
             text: ProcessText.location(root.record)
-            textFormat: Text.PlainText
-            font: Theme.caption
-            color: Theme.secondaryLabel
             elide: Text.ElideMiddle
             maximumLineCount: 1
         }

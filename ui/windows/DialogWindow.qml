@@ -31,6 +31,7 @@ Window {
         Accessible.role: Accessible.Dialog
         Accessible.name: root.title
         Accessible.description: root.description
+        Accessible.focused: root.activeFocusItem === scope
         Keys.onEscapePressed: root.close()
         Keys.onReturnPressed: root.accepted()
         Keys.onEnterPressed: root.accepted()

@@ -10,6 +10,7 @@ Item {
 
     required property Item anchorItem
     required property Component content
+    property string title  ///< for assistive technology
     property int edge: PopupController.Below
     property real gap: 4  ///< points between the item and the window
     property color color: Theme.menuBackground
@@ -51,6 +52,7 @@ Item {
                 bubble.arrowTip = centre.y - y;
             }
 
+            title: root.title
             color: "transparent"
             visible: false
             Component.onCompleted: {
