@@ -34,11 +34,15 @@ class WindowCase(PopoverCase):
     def taskbar_shows(self, title):
         return "SKIP_TASKBAR" not in self.client_windows().get(title, "SKIP_TASKBAR")
 
-    def choose(self, menu, entry):
-        """An entry of the menu bar, by mouse."""
+    def menu_title(self, menu):
+        """The middle of a menu's title in the menu bar."""
         x, y, width, height = self.seen.rectangle(self.seen.find(
             self.orvane.pid, menu, role="push button") or self.fail(f"no menu {menu}"))
-        self.pointer.click(x + width // 2, y + height // 2)
+        return x + width // 2, y + height // 2
+
+    def choose(self, menu, entry):
+        """An entry of the menu bar, by mouse."""
+        self.pointer.click(*self.menu_title(menu))
         self.click(entry)
 
     def record_addresses(self, scheme):

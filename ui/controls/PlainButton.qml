@@ -8,6 +8,7 @@ Item {
 
     required property string name  ///< for assistive technology
     property string description  ///< the same
+    property bool pressesAtOnce: false  ///< when the pointer's button goes down, as menus open
     property var expanded  ///< of what opens and closes something: whether that is open
     property real focusRadius: 5
     property real focusInset: 0  ///< points between the item's edge and the ring
@@ -45,7 +46,10 @@ Item {
 
         anchors.fill: parent
         hoverEnabled: true
-        onClicked: root.press()
+        onPressed: if (root.pressesAtOnce)
+            root.press()
+        onClicked: if (!root.pressesAtOnce)
+            root.press()
     }
 
     FocusRing {

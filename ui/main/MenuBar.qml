@@ -38,7 +38,7 @@ FocusScope {
             const next = titleAt((i + direction + count) % count);
             next.forceActiveFocus(Qt.MenuBarFocusReason);
             if (wasOpen)
-                next.openMenu();
+                next.openMenu(true);
             return;
         }
     }
@@ -58,14 +58,6 @@ FocusScope {
     Shortcut {
         sequence: "F10"
         onActivated: root.enter()
-    }
-    Shortcut {
-        sequence: "Ctrl+U"
-        onActivated: root.windows.checkForUpdates()
-    }
-    Shortcut {
-        sequence: "Ctrl+Q"
-        onActivated: root.windows.quitApp()
     }
     Shortcut {
         sequence: "Ctrl+W"
@@ -150,7 +142,7 @@ FocusScope {
             const at = titles.mapFromGlobal(place);
             const title = titles.childAt(at.x, at.y) as MenuBarTitle;
             if (title && title !== owner)
-                title.openMenu();
+                title.openMenu(false);
         }
     }
 }

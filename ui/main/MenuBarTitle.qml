@@ -9,10 +9,12 @@ PlainButton {
     default property list<MenuEntry> entries
     property bool isBold: false
     readonly property bool isOpen: menu.isOpen && menu.anchorItem === root
+    readonly property bool ownsArrowKeys: true
 
-    function openMenu() {
+    function openMenu(byKey: bool) {
         menu.close();
         menu.anchorItem = root;
+        menu.selectsFirst = byKey;
         menu.open();
     }
 
@@ -20,8 +22,9 @@ PlainButton {
     height: 20
     focusRadius: 4
     activeFocusOnTab: false
-    onClicked: isOpen ? menu.close() : openMenu()
-    Keys.onDownPressed: openMenu()
+    pressesAtOnce: true
+    onClicked: isOpen ? menu.close() : openMenu(false)
+    Keys.onDownPressed: openMenu(true)
 
     SmoothRectangle {
         anchors.fill: parent

@@ -33,6 +33,12 @@ FocusScope {
         currentIndex = navigator.next(choosable(), from, direction);
     }
 
+    /// The row at a place on the screen, -1 for none.
+    function rowAt(place: point): int {
+        const inside = rows.mapFromGlobal(place.x, place.y);
+        return (rows.childAt(inside.x, inside.y) as MenuRow)?.index ?? -1;
+    }
+
     function choose(index: int) {
         if (index >= 0 && choosable()[index])
             root.chosen(entries[index]);
@@ -85,7 +91,6 @@ FocusScope {
 
             model: root.entries
             delegate: MenuRow {
-                required property int index
                 required property MenuEntry modelData
 
                 width: rows.width

@@ -6,6 +6,7 @@ import Orvane
 Item {
     id: root
 
+    required property int index
     required property MenuEntry entry
     required property bool indented  ///< leaves room for check marks
     required property bool current

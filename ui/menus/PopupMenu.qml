@@ -3,11 +3,12 @@ import Orvane
 
 /// A menu in a window of its own: MenuEntry and MenuDivider children, opened with open().
 ///
-/// Keys: Up, Down, Home, End, Return, Enter, Space, Escape.
+/// By pointer: a click on an entry, or press, drag and release. Keys: Up, Down, Home, End, Return, Enter, Space, Escape.
 PopupWindow {
     id: root
 
     default property list<MenuEntry> entries
+    property bool selectsFirst: false  ///< opened by key: the next key is meant for the first entry
 
     /// An entry was chosen; comes before what the entry does.
     signal chosen
@@ -16,16 +17,32 @@ PopupWindow {
 
     ownsArrowKeys: true
     content: MenuList {
+        id: list
+
         entries: root.entries
         title: root.title
-        // Opened by key: the next key is meant for the first entry.
-        Component.onCompleted: if (root.anchorItem.activeFocus)
+        Component.onCompleted: if (root.selectsFirst || root.anchorItem.activeFocus)
             move(-1, 1)
         onMovedSideways: direction => root.movedSideways(direction)
         onChosen: entry => {
             root.close();
             root.chosen();
             entry.triggered();
+        }
+
+        Connections {
+            target: root
+
+            function onDragged(place: point) {
+                list.currentIndex = list.rowAt(place);
+            }
+
+            function onDropped(place: point) {
+                if (list.rowAt(place) >= 0)
+                    list.choose(list.rowAt(place));
+                else
+                    root.close();
+            }
         }
     }
 }

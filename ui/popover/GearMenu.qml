@@ -12,6 +12,7 @@ PlainButton {
     implicitWidth: 22 + 16
     implicitHeight: gear.height + 16
     name: qsTr("Settings")
+    pressesAtOnce: true
     focusInset: 2
     onClicked: {
         windows.reload();

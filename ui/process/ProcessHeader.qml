@@ -33,6 +33,7 @@ Item {
             symbol: "arrow.up.arrow.down"
             name: qsTr("Sort by")
             toolTip: qsTr("Sort by...")
+            pressesAtOnce: true
             onClicked: menu.open()
 
             PopupMenu {

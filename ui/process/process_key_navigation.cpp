@@ -53,7 +53,11 @@ bool ProcessKeyNavigation::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return false;
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
-  if (watched->property("ownsArrowKeys").toBool()) return false;
+  const auto owns = [](const QObject* object) {
+    return object != nullptr && object->property("ownsArrowKeys").toBool();
+  };
+  const auto* window = qobject_cast<QQuickWindow*>(watched);
+  if (owns(watched) || (window != nullptr && owns(window->activeFocusItem()))) return false;
   select(key == Qt::Key_Up ? -1 : 1);
   event->accept();
   return true;

@@ -22,6 +22,9 @@ Item {
 
     /// The pointer is at this place of the screen, outside of the open window.
     signal pointerMovedOutside(point place)
+    /// The pointer moves, and lets go, with a button that went down before the window opened.
+    signal dragged(point place)
+    signal dropped(point place)
 
     function open() {
         loader.active = true;
@@ -71,6 +74,8 @@ Item {
                 anchor: root.anchorItem
                 onDismissed: root.close()
                 onPointerMovedOutside: place => root.pointerMovedOutside(place)
+                onDragged: place => root.dragged(place)
+                onDropped: place => root.dropped(place)
             }
 
             // A list that is rebuilt or scrolled moves its rows.

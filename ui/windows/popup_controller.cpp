@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QStyleHints>
 #include <cmath>
 
 #include "ui/menus/menu_choice.h"
@@ -155,6 +156,9 @@ bool PopupController::ownerEvent(QEvent& event) {
       return true;
     case QEvent::MouseMove:
       Q_EMIT pointerMovedOutside(static_cast<QMouseEvent&>(event).globalPosition());
+      [[fallthrough]];
+    case QEvent::MouseButtonRelease:
+      followDrag(static_cast<QMouseEvent&>(event));
       return false;
     case QEvent::FocusOut:
       if (isLeft()) Q_EMIT dismissed(true);
@@ -210,14 +214,30 @@ bool PopupController::eventFilter(QObject* watched, QEvent* event) {
       return false;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
+      followDrag(*static_cast<QMouseEvent*>(event));
       return closesOutside(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseMove: {
       const auto& move = *static_cast<QMouseEvent*>(event);
+      followDrag(move);
       if (!isInside(move)) Q_EMIT pointerMovedOutside(move.globalPosition());
       return false;
     }
     default:
       return isPopup() && popupEvent(*event);
+  }
+}
+
+void PopupController::followDrag(const QMouseEvent& event) {
+  if (!isPopup() || isDragOver_) return;
+  const QPointF place = event.globalPosition();
+  isDragOver_ = event.type() != QEvent::MouseMove;
+  if (event.type() == QEvent::MouseMove && event.buttons() != Qt::NoButton) {
+    dragFrom_ = dragFrom_.value_or(place);
+    Q_EMIT dragged(place);
+  } else if (event.type() == QEvent::MouseButtonRelease && dragFrom_ &&
+             (place - *dragFrom_).manhattanLength() >=
+                 QGuiApplication::styleHints()->startDragDistance()) {
+    Q_EMIT dropped(place);
   }
 }
 
@@ -250,6 +270,10 @@ void PopupController::hold() {
   if (!takesInput_ || hasMenuOpen_ || !needsGrab() || !window_ || !window_->isExposed()) return;
   const bool mouse = window_->setMouseGrabEnabled(true);
   const bool keyboard = !isPopup() || window_->setKeyboardGrabEnabled(true);
+  // What was pressed below never hears of the release.
+  const auto* owner = qobject_cast<QQuickWindow*>(owner_);
+  if (QQuickItem* pressed = mouse && owner != nullptr ? owner->mouseGrabberItem() : nullptr)
+    pressed->ungrabMouse();
   if (!mouse || !keyboard) retry_.start(retryMilliseconds, this);
 }
 

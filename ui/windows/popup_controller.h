@@ -6,6 +6,8 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
+#include <optional>
+
 #include "ui/windows/window_geometry.h"
 
 namespace orvane {
@@ -62,6 +64,10 @@ class PopupController : public QObject {
   void dismissed(bool left);
   /// The pointer is elsewhere on the screen; on Wayland told for the window below alone.
   void pointerMovedOutside(QPointF place);
+  /// The pointer moves, and lets go far enough from there, with a button that went down before the
+  /// popup opened; on the screen.
+  void dragged(QPointF place);
+  void dropped(QPointF place);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -80,12 +86,15 @@ class PopupController : public QObject {
   /// The keys and the focus of a popup; true for a key that is delivered.
   bool popupEvent(QEvent& event);
   bool deliverKey(QEvent& event);
+  void followDrag(const QMouseEvent& event);
   /// A press outside closes; true for events that belong to one.
   bool closesOutside(const QMouseEvent& event);
 
   QPointer<QQuickWindow> window_;
   QPointer<QQuickItem> anchor_;
   QPointer<QWindow> owner_;
+  std::optional<QPointF> dragFrom_;
+  bool isDragOver_ = false;  ///< a button was pressed or released since the popup opened
   QPoint statusItem_;
   ScreenArea screen_;
   QBasicTimer retry_;

@@ -1,6 +1,7 @@
 #include "ui/windows/window_controller.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QSGRendererInterface>
 #include <QScreen>
@@ -69,6 +70,7 @@ QQmlEngine& WindowController::engine() {
   engine_->addImageProvider(QLatin1String(IconProvider::providerId),
                             new IconProvider(system_.readFile));
   theme().setScheme(scheme_);
+  QCoreApplication::instance()->installEventFilter(this);
   return *engine_;
 }
 
@@ -221,6 +223,15 @@ void WindowController::setLaunchAtLogin(bool enabled) {
 void WindowController::revealExecutable(const ProcessRecord& record) {
   if (record.isValid() && !record.info()->processPath.empty())
     shell_.revealFile(record.info()->processPath);
+}
+
+bool WindowController::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (key.modifiers() != Qt::ControlModifier || key.isAutoRepeat()) return false;
+  if (key.key() == Qt::Key_Q) shell_.quitApp();
+  if (key.key() == Qt::Key_U) shell_.checkForUpdates();
+  return key.key() == Qt::Key_Q || key.key() == Qt::Key_U;
 }
 
 UpdateTexts WindowController::update() const {

@@ -99,6 +99,9 @@ class WindowController : public QObject, public Windows {
   /// Lets windows read the properties again; they change outside too.
   Q_INVOKABLE void reload() { Q_EMIT changed(); }
 
+  /// Ctrl+Q and Ctrl+U, in whichever window.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  Q_SIGNALS:
   void changed();
   void updateChanged();
