@@ -29,8 +29,8 @@ class DesktopWindows : public WindowController {
     if (QIcon::themeName() == QLatin1String("hicolor"))
       QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/orvane/icons/orvane.svg")));
-    appearance_.setChanged([this] { setColorScheme(appearance_.colorScheme()); });
-    setColorScheme(appearance_.colorScheme());
+    appearance_.setChanged([this] { setAppearance(appearance_.settings()); });
+    setAppearance(appearance_.settings());
   }
   DesktopWindows(const DesktopWindows&) = delete;
   DesktopWindows& operator=(const DesktopWindows&) = delete;

@@ -1,5 +1,6 @@
 #include <QColor>
 #include <QCommandLineParser>
+#include <QFont>
 #include <QGuiApplication>
 #include <QTimer>
 #include <algorithm>
@@ -67,6 +68,9 @@ int shoot(PreviewStage& stage, const Scenario& scenario, const QString& file) {
 int main(int argc, char** argv) {
   prepareEnvironment(argc, argv);
   const QGuiApplication application(argc, argv);
+  QFont font = QGuiApplication::font();
+  font.setPointSizeF(10);  // at which texts have the sizes that the views name
+  QGuiApplication::setFont(font);
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Shows the real views on scripted services."));
   parser.addHelpOption();

@@ -1,13 +1,18 @@
-"""Light and dark as the desktop says, while the program runs."""
+"""Colours, contrast, motion and the size of texts as the desktop says, while the program runs."""
 
 import subprocess
 import sys
+import time
 import unittest
 
 from desktop_case import ROOT
 from window_case import WindowCase
 
-DARK, LIGHT = 1, 2
+FREEDESKTOP, GNOME = "org.freedesktop.appearance", "org.gnome.desktop.interface"
+DARK, LIGHT = f"{FREEDESKTOP} color-scheme uint32 1", f"{FREEDESKTOP} color-scheme uint32 2"
+CONTRAST = f"{FREEDESKTOP} contrast uint32 1"
+STILL = f"{GNOME} enable-animations false"
+LARGE = f"{GNOME} text-scaling-factor 1.5"
 
 
 class Appearance(WindowCase):
@@ -19,8 +24,8 @@ class Appearance(WindowCase):
         self.addCleanup(self.portal.wait)
         self.addCleanup(self.portal.stdin.close)
 
-    def say(self, scheme):
-        print(scheme, file=self.portal.stdin, flush=True)
+    def say(self, setting):
+        print(setting, file=self.portal.stdin, flush=True)
 
     def brightness(self):
         """Of the window's background, 0 to 255: below the tabs, at the left edge."""
@@ -37,6 +42,38 @@ class Appearance(WindowCase):
         self.close_popover()
         self.say(LIGHT)
         self.wait_for("light window", 5, lambda: self.brightness() > 230)
+
+    def test_contrast_motion_and_size(self):
+        def line():
+            """Brightness of the line above the details' bar."""
+            x, y, _, _ = self.seen.rectangle(self.control("Show Details"))
+            return self.desktop.screen.area(x + 20, y - 1, 1, 1)[1]
+
+        x, y, width, _ = self.seen.rectangle(self.control("Used"))
+        gauge = (x - 90 + width // 2, y - 110, 180, 90)
+
+        def still():
+            before = self.desktop.screen.area(*gauge)
+            time.sleep(0.2)  # a turning arc would have gone on by then
+            return self.control("Boosting...") and self.desktop.screen.area(*gauge) == before
+
+        self.assertGreater(line(), 150)
+        self.say(CONTRAST)
+        self.wait_for("strong line", 5, lambda: line() < 20)
+        self.picture("contrast")
+        self.say(STILL)
+        self.open_popover()
+        _, _, _, height = self.seen.rectangle(self.control("Memory Usage"))
+        self.close_popover()
+        self.press("Boost Memory")
+        self.wait_for_control("Boosting...")
+        self.wait_for("still arcs", 5, still)
+        self.picture("still")
+        self.say(LARGE)
+        self.open_popover()
+        self.wait_for("larger text", 3, lambda: self.seen.rectangle(
+            self.control("Memory Usage"))[3] > height)
+        self.picture("large-popover")
 
 
 if __name__ == "__main__":

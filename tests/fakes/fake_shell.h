@@ -43,7 +43,7 @@ class FakeWindows : public Windows {
   void showUpdateResult(const UpdateResult& /*result*/) override {
     journal_.emplace_back("result");
   }
-  void setColorScheme(std::optional<ColorScheme> /*scheme*/) override {}
+  void setAppearance(const AppearanceSettings& /*settings*/) override {}
 
  private:
   Journal& journal_;

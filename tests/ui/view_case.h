@@ -39,7 +39,7 @@ class ViewCase : public testing::Test {
     windows_ = std::make_unique<WindowController>(shell_, manager_,
                                                   DesktopFunctions{.readFile = readRegularFile},
                                                   ProductFacts{"1.4.2", "Qt"});
-    windows_->setColorScheme(ColorScheme::light);
+    windows_->setAppearance({.colorScheme = ColorScheme::light});
   }
   void createMainWindow() {
     windows_->showMainWindow();

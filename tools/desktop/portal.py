@@ -1,7 +1,7 @@
-"""A desktop's settings portal that knows one setting, light or dark: portal.py ADDRESS
+"""A desktop's settings portal: portal.py ADDRESS
 
-Reads numbers from standard input (1 dark, 2 light, 0 no wish), announces each and answers with the
-latest. Ends with its input.
+Reads lines from standard input, GROUP KEY VALUE with the value in GVariant's notation, announces each
+and answers with the latest. Ends with its input.
 """
 
 import sys
@@ -9,10 +9,8 @@ import sys
 from gi.repository import Gio, GLib
 
 SETTINGS = "org.freedesktop.portal.Settings"
-GROUP, KEY = "org.freedesktop.appearance", "color-scheme"
 DESCRIPTION = f"""<node><interface name="{SETTINGS}">
-  <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/>
-    <arg type="v" direction="out"/></method>
+  <method name="ReadAll"><arg type="as" direction="in"/><arg type="a{{sa{{sv}}}}" direction="out"/></method>
   <signal name="SettingChanged"><arg type="s"/><arg type="s"/><arg type="v"/></signal>
 </interface></node>"""
 PATH = "/org/freedesktop/portal/desktop"
@@ -22,27 +20,24 @@ def main(address):
     bus = Gio.DBusConnection.new_for_address_sync(
         address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
         | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
-    scheme = GLib.Variant("u", 0)
+    said = {}
 
     def answer(_bus, _sender, _path, _interface, _method, arguments, invocation):
-        if arguments.unpack() == (GROUP, KEY):
-            # Wrapped twice, as real portals do.
-            value = GLib.Variant("v", scheme)
-            invocation.return_value(GLib.Variant.new_tuple(GLib.Variant.new_variant(value)))
-        else:
-            invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "no such setting")
+        wanted = {group: said[group] for group in arguments.unpack()[0] if group in said}
+        invocation.return_value(GLib.Variant("(a{sa{sv}})", (wanted,)))
 
     loop = GLib.MainLoop()
 
     def read(_channel, _condition):
-        nonlocal scheme
         line = sys.stdin.readline()
         if not line:
             loop.quit()
             return False
-        scheme = GLib.Variant("u", int(line))
+        group, key, text = line.split(maxsplit=2)
+        value = GLib.Variant.parse(None, text, None, None)
+        said.setdefault(group, {})[key] = value
         bus.emit_signal(None, PATH, SETTINGS, "SettingChanged",
-                        GLib.Variant("(ssv)", (GROUP, KEY, scheme)))
+                        GLib.Variant("(ssv)", (group, key, value)))
         return True
 
     bus.register_object(PATH, Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0], answer)

@@ -5,6 +5,6 @@ import Orvane
 SmoothRectangle {
     z: 1
     radius: 5
-    borderColor: Theme.withOpacity(Theme.blue, 0.7)
+    borderColor: Theme.focusRing
     borderWidth: 2
 }

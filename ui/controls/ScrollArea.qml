@@ -100,7 +100,7 @@ Flickable {
 
         target: root
         property: "glidingY"
-        duration: 300
+        duration: Motion.reduced ? 0 : 300
         easing.type: Easing.BezierSpline
         easing.bezierCurve: Motion.easeInOut
     }

@@ -33,7 +33,7 @@ Item {
         gradientColors: [Theme.blue, Theme.purple]
 
         SequentialAnimation on x {
-            running: root.running && onScreen.holds
+            running: root.running && onScreen.holds && !Motion.reduced
             loops: Animation.Infinite
 
             NumberAnimation {

@@ -41,7 +41,7 @@ Item {
         visible: root.isSelected
         radius: 11
         borderWidth: 2
-        borderColor: Theme.withOpacity(Theme.blue, 0.5)
+        borderColor: Theme.rowOutline
     }
 
     MouseArea {

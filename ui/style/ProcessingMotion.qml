@@ -36,14 +36,14 @@ QtObject {
     readonly property NumberAnimation turn: NumberAnimation {
         target: root
         property: "rotation"
-        running: root.moving && root.visible
+        running: root.moving && root.visible && !Motion.reduced
         from: 0
         to: 360
         duration: root.turnDuration
         loops: Animation.Infinite
     }
     readonly property SequentialAnimation beat: SequentialAnimation {
-        running: root.moving && root.visible
+        running: root.moving && root.visible && !Motion.reduced
         loops: Animation.Infinite
         NumberAnimation {
             target: root
@@ -68,7 +68,7 @@ QtObject {
         target: root
         properties: "rotation,pulse"
         to: 0
-        duration: 300
+        duration: Motion.reduced ? 0 : 300
         easing.type: Easing.BezierSpline
         easing.bezierCurve: Motion.easeOut
     }

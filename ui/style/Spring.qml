@@ -8,7 +8,7 @@ NumberAnimation {
     property real response: 0.3  ///< seconds of one undamped oscillation
     property real dampingFraction: 0.825
 
-    duration: Motion.springDuration(response, dampingFraction)
+    duration: Motion.reduced ? 0 : Motion.springDuration(response, dampingFraction)
     easing.type: Easing.BezierSpline
     easing.bezierCurve: Motion.springCurve(response, dampingFraction)
 }

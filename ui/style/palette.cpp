@@ -19,11 +19,15 @@ QColor black(double opacity) {
 
 }  // namespace
 
-Palette::Palette(ColorScheme scheme) {
+Palette::Palette(ColorScheme scheme, bool highContrast) {
   const bool isDark = scheme == ColorScheme::dark;
 #define ORVANE_CHOOSE_COLOR(name, light, dark) name = isDark ? dark : light;
   ORVANE_COLORS(ORVANE_CHOOSE_COLOR)
 #undef ORVANE_CHOOSE_COLOR
+  if (!highContrast) return;
+  label = isDark ? Qt::white : Qt::black;
+  secondaryLabel = windowOutline = divider = label;
+  focusRing = rowOutline = blue;
 }
 
 const Palette& palette(ColorScheme scheme) {

@@ -27,6 +27,8 @@ namespace orvane {
   COLOR(pickerSelection, QColor(0xFF, 0xFF, 0xFF), QColor(0x5A, 0x5A, 0x60))                       \
   COLOR(pickerShadow, black(0.18), black(0.3))                                                     \
   COLOR(divider, black(0.1), white(0.1))                                                           \
+  COLOR(focusRing, withOpacity(blue, 0.7), withOpacity(blue, 0.7))                                 \
+  COLOR(rowOutline, withOpacity(blue, 0.5), withOpacity(blue, 0.5)) /* of the selected row */      \
   COLOR(material, withOpacity(windowBackground, 0.6), withOpacity(windowBackground, 0.6))          \
   COLOR(statCard, white(0.7), white(0.05))                                                         \
   COLOR(shortcut, withOpacity(gray, 0.1), white(0.05))                                             \
@@ -41,7 +43,8 @@ namespace orvane {
 
 /// The colours of one appearance.
 struct Palette {
-  explicit Palette(ColorScheme scheme);
+  /// With `highContrast`, secondary texts and borders are as strong as texts can be.
+  explicit Palette(ColorScheme scheme, bool highContrast = false);
 
 #define ORVANE_COLOR_MEMBER(name, light, dark) QColor name;
   ORVANE_COLORS(ORVANE_COLOR_MEMBER)

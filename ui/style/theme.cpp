@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPalette>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/style/spring_curve.h"
@@ -19,22 +20,17 @@ ColorScheme paletteScheme() {
   return dark ? ColorScheme::dark : ColorScheme::light;
 }
 
-QFont sized(QFont font, double size, int weight) {
-  font.setPixelSize(static_cast<int>(std::lround(size)));
-  font.setWeight(static_cast<QFont::Weight>(weight));
-  return font;
-}
-
 }  // namespace
 
-Theme::Theme() : scheme_(paletteScheme()) {
+Theme::Theme() {
+  apply();
   if (QCoreApplication::instance() != nullptr)
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-void Theme::setScheme(std::optional<ColorScheme> scheme) {
-  wanted_ = scheme;
-  applyScheme();
+void Theme::setAppearance(const AppearanceSettings& settings) {
+  wanted_ = settings;
+  apply();
 }
 
 void Theme::setTranslucentWindows(bool translucent) {
@@ -43,26 +39,36 @@ void Theme::setTranslucentWindows(bool translucent) {
   Q_EMIT changed();
 }
 
-void Theme::applyScheme() {
-  const ColorScheme scheme = wanted_.value_or(paletteScheme());
-  if (scheme == scheme_) return;
-  scheme_ = scheme;
+void Theme::apply() {
+  scheme_ = wanted_.colorScheme.value_or(paletteScheme());
+  palette_ = Palette(scheme_, wanted_.highContrast);
   Q_EMIT changed();
 }
 
 bool Theme::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ApplicationPaletteChange &&
       watched == QCoreApplication::instance()) {
-    applyScheme();
+    apply();
   }
   return QObject::eventFilter(watched, event);
 }
 
-QFont Theme::systemFont(double size, int weight) {
+double textFactor(double points) {
+  return std::clamp(points / 10, 1.0, 1.2);
+}
+
+QFont Theme::sized(QFont font, double size, int weight) const {
+  const double points = QGuiApplication::font().pointSizeF() * wanted_.textScale;
+  font.setPixelSize(static_cast<int>(std::lround(size * textFactor(points))));
+  font.setWeight(static_cast<QFont::Weight>(weight));
+  return font;
+}
+
+QFont Theme::systemFont(double size, int weight) const {
   return sized(QGuiApplication::font(), size, weight);
 }
 
-QFont Theme::monospacedFont(double size, int weight) {
+QFont Theme::monospacedFont(double size, int weight) const {
   return sized(QFontDatabase::systemFont(QFontDatabase::FixedFont), size, weight);
 }
 

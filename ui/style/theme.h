@@ -17,8 +17,12 @@ namespace orvane {
   Q_PROPERTY(QColor name READ name NOTIFY changed) \
  public:                                           \
   [[nodiscard]] QColor name() const {              \
-    return palette(scheme_).name;                  \
+    return palette_.name;                          \
   }
+
+/// By how much texts grow where the desktop's font has so many points: not up to 10, and no more
+/// beyond 12, which is what the views' places hold.
+[[nodiscard]] double textFactor(double points);
 
 /// Colours and fonts for views, following light and dark live. One a QML engine.
 class Theme : public QObject {
@@ -38,22 +42,22 @@ class Theme : public QObject {
  public:
   Theme();
 
-  /// None = as the application's palette says, now and whenever it changes.
-  void setScheme(std::optional<ColorScheme> scheme);
+  /// Without a colour scheme as the application's palette says, now and whenever it changes.
+  void setAppearance(const AppearanceSettings& settings);
   void setTranslucentWindows(bool translucent);
 
   [[nodiscard]] bool isDark() const { return scheme_ == ColorScheme::dark; }
   [[nodiscard]] double windowRadius() const { return translucentWindows_ ? 10 : 0; }
 
-  [[nodiscard]] static QFont headline() { return systemFont(13, QFont::DemiBold); }
-  [[nodiscard]] static QFont body() { return systemFont(13); }
-  [[nodiscard]] static QFont subheadline() { return systemFont(11); }
-  [[nodiscard]] static QFont caption() { return systemFont(10); }
+  [[nodiscard]] QFont headline() const { return systemFont(13, QFont::DemiBold); }
+  [[nodiscard]] QFont body() const { return systemFont(13); }
+  [[nodiscard]] QFont subheadline() const { return systemFont(11); }
+  [[nodiscard]] QFont caption() const { return systemFont(10); }
 
-  /// The desktop's own font, `size` in points (device-independent pixels).
-  Q_INVOKABLE [[nodiscard]] static QFont systemFont(double size, int weight = QFont::Normal);
+  /// The desktop's own font, `size` in points (device-independent pixels) times the textFactor.
+  Q_INVOKABLE [[nodiscard]] QFont systemFont(double size, int weight = QFont::Normal) const;
   /// The desktop's fixed font.
-  Q_INVOKABLE [[nodiscard]] static QFont monospacedFont(double size, int weight = QFont::Normal);
+  Q_INVOKABLE [[nodiscard]] QFont monospacedFont(double size, int weight = QFont::Normal) const;
 
   Q_INVOKABLE [[nodiscard]] static QColor withOpacity(const QColor& color, double opacity) {
     return orvane::withOpacity(color, opacity);
@@ -66,10 +70,12 @@ class Theme : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void applyScheme();
+  void apply();
+  [[nodiscard]] QFont sized(QFont font, double size, int weight) const;
 
-  std::optional<ColorScheme> wanted_;
-  ColorScheme scheme_;
+  AppearanceSettings wanted_;
+  ColorScheme scheme_ = ColorScheme::light;
+  Palette palette_{ColorScheme::light};
   bool translucentWindows_ = false;
 };
 
@@ -79,18 +85,28 @@ class Motion : public QObject {
   QML_ELEMENT
   QML_SINGLETON
 
+  /// The desktop wants nothing to move by itself: what would jumps to its end.
+  Q_PROPERTY(bool reduced MEMBER reduced_ NOTIFY changed)
   /// For `easing.bezierCurve`: slow at both ends.
   Q_PROPERTY(QVariantList easeInOut READ easeInOut CONSTANT)
   /// For `easing.bezierCurve`: slow at the end.
   Q_PROPERTY(QVariantList easeOut READ easeOut CONSTANT)
 
  public:
+  void setReduced(bool reduced) { setProperty("reduced", reduced); }
+
   [[nodiscard]] static QVariantList easeInOut() { return {0.42, 0.0, 0.58, 1.0, 1.0, 1.0}; }
   [[nodiscard]] static QVariantList easeOut() { return {0.0, 0.0, 0.58, 1.0, 1.0, 1.0}; }
 
   /// For `easing.bezierCurve` of an animation of `springDuration` milliseconds.
   Q_INVOKABLE [[nodiscard]] static QVariantList springCurve(double response, double damping);
   Q_INVOKABLE [[nodiscard]] static int springDuration(double response, double damping);
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  bool reduced_ = false;
 };
 
 }  // namespace orvane

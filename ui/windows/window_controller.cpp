@@ -69,7 +69,7 @@ QQmlEngine& WindowController::engine() {
   engine_->addImportPath(QStringLiteral(":/qt/qml"));
   engine_->addImageProvider(QLatin1String(IconProvider::providerId),
                             new IconProvider(system_.readFile));
-  theme().setScheme(scheme_);
+  applyAppearance();
   QCoreApplication::instance()->installEventFilter(this);
   return *engine_;
 }
@@ -78,9 +78,16 @@ Theme& WindowController::theme() {
   return *engine().singletonInstance<Theme*>(qmlTypeId("Orvane", 1, 0, "Theme"));
 }
 
-void WindowController::setColorScheme(std::optional<ColorScheme> scheme) {
-  scheme_ = scheme;
-  if (engine_) theme().setScheme(scheme_);
+void WindowController::setAppearance(const AppearanceSettings& settings) {
+  appearance_ = settings;
+  if (engine_) applyAppearance();
+}
+
+void WindowController::applyAppearance() {
+  theme().setAppearance(appearance_);
+  engine()
+      .singletonInstance<Motion*>(qmlTypeId("Orvane", 1, 0, "Motion"))
+      ->setReduced(appearance_.reducedMotion);
 }
 
 void WindowController::followCompositor() {

@@ -68,7 +68,7 @@ class WindowController : public QObject, public Windows {
   void hideMainWindow() override;
   void showUpdateCheck() override;
   void showUpdateResult(const UpdateResult& result) override;
-  void setColorScheme(std::optional<ColorScheme> scheme) override;
+  void setAppearance(const AppearanceSettings& settings) override;
 
   /// The window of that kind; null when there is none.
   [[nodiscard]] QQuickWindow* window(WindowKind kind) const;
@@ -109,6 +109,7 @@ class WindowController : public QObject, public Windows {
  private:
   QQmlEngine& engine();
   Theme& theme();
+  void applyAppearance();
   /// Frameless windows have round corners while a compositor runs, which may come and go.
   void followCompositor();
   /// A window of that QML file, not shown yet; null when it can't be made.
@@ -123,7 +124,7 @@ class WindowController : public QObject, public Windows {
   std::shared_ptr<MemoryManager> manager_;
   DesktopFunctions system_;
   ProductFacts facts_;
-  std::optional<ColorScheme> scheme_;
+  AppearanceSettings appearance_;
   std::optional<UpdateResult> result_;
   std::optional<QPoint> framePlace_;  ///< where the main window was hidden
   QElapsedTimer sinceDismissal_;

@@ -61,8 +61,9 @@ class Windows {
   /// Shows how the check ended; nothing when the window is closed by then.
   virtual void showUpdateResult(const UpdateResult& result) = 0;
 
-  /// Light or dark for every window, now and later; none = as the desktop's palette says.
-  virtual void setColorScheme(std::optional<ColorScheme> scheme) = 0;
+  /// How every window looks, now and later; without a colour scheme as the desktop's palette says.
+  /// Texts have the size of when they were made.
+  virtual void setAppearance(const AppearanceSettings& settings) = 0;
 };
 
 /// What "About Orvane" tells, and the update window of the running version.

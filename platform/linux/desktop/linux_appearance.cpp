@@ -1,6 +1,7 @@
 #include "platform/linux/desktop/linux_appearance.h"
 
 #include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusPendingReply>
 
 #include "platform/linux/bus/session_bus.h"
@@ -12,57 +13,83 @@ const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const auto colorSchemeKey = QStringLiteral("color-scheme");
+const auto interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const auto accessGroup = QStringLiteral("org.gnome.desktop.a11y.interface");
 
-/// The portal's number, however deeply it is wrapped in variants: 1 dark, 2 light, 0 no wish.
-std::optional<ColorScheme> schemeFrom(QVariant value) {
-  while (value.userType() == qMetaTypeId<QDBusVariant>()) {
-    value = value.value<QDBusVariant>().variant();
-  }
-  bool isNumber = false;
-  const uint number = value.toUInt(&isNumber);
-  if (isNumber && number == 1) return ColorScheme::dark;
-  if (isNumber && number == 2) return ColorScheme::light;
-  return std::nullopt;
+using Groups = QMap<QString, QVariantMap>;
+
+QStringList groups() {
+  return {appearanceGroup, interfaceGroup, accessGroup};
 }
 
 }  // namespace
 
 LinuxAppearance::LinuxAppearance(SessionBus& bus) : bus_(bus) {
+  qDBusRegisterMetaType<Groups>();
   connect(&bus_, &SessionBus::connected, this, &LinuxAppearance::subscribe);
   if (bus_.isConnected()) subscribe();
 }
 
 void LinuxAppearance::subscribe() {
-  bus_.subscribe(portalPath, settingsInterface, QStringLiteral("SettingChanged"), appearanceGroup,
-                 this, SLOT(settingChanged(QDBusMessage)));
+  for (const QString& group : groups()) {
+    bus_.subscribe(portalPath, settingsInterface, QStringLiteral("SettingChanged"), group, this,
+                   SLOT(settingChanged(QDBusMessage)));
+  }
   bus_.subscribeToOwner(portalService, this, SLOT(portalOwnerChanged(QString, QString, QString)));
-  readSetting();
+  readSettings();
 }
 
-void LinuxAppearance::readSetting() {
-  QDBusMessage message = QDBusMessage::createMethodCall(portalService, portalPath,
-                                                        settingsInterface, QStringLiteral("Read"));
-  message << appearanceGroup << colorSchemeKey;
-  bus_.call(message, this, [this](const QDBusPendingReply<QDBusVariant>& reply) {
-    if (!reply.isError()) setScheme(schemeFrom(QVariant::fromValue(reply.value())));
+void LinuxAppearance::readSettings() {
+  QDBusMessage message = QDBusMessage::createMethodCall(
+      portalService, portalPath, settingsInterface, QStringLiteral("ReadAll"));
+  message << groups();
+  bus_.call(message, this, [this](const QDBusPendingReply<Groups>& reply) {
+    if (reply.isError()) return;
+    const Groups all = reply.value();
+    for (auto group = all.begin(); group != all.end(); ++group) {
+      for (auto entry = group->begin(); entry != group->end(); ++entry)
+        note(group.key(), entry.key(), entry.value());
+    }
+    apply();
   });
 }
 
 void LinuxAppearance::settingChanged(const QDBusMessage& signal) {
   const QVariantList arguments = signal.arguments();
-  if (arguments.value(0) != appearanceGroup || arguments.value(1) != colorSchemeKey) return;
-  setScheme(schemeFrom(arguments.value(2)));
+  note(arguments.value(0).toString(), arguments.value(1).toString(), arguments.value(2));
+  apply();
 }
 
 void LinuxAppearance::portalOwnerChanged(const QString& name, const QString& /*oldOwner*/,
                                          const QString& newOwner) {
-  if (name == portalService && !newOwner.isEmpty()) readSetting();
+  if (name == portalService && !newOwner.isEmpty()) readSettings();
 }
 
-void LinuxAppearance::setScheme(std::optional<ColorScheme> scheme) {
-  if (scheme_ == scheme) return;
-  scheme_ = scheme;
+/// However deeply the value is wrapped in variants.
+void LinuxAppearance::note(const QString& group, const QString& key, QVariant value) {
+  static const QStringList kept{
+      QStringLiteral("color-scheme"),      QStringLiteral("contrast"),
+      QStringLiteral("reduced-motion"),    QStringLiteral("high-contrast"),
+      QStringLiteral("enable-animations"), QStringLiteral("text-scaling-factor")};
+  while (value.userType() == qMetaTypeId<QDBusVariant>()) {
+    value = value.value<QDBusVariant>().variant();
+  }
+  if (kept.contains(key)) values_[{group, key}] = value;
+}
+
+void LinuxAppearance::apply() {
+  const uint scheme = value(appearanceGroup, "color-scheme").toUInt();
+  const double scale = value(interfaceGroup, "text-scaling-factor").toDouble();
+  AppearanceSettings wanted;
+  if (scheme == 1) wanted.colorScheme = ColorScheme::dark;
+  if (scheme == 2) wanted.colorScheme = ColorScheme::light;
+  wanted.highContrast = value(appearanceGroup, "contrast").toUInt() == 1 ||
+                        value(accessGroup, "high-contrast").toBool();
+  wanted.reducedMotion = value(appearanceGroup, "reduced-motion").toUInt() == 1 ||
+                         value(interfaceGroup, "enable-animations") == QVariant(false);
+  if (scale > 0) wanted.textScale = scale;
+  if (settings_ == wanted) return;
+  settings_ = wanted;
   if (changed_) changed_();
 }
 

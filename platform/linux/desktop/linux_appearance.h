@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QtCore/QMap>
 #include <QtCore/QObject>
+#include <QtCore/QVariant>
+#include <utility>
 
 #include "platform/appearance.h"
 
@@ -10,8 +13,8 @@ namespace orvane {
 
 class SessionBus;
 
-/// The desktop's colour scheme from its settings portal, read when the bus connects and followed
-/// from then on. Without a portal there is none.
+/// The desktop's settings portal, read when the bus connects and followed from then on. What newer
+/// portals say themselves, older ones say as GNOME's own settings. Without a portal: the defaults.
 class LinuxAppearance : public QObject, public Appearance {
   Q_OBJECT
 
@@ -19,7 +22,7 @@ class LinuxAppearance : public QObject, public Appearance {
   /// `bus` must outlive the object.
   explicit LinuxAppearance(SessionBus& bus);
 
-  [[nodiscard]] std::optional<ColorScheme> colorScheme() const override { return scheme_; }
+  [[nodiscard]] const AppearanceSettings& settings() const override { return settings_; }
   void setChanged(std::function<void()> handler) override { changed_ = std::move(handler); }
 
  private:
@@ -28,11 +31,16 @@ class LinuxAppearance : public QObject, public Appearance {
                                  const QString& newOwner);
 
   void subscribe();
-  void readSetting();
-  void setScheme(std::optional<ColorScheme> scheme);
+  void readSettings();
+  void note(const QString& group, const QString& key, QVariant value);
+  void apply();
+  [[nodiscard]] QVariant value(const QString& group, const char* key) const {
+    return values_.value({group, QLatin1String(key)});
+  }
 
   SessionBus& bus_;
-  std::optional<ColorScheme> scheme_;
+  QMap<std::pair<QString, QString>, QVariant> values_;  ///< by group and key
+  AppearanceSettings settings_;
   std::function<void()> changed_;
 };
 
