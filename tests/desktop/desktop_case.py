@@ -5,6 +5,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import time
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -18,6 +19,8 @@ from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
 PROGRAM = pathlib.Path(os.environ.get("ORVANE_PROGRAM", ROOT / "build/release/orvane"))
 VERSION = re.search(r"VERSION (\d+\.\d+\.\d+)", (ROOT / "CMakeLists.txt").read_text())[1]
 PICTURES = pathlib.Path(os.environ.get("ORVANE_PICTURES", ROOT / "build/test-screenshots"))
+# Of all waits, sooner than the runner's limit, which would not say what was missing.
+END = time.monotonic() + 100
 
 
 class DesktopCase(unittest.TestCase):
@@ -73,10 +76,6 @@ class DesktopCase(unittest.TestCase):
         return subprocess.run(["xprop", *question], env=self.desktop.environment,
                               capture_output=True, text=True, check=False).stdout
 
-    def wait_for(self, what, seconds, check):
+    def wait_for(self, what, seconds, check, **options):
         """Polls until `check()` gives something true, and gives that."""
-        return wait_for(what, seconds, check)
-
-
-if __name__ == "__main__":
-    sys.exit("run the test_*.py files")
+        return wait_for(what, min(seconds, END - time.monotonic()), check, **options)

@@ -27,7 +27,6 @@ class PopoverCase(DesktopCase):
         try:
             return self.wait_for(name, seconds, lambda: self.control(name))
         except TimeoutError:
-            self.picture("missing")
             self.fail(f"no {name!r} among {self.seen.names(self.orvane.pid)}")
 
     def wait_until_gone(self, name):
@@ -69,16 +68,8 @@ class PopoverCase(DesktopCase):
     def tab_to(self, name):
         """Moves the keyboard to a control, as a user without a mouse would."""
         self.wait_for_control(name)
-        for _ in range(12):
-            if self.has_keyboard(name):
-                return
-            self.pointer.key("Tab")
-            try:
-                self.wait_for(f"keyboard on {name}", 0.3, lambda: self.has_keyboard(name))
-            except TimeoutError:
-                pass
-        self.picture("unreachable")
-        self.fail(f"the keyboard never reached {name}")
+        self.wait_for(f"keyboard on {name}", 10,
+                      lambda: self.has_keyboard(name) or self.pointer.key("Tab"), interval=0.3)
 
     def close_popover(self):
         if self.control(self.CONTROL):

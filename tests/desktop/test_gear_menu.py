@@ -3,29 +3,47 @@
 import unittest
 
 from desktop_case import PROGRAM
-from gear_menu_case import LOGIN, GearMenuCase
+from popover_case import PopoverCase
+
+LOGIN = "Launch at Login"
+UNWRITABLE = "Failed to enable launch at login: Filename refers to a directory"
+MISSING = "Failed to disable launch at login: No such file or directory"
 
 
-class GearMenu(GearMenuCase):
+class GearMenu(PopoverCase):
+    def open_menu(self):
+        self.open_popover()
+        self.click("Settings")
+        self.wait_for_control(LOGIN)
+
+    def toggle_login(self):
+        """Gives whether the menu shows the login item as checked afterwards."""
+        self.open_menu()
+        self.click(LOGIN)
+        self.wait_until_gone(LOGIN)
+        self.click("Settings")
+        checked = self.seen.has_state(self.wait_for_control(LOGIN), "checked")
+        self.pointer.key("Escape")
+        self.wait_until_gone(LOGIN)
+        self.close_popover()
+        return checked
+
     def test_login_entry_follows_the_toggle(self):
-        self.assertFalse(self.login_is_checked())
-        self.toggle_login()
-        self.wait_for("login entry", 2, self.orvane.autostart_entry.exists)
-        entry = self.orvane.autostart_entry.read_text()
-        self.assertIn(f'Exec="{PROGRAM}"', entry)
-        self.assertTrue(self.login_is_checked())
+        entry = self.orvane.autostart_entry
+        # What can't be done or undone is an error, and the choice stays.
+        entry.mkdir(parents=True)
+        self.assertTrue(self.toggle_login())
+        entry.rmdir()
+        self.assertFalse(self.toggle_login())
+        self.wait_for("two lines", 2, lambda: self.orvane.lines() == [UNWRITABLE, MISSING])
+
+        self.assertTrue(self.toggle_login())
+        self.wait_for("login entry", 2, entry.exists)
+        self.assertIn(f'Exec="{PROGRAM}"', entry.read_text())
         self.assertIn("launchAtLogin=true", self.orvane.preferences())
-        self.toggle_login()
-        self.wait_for("end of the entry", 2, lambda: not self.orvane.autostart_entry.exists())
-        # Undoing what isn't there is an error, and the choice stays.
-        self.orvane.autostart_entry.parent.mkdir(exist_ok=True)
-        self.toggle_login()
-        self.orvane.autostart_entry.unlink()
-        self.toggle_login()
-        self.wait_for("printed line", 2, self.orvane.lines)
-        self.assertEqual(self.orvane.lines(),
-                         ["Failed to disable launch at login: No such file or directory"])
-        self.assertFalse(self.login_is_checked())
+        self.assertFalse(self.toggle_login())
+        self.assertFalse(entry.exists())
+        self.assertEqual(len(self.orvane.lines()), 2)
 
     def test_gives_way_to_another_program(self):
         self.open_menu()
@@ -40,9 +58,9 @@ class GearMenu(GearMenuCase):
 
     def test_keyboard_and_quit(self):
         self.open_menu()
-        for _ in range(2):
-            self.pointer.key("Down")
-        self.pointer.key("Return")
+        self.picture("menu")
+        for key in ("Down", "Down", "Return"):
+            self.pointer.key(key)
         self.wait_for("login entry", 2, self.orvane.autostart_entry.exists)
         self.press("Settings")
         self.press("Quit Orvane")

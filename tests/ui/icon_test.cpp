@@ -37,20 +37,20 @@ QByteArray embedding(const QByteArray& address) {
   return drawing("<image width='30' height='10' xlink:href='" + address + "'/>");
 }
 
-/// A file of several pictures, as other desktops have them.
-QByteArray severalPictures(const QList<QByteArray>& pictures, const QList<int>& sides) {
+/// A file of several square pictures, as other desktops have them.
+QByteArray severalPictures(const QList<std::pair<int, QRgb>>& pictures) {
   QByteArray file;
+  QByteArray contents;
   QDataStream stream(&file, QIODevice::WriteOnly);
   stream.setByteOrder(QDataStream::LittleEndian);
   stream << quint16{0} << quint16{1} << quint16(pictures.size());
-  auto offset = static_cast<quint32>(6 + 16 * pictures.size());
-  for (qsizetype i = 0; i < pictures.size(); ++i) {
-    stream << quint8(sides[i]) << quint8(sides[i]) << quint16{0} << quint16{1} << quint16{32}
-           << quint32(pictures[i].size()) << offset;
-    offset += static_cast<quint32>(pictures[i].size());
+  for (const auto& [side, color] : pictures) {
+    const QByteArray picture = encoded({side, side}, color);
+    stream << quint8(side) << quint8(side) << quint16{0} << quint16{1} << quint16{32}
+           << quint32(picture.size()) << quint32(6 + 16 * pictures.size() + contents.size());
+    contents += picture;
   }
-  for (const auto& picture : pictures) file += picture;
-  return file;
+  return file + contents;
 }
 
 class Icons : public testing::Test {
@@ -69,13 +69,12 @@ class Icons : public testing::Test {
 
 TEST_F(Icons, FillTheirPlaceWhateverTheirShapeAndFormat) {
   const QByteArray png = encoded({64, 20}, red);
-  const QByteArray base64 = png.toBase64();
   const std::pair<const char*, QByteArray> files[] = {
       {"wide.png", png},
       {"small.png", encoded({3, 3}, red)},
       {"largest.png", encoded({4096, 4096}, red)},
       {"misnamed.svg", encoded({9, 9}, red, "BMP")},
-      {"embedded.svg", embedding("data:image/png;base64," + base64)},
+      {"embedded.svg", embedding("data:image/png;base64," + png.toBase64())},
       {"vast.svg",
        "<svg xmlns='http://www.w3.org/2000/svg' width='90000' height='90000'>"
        "<rect width='90000' height='90000' fill='#ff0000'/></svg>"}};
@@ -89,19 +88,15 @@ TEST_F(Icons, FillTheirPlaceWhateverTheirShapeAndFormat) {
   // Crisp at any size: the line of one point is eight whole pixels.
   const auto line = drawing("<rect x='10' width='1' height='10' fill='#ff0000'/>");
   const QImage icon = decodeIcon(line, {240, 80});
-  EXPECT_EQ(icon.pixel(79, 40), blue);
-  EXPECT_EQ(icon.pixel(80, 40), red);
-  EXPECT_EQ(icon.pixel(87, 40), red);
-  EXPECT_EQ(icon.pixel(88, 40), blue);
+  for (const auto& [x, color] : {std::pair(79, blue), {80, red}, {87, red}, {88, blue}})
+    EXPECT_EQ(icon.pixel(x, 40), color) << x;
 }
 
 TEST_F(Icons, OfSeveralSizesTheNextLargerIsTaken) {
-  const QByteArray file = severalPictures(
-      {encoded({16, 16}, red), encoded({48, 48}, blue), encoded({128, 128}, red)}, {16, 48, 128});
-  EXPECT_EQ(decodeIcon(file, {36, 36}).pixel(5, 5), blue);
-  EXPECT_EQ(decodeIcon(file, {48, 48}).pixel(5, 5), blue);
-  EXPECT_EQ(decodeIcon(file, {12, 12}).pixel(5, 5), red);
-  EXPECT_EQ(decodeIcon(file, {400, 400}).pixel(5, 5), red);
+  const QByteArray file = severalPictures({{16, red}, {48, blue}, {128, red}});
+  for (const auto& [side, color] : {std::pair(36, blue), {48, blue}, {12, red}, {400, red}}) {
+    EXPECT_EQ(decodeIcon(file, {side, side}).pixel(5, 5), color) << side;
+  }
 }
 
 TEST_F(Icons, ThatCannotBeShownAreNoPictureAtOnceAndPrintNothing) {

@@ -11,10 +11,6 @@ class Processes : public ViewCase {
  protected:
   /// The list on the screen, with `count` applications of falling size and the pids 1, 2, ...
   void start(int count) {
-    prepare(count);
-    showList();
-  }
-  void prepare(int count) {
     for (int pid = 1; pid <= count; ++pid) {
       services_.applications.add(pid, "Application " + std::to_string(pid),
                                  static_cast<std::uint64_t>(1000 - 10 * pid) * megabyte);
@@ -23,29 +19,19 @@ class Processes : public ViewCase {
     createWindows();
     manager_->updateTopProcesses();
     createMainWindow();
-  }
-  void showList() {
     item("content").setProperty("selectedTab", 1);
     settle();
   }
 
-  /// The rows of the list, in the order in which they were made.
-  [[nodiscard]] static QList<QQuickItem*> rows(const QQuickItem* parent) {
-    QList<QQuickItem*> found;
-    for (QQuickItem* child : parent->childItems()) {
-      if (child->objectName() == QStringLiteral("row")) found << child;
-      found << rows(child);
-    }
-    return found;
-  }
+  [[nodiscard]] QList<QQuickItem*> rows() const { return findAll(view_->contentItem(), "row"); }
   QQuickItem* row(int pid) {
-    for (auto* row : rows(view_->contentItem())) {
+    for (auto* row : rows()) {
       if (row->property("record").value<ProcessRecord>().pid() == pid) return row;
     }
     return nullptr;
   }
   QQuickWindow* openDetails(int pid) {
-    click(*findIn(row(pid), QStringLiteral("info")));
+    click(*findIn(row(pid), "info"));
     return openWindow();
   }
 
@@ -59,11 +45,9 @@ class Processes : public ViewCase {
   int selectedPid() const {
     return manager_->selectedProcess() ? manager_->selectedProcess()->pid : 0;
   }
-  int highlightedRows() const {
-    const auto all = rows(view_->contentItem());
-    return static_cast<int>(std::count_if(all.begin(), all.end(), [](const QQuickItem* row) {
-      return row->property("isSelected").toBool();
-    }));
+  auto highlightedRows() const {
+    return std::ranges::count_if(
+        rows(), [](const QQuickItem* row) { return row->property("isSelected").toBool(); });
   }
 };
 
@@ -76,18 +60,22 @@ class KeyCounter : public QWindow {
   void keyPressEvent(QKeyEvent* /*event*/) override { ++keys; }
 };
 
-TEST_F(Processes, MovesTheSelectionByKeyAndScrollsToIt) {
+TEST_F(Processes, MovesTheSelectionByKeyAndScrollsToItAwayFromOpenDetails) {
   start(10);
-  pressKey(Qt::Key_Up);
+  QQuickItem& list = item("list");
+  const auto scrolled = [&] { return list.property("contentY").toDouble(); };
+  list.setProperty("contentY", 20.0);
+  sample();
+  EXPECT_EQ(scrolled(), 20.0);
+  for (int i = 0; i < 2; ++i) pressKey(Qt::Key_Up);
   EXPECT_EQ(selectedPid(), 1);
-  pressKey(Qt::Key_Up);
-  EXPECT_EQ(selectedPid(), 1);
-  for (int i = 0; i < 12; ++i) pressKey(Qt::Key_Down);
+  ASSERT_NE(openDetails(1), nullptr);
+  for (int i = 0; i < 10; ++i) QTest::keyClick(openWindow(), Qt::Key_Down);
   EXPECT_EQ(selectedPid(), 10);
   EXPECT_EQ(highlightedRows(), 1);
-  QQuickItem* list = &item("list");
-  const double end = list->property("contentHeight").toDouble() - list->height();
-  EXPECT_TRUE(eventually([&] { return qAbs(list->property("contentY").toDouble() - end) < 1; }));
+  EXPECT_TRUE(eventually([] { return openWindow() == nullptr; })) << "details of a hidden row";
+  const double end = list.property("contentHeight").toDouble() - list.height();
+  EXPECT_TRUE(eventually([&] { return qAbs(scrolled() - end) < 1; })) << scrolled();
 }
 
 TEST_F(Processes, TakesTheArrowsFromEveryWindowExactlyWhileOnScreen) {
@@ -121,10 +109,25 @@ TEST_F(Processes, ARebuildMatchesTheSelectionToNoRow) {
   EXPECT_EQ(selectedPid(), 2);
   EXPECT_EQ(highlightedRows(), 1);
   EXPECT_FALSE(item("refresh").isEnabled());
-  manager_->setProcessSortMode(ProcessSortMode::average);
+  const auto openSortMenu = [this] {
+    click(item("sortMenu"));
+    return openWindow();
+  };
+  QQuickWindow* menu = openSortMenu();
+  ASSERT_NE(menu, nullptr);
+  for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+    QTest::keyClick(menu, key);
   settle();
+  EXPECT_EQ(manager_->processSortMode(), ProcessSortMode::peak);
+  EXPECT_EQ(selectedPid(), 2) << "the arrows are the menu's";
+  menu = openSortMenu();
+  for (const auto& [entry, checked] : {std::pair("Current Memory", false), {"Peak Memory", true}}) {
+    const auto state = QAccessible::queryAccessibleInterface(&item(entry, menu))->state();
+    EXPECT_EQ(state.checked, checked) << entry;
+  }
+  QTest::keyClick(menu, Qt::Key_Escape);
   EXPECT_EQ(highlightedRows(), 0);
-  EXPECT_EQ(text(item("selectionLocation")), QStringLiteral("/usr/bin/a2"));
+  EXPECT_EQ(text(item("selectionLocation")), "/usr/bin/a2");
   pressKey(Qt::Key_Down);
   EXPECT_EQ(selectedPid(), 1);
   pressKey(Qt::Key_Escape);
@@ -140,6 +143,10 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
   click(*row(2));
   pressKey(Qt::Key_Return);
   ASSERT_NE(openWindow(), nullptr);
+  QTest::keyClick(openWindow(), Qt::Key_Escape);
+  EXPECT_TRUE(eventually([] { return openWindow() == nullptr; }));
+  pressKey(Qt::Key_Return);
+  ASSERT_NE(openWindow(), nullptr);
   view_->hide();
   EXPECT_TRUE(eventually([] { return openWindow() == nullptr; })) << "goes with its window";
   EXPECT_TRUE(services_.applications.killed.empty());
@@ -149,8 +156,7 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
   ASSERT_NE(openWindow(), nullptr);
   EXPECT_EQ(
       text(item("message", openWindow())),
-      QStringLiteral(
-          "Are you sure you want to kill '\u2068Application 2\u2069'? Unsaved data will be lost."));
+      "Are you sure you want to kill '\u2068Application 2\u2069'? Unsaved data will be lost.");
   click(item("kill", openWindow()));
   EXPECT_EQ(services_.applications.killed, std::vector<std::int32_t>{2});
   EXPECT_EQ(selectedPid(), 0);
@@ -209,67 +215,39 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
   EXPECT_EQ(openWindow(), nullptr);
 }
 
-TEST_F(Processes, KeepsTheScrollingAndClosesTheDetailsOfARowThatIsScrolledAway) {
-  start(10);
-  item("list").setProperty("contentY", 20.0);
-  sample();
-  EXPECT_EQ(item("list").property("contentY").toDouble(), 20.0);
-  ASSERT_NE(openDetails(1), nullptr);
-  for (int i = 0; i < 10; ++i) QTest::keyClick(openWindow(), Qt::Key_Down);
-  EXPECT_EQ(selectedPid(), 10);
-  EXPECT_TRUE(eventually([] { return openWindow() == nullptr; }));
-}
-
-TEST_F(Processes, LeavesTheArrowsToAnOpenMenu) {
-  start(3);
-  click(item("sortMenu"));
-  QQuickWindow* menu = openWindow();
-  ASSERT_NE(menu, nullptr);
-  for (int i = 0; i < 3; ++i) QTest::keyClick(menu, Qt::Key_Down);
-  QTest::keyClick(menu, Qt::Key_Return);
-  settle();
-  EXPECT_EQ(manager_->processSortMode(), ProcessSortMode::peak);
-  EXPECT_EQ(selectedPid(), 0);
-}
-
 TEST_F(Processes, TextFromRightToLeftStandsWhereAllTextStands) {
-  const std::string name = "\u05E2\u05D5\u05E8\u05DA Pro";
-  services_.applications.add(7, name, 1200 * megabyte);
+  services_.applications.add(7, "\u05E2\u05D5\u05E8\u05DA Pro", 1200 * megabyte);
   services_.applications.paths[7] = "/\u05E2\u05D5\u05E8\u05DA";
   start(1);
-  const auto isAtTheLeft = [](const QQuickItem& of) {
-    return of.property("effectiveHorizontalAlignment").toInt() == Qt::AlignLeft;
-  };
-  auto* first = rows(view_->contentItem()).front();
-  ASSERT_EQ(first->property("record").value<ProcessRecord>().name().toStdString(), name);
-  EXPECT_TRUE(isAtTheLeft(*findIn(first, QStringLiteral("name"))));
-  click(*first);
-  EXPECT_TRUE(isAtTheLeft(item("selectionName")));
-  EXPECT_TRUE(isAtTheLeft(item("selectionLocation")));
-  click(*findIn(first, QStringLiteral("info")));
-  ASSERT_NE(openWindow(), nullptr);
-  EXPECT_TRUE(isAtTheLeft(item("detailsName", openWindow())));
-  EXPECT_TRUE(isAtTheLeft(item("path", openWindow())));
+  click(*row(7));
+  const auto* details = openDetails(7);
+  ASSERT_NE(details, nullptr);
+  for (const auto* text : {findIn(row(7), "name"), find("selectionName"), find("selectionLocation"),
+                           find("detailsName", details), find("path", details)}) {
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft)
+        << qPrintable(text->objectName());
+  }
 }
 
 TEST_F(Processes, AnIconThatCannotBeShownIsThePlaceholderWithoutAWord) {
+  start(0);
   const TestDirectory folder;
-  QImage(4, 4, QImage::Format_RGB32).save(QString::fromStdString(folder.path("good.png")));
-  services_.applications.add(7, "Pipe", 4000 * megabyte);
-  services_.applications.applications.back().icon =
-      ApplicationIcon{makePipe(folder.path("pipe.png"))};
-  services_.applications.add(8, "Broken", 3000 * megabyte);
-  services_.applications.applications.back().icon =
-      ApplicationIcon{folder.write("broken.svg", "<svg><image href='x'/>")};
-  services_.applications.add(9, "Good", 2000 * megabyte);
-  services_.applications.applications.back().icon = ApplicationIcon{folder.path("good.png")};
-  prepare(1);
-  testing::internal::CaptureStderr();
-  showList();
-  QList<bool> shown;
-  for (const auto* row : rows(view_->contentItem())) {
-    shown << findIn(const_cast<QQuickItem*>(row), QStringLiteral("picture"))->isVisible();
+  const std::string good = folder.path("good.png");
+  QImage(4, 4, QImage::Format_RGB32).save(QString::fromStdString(good));
+  int pid = 7;
+  for (const std::string& file : {makePipe(folder.path("pipe.png")),
+                                  folder.write("broken.svg", "<svg><image href='x'/>"), good}) {
+    services_.applications.add(pid, file, static_cast<std::uint64_t>(4000 - pid) * megabyte);
+    services_.applications.applications.back().icon = ApplicationIcon{file};
+    ++pid;
   }
+  services_.applications.add(pid, "None", megabyte * 1000);
+  testing::internal::CaptureStderr();
+  manager_->updateTopProcesses();
+  settle();
+  QList<bool> shown;
+  for (const auto* row : rows()) shown << findIn(row, "picture")->isVisible();
   EXPECT_EQ(shown, (QList<bool>{false, false, true, false}));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

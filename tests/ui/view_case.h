@@ -60,24 +60,31 @@ class ViewCase : public testing::Test {
     return QTest::qWaitFor(condition, 20000);
   }
 
-  static QQuickItem* findIn(QQuickItem* in, const QString& name) {
+  /// All items of a name, from the top of the tree, in the order in which they were made.
+  static QList<QQuickItem*> findAll(const QQuickItem* in, const char* name) {
+    QList<QQuickItem*> found;
     for (QQuickItem* child : in->childItems()) {
-      if (child->objectName() == name) return child;
-      if (auto* found = findIn(child, name)) return found;
+      if (child->objectName() == QLatin1String(name)) found << child;
+      found << findAll(child, name);
     }
-    return nullptr;
+    return found;
+  }
+  static QQuickItem* findIn(const QQuickItem* in, const char* name) {
+    return findAll(in, name).value(0);
   }
   [[nodiscard]] QQuickItem* find(const char* name, const QQuickWindow* window = nullptr) const {
-    return findIn((window == nullptr ? view_ : window)->contentItem(), QLatin1String(name));
+    return findIn((window == nullptr ? view_ : window)->contentItem(), name);
   }
   [[nodiscard]] QQuickItem& item(const char* name, const QQuickWindow* window = nullptr) const {
     QQuickItem* found = find(name, window);
     if (found == nullptr) qFatal("no item %s", name);
     return *found;
   }
-  [[nodiscard]] static QString text(const QQuickItem& of) { return of.property("text").toString(); }
-  [[nodiscard]] static QString accessibleName(QQuickItem& of) {
-    return QAccessible::queryAccessibleInterface(&of)->text(QAccessible::Name);
+  [[nodiscard]] static std::string text(const QQuickItem& of) {
+    return of.property("text").toString().toStdString();
+  }
+  [[nodiscard]] static std::string accessibleName(QQuickItem& of) {
+    return QAccessible::queryAccessibleInterface(&of)->text(QAccessible::Name).toStdString();
   }
   /// In the window.
   [[nodiscard]] static QRectF place(const QQuickItem& of) {

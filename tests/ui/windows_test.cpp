@@ -53,21 +53,5 @@ TEST_F(WindowsTest, EscapeAndControlWCloseAndOneOpensOnlyOnce) {
   }
 }
 
-TEST_F(WindowsTest, TheMainWindowIsHiddenByTheShellAndComesBackAsItWas) {
-  createMainWindow();
-  item("content").setProperty("selectedTab", 1);
-  view_->setPosition(100, 90);
-  view_->close();
-  EXPECT_TRUE(view_->isVisible()) << "the shell hides it";
-  EXPECT_EQ(shell_.closed, std::vector{WindowKind::main});
-  windows_->hideMainWindow();
-  EXPECT_FALSE(view_->isVisible());
-  windows_->showMainWindow();
-  EXPECT_EQ(windows_->window(WindowKind::main), view_);
-  EXPECT_EQ(view_->position(), QPoint(100, 90));
-  EXPECT_EQ(view_->size(), QSize(440, 510));
-  EXPECT_EQ(item("content").property("selectedTab"), 1);
-}
-
 }  // namespace
 }  // namespace orvane

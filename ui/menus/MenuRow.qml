@@ -23,6 +23,7 @@ Item {
     signal unhovered
     signal pressed
 
+    objectName: entry.text
     implicitWidth: entry.isDivider ? 0 : label.x + label.implicitWidth + 14 + (keys.text ? keys.implicitWidth + 24 : 0)
     implicitHeight: entry.isDivider ? 9 : 22
 
