@@ -8,6 +8,8 @@ Flickable {
 
     /// How far down `contentY` may go.
     readonly property real furthest: Math.max(0, contentHeight - height)
+    property list<color> backdrop  ///< colours of the window behind; empty = hard edges
+    property bool fadesBelow: false
     property real glidingY: 0  ///< `contentY` while it glides, between device pixels too
 
     /// Scrolls, gently, until the content's point `y` lies on the bottom edge.
@@ -103,6 +105,26 @@ Flickable {
         duration: Motion.reduced ? 0 : 300
         easing.type: Easing.BezierSpline
         easing.bezierCurve: Motion.easeInOut
+    }
+
+    EdgeFade {
+        parent: root
+        visible: opacity > 0
+        width: root.width
+        height: 14
+        colors: root.backdrop
+        opacity: root.backdrop.length > 0 ? Math.min(1, root.contentY / height) : 0
+    }
+
+    EdgeFade {
+        parent: root
+        visible: opacity > 0
+        y: root.height - height
+        width: root.width
+        height: 14
+        colors: root.backdrop
+        opaqueBelow: true
+        opacity: root.fadesBelow ? Math.min(1, (root.furthest - root.contentY) / height) : 0
     }
 
     ScrollIndicator {

@@ -12,8 +12,12 @@ Item {
     signal detailsToggled
     signal processesRequested
 
-    onShowDetailedViewChanged: if (showDetailedView)
+    property bool complete: false
+
+    // Not when the view is made with its details open: they were seen before.
+    onShowDetailedViewChanged: if (showDetailedView && complete)
         scrollDelay.restart()
+    Component.onCompleted: complete = true
 
     Timer {
         id: scrollDelay
@@ -30,6 +34,7 @@ Item {
         objectName: "scrollArea"
         width: root.width
         height: bar.y - 1
+        backdrop: Theme.windowGradient
         // Blank space below the last line alone lets nothing scroll; it grows with the details, so
         // that nothing jumps.
         contentHeight: contentEnd + Math.max(0, Math.min(30, contentEnd - height))

@@ -26,6 +26,8 @@ ScrollArea {
     }
 
     contentHeight: column.height + 16
+    backdrop: Theme.windowGradient
+    fadesBelow: true
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Applications")
 

@@ -37,6 +37,8 @@ class Theme : public QObject {
   Q_PROPERTY(QFont caption READ caption CONSTANT)
   /// Radius of frameless windows: 0 where the desktop can't blend their corners.
   Q_PROPERTY(double windowRadius READ windowRadius NOTIFY changed)
+  /// The main window's background, from its top left to its bottom right.
+  Q_PROPERTY(QList<QColor> windowGradient READ windowGradient NOTIFY changed)
   ORVANE_COLORS(ORVANE_COLOR_PROPERTY)
 
  public:
@@ -47,6 +49,9 @@ class Theme : public QObject {
   void setTranslucentWindows(bool translucent);
 
   [[nodiscard]] bool isDark() const { return scheme_ == ColorScheme::dark; }
+  [[nodiscard]] QList<QColor> windowGradient() const {
+    return {palette(scheme_).windowGradientStart, palette(scheme_).windowGradientEnd};
+  }
   [[nodiscard]] double windowRadius() const { return translucentWindows_ ? 10 : 0; }
 
   [[nodiscard]] QFont headline() const { return systemFont(13, QFont::DemiBold); }

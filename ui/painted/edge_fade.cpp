@@ -1,0 +1,20 @@
+#include "ui/painted/edge_fade.h"
+
+#include <QPainter>
+#include <QQuickWindow>
+
+#include "ui/painted/unit_gradient.h"
+
+namespace orvane {
+
+void EdgeFade::paint(QPainter& painter) const {
+  const QRectF window(mapFromScene({0, 0}), QSizeF(this->window()->size()));
+  painter.fillRect(boundingRect(), unitGradient(colors_, window, {0, 0}, {1, 1}));
+  const QPointF opaque(0, opaqueBelow_ ? 1 : 0);
+  const QPointF clear(0, opaqueBelow_ ? 0 : 1);
+  painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+  painter.fillRect(boundingRect(),
+                   unitGradient({Qt::black, Qt::transparent}, boundingRect(), opaque, clear));
+}
+
+}  // namespace orvane
