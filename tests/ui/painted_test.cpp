@@ -8,6 +8,8 @@
 #include "ui/painted/gradient_arc.h"
 #include "ui/painted/history_chart.h"
 #include "ui/painted/rectangle_shadow.h"
+#include "ui/painted/share_bar.h"
+#include "ui/painted/smooth_rectangle.h"
 
 namespace orvane {
 namespace {
@@ -87,6 +89,24 @@ TEST_F(PaintedTest, AShadowIsSoftAroundItsRectangleAndAbsentInside) {
   EXPECT_GT(image.pixelColor(12, 40).red(), image.pixelColor(16, 40).red());
   EXPECT_LT(image.pixelColor(12, 40).red(), 255) << "cut off";
   EXPECT_LT(image.pixelColor(21, 21).red(), 250) << "the corner is round, its shadow seen";
+}
+
+TEST_F(PaintedTest, StraightEdgesLieOnDevicePixels) {
+  SmoothRectangle card;
+  ShareBar bar;
+  set(card, {{"radius", 2}, {"color", QColor(Qt::red)}});
+  set(bar, {{"share", 0.5}, {"fillColor", QColor(Qt::red)}, {"trackColor", QColor(Qt::red)}});
+  for (PaintedItem* item : std::initializer_list<PaintedItem*>{&card, &bar}) {
+    add(*item, {10.4, 10.4, 40.3, 6.2});
+    const QImage image = picture();
+    QList<QColor> column;
+    for (int y = 0; y < image.height(); ++y) {
+      const QColor color = image.pixelColor(24, y);
+      if (!column.contains(color)) column << color;
+    }
+    EXPECT_EQ(column, QList<QColor>({Qt::white, Qt::red})) << item->metaObject()->className();
+    item->setParentItem(nullptr);
+  }
 }
 
 }  // namespace

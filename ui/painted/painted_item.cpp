@@ -17,7 +17,8 @@ PaintedItem::PaintedItem(QQuickItem* parent) : QQuickItem(parent) {
 }
 
 bool PaintedItem::isVisibleMove(double points) const {
-  constexpr double smallestStep = 0.25;  // device pixels
+  // Device pixels; what is out of focus has no edge that shows so little.
+  const double smallestStep = 0.25 + blurRadius_ / 8;
   return window() == nullptr ||
          std::abs(points) * window()->effectiveDevicePixelRatio() >= smallestStep;
 }
@@ -73,6 +74,16 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
   return image;
 }
 
+void PaintedItem::snap(double scale) {
+  snapped_ = boundingRect();
+  if (isStretched()) return;
+  const QPointF place = mapToScene({0, 0});
+  const auto onPixel = [scale](QPointF point) {
+    return QPointF(std::round(point.x() * scale), std::round(point.y() * scale)) / scale;
+  };
+  snapped_ = QRectF(onPixel(place) - place, onPixel(place + snapped_.bottomRight()) - place);
+}
+
 QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {
   const double scale = window()->effectiveDevicePixelRatio() * std::clamp(detail_, 1.0 / 64, 1.0);
   auto* image = static_cast<QSGImageNode*>(node);
@@ -95,6 +106,7 @@ QSGNode* PaintedItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data
     const QPointF offset = isStretched()
                                ? QPointF()
                                : corner - QPointF(std::floor(corner.x()), std::floor(corner.y()));
+    snap(scale);
     const QImage picture = render(area, offset, scale);
     image->setTexture(window()->createTextureFromImage(picture));
     const QPointF origin = area.topLeft() - offset / scale;

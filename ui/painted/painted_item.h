@@ -50,6 +50,10 @@ class PaintedItem : public QQuickItem {
   /// What the drawing keeps within; the less it is, the less is blended in every frame.
   [[nodiscard]] virtual QRectF paintedArea() const;
 
+  /// The item's rectangle with its edges moved to the nearest device pixels, so that straight edges
+  /// are crisp at fractional scales; a stretched picture has it as it is. For `paint` only.
+  [[nodiscard]] QRectF snappedRect() const { return snapped_; }
+
   /// Whether something that moves by `points` looks different on the screen.
   [[nodiscard]] bool isVisibleMove(double points) const;
 
@@ -72,9 +76,12 @@ class PaintedItem : public QQuickItem {
   [[nodiscard]] QRectF pictureArea() const;
   [[nodiscard]] QImage render(const QRectF& area, QPointF offset, double scale) const;
 
+  void snap(double scale);
+
   /// The picture is drawn larger or turned, so that its pixels aren't the screen's.
   [[nodiscard]] bool isStretched() const { return smooth() || detail_ < 1; }
 
+  QRectF snapped_;
   double detail_ = 1;
   double blurRadius_ = 0;
   bool dirty_ = true;

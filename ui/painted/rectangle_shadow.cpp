@@ -7,12 +7,12 @@
 namespace orvane {
 
 void RectangleShadow::paint(QPainter& painter) const {
-  painter.fillPath(smoothRectanglePath({0, drop_, width(), height()}, radius_), color_);
+  painter.fillPath(smoothRectanglePath(snappedRect().translated(0, drop_), radius_), color_);
 }
 
 void RectangleShadow::paintSharp(QPainter& painter) const {
   // The cut is half a point smaller than the rectangle: no gap shows along its soft edge.
-  const QRectF inside = boundingRect().adjusted(0.5, 0.5, -0.5, -0.5);
+  const QRectF inside = snappedRect().adjusted(0.5, 0.5, -0.5, -0.5);
   painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
   painter.fillPath(smoothRectanglePath(inside, radius_), Qt::black);
 }

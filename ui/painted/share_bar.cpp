@@ -8,11 +8,13 @@
 namespace orvane {
 
 void ShareBar::paint(QPainter& painter) const {
-  const QPainterPath track = smoothRectanglePath(boundingRect(), cornerRadius);
+  const QRectF bar = snappedRect();
+  const QPainterPath track = smoothRectanglePath(bar, cornerRadius);
   painter.fillPath(track, trackColor_);
-  const double fill = (width() - 2 * inset_) * share_;
+  const double fill = (bar.width() - 2 * inset_) * share_;
   if (fill <= 0) return;
-  const QPainterPath shape = smoothRectanglePath({inset_, 0, fill, height()}, cornerRadius);
+  const QPainterPath shape =
+      smoothRectanglePath({bar.x() + inset_, bar.y(), fill, bar.height()}, cornerRadius);
   // A fill narrower than the round end of the track would stick out of it.
   painter.fillPath(inset_ < cornerRadius ? shape.intersected(track) : shape, fillColor_);
 }

@@ -8,7 +8,7 @@
 namespace orvane {
 
 void SmoothRectangle::paint(QPainter& painter) const {
-  const QRectF bounds = boundingRect();
+  const QRectF bounds = snappedRect();
   const QBrush fill = gradientColors_.isEmpty()
                           ? QBrush(color_)
                           : unitGradient(gradientColors_, bounds, gradientStart_, gradientEnd_);
