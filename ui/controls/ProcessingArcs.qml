@@ -10,9 +10,10 @@ Item {
     required property real lineWidth
     required property int count
     required property real share  ///< of the circle, each
-    // The left and right edges of an arc that starts at three o'clock, its round ends included.
-    readonly property real headLeft: width / 2 * (1 + Math.cos(2 * Math.PI * share)) - lineWidth / 2
-    readonly property real tailRight: width + lineWidth / 2
+    /// Where the head of an arc lies whose tail is at three o'clock, as a share of the width. The
+    /// gradient runs between these two points, not to the edges of the round ends: else the tail
+    /// would end while it is still seen.
+    readonly property real head: (1 + Math.cos(2 * Math.PI * share)) / 2
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: qsTr("Boosting...")
@@ -29,8 +30,8 @@ Item {
             lineWidth: root.lineWidth
             roundCaps: true
             colors: [Qt.rgba(1, 1, 1, 0.9), Qt.rgba(1, 1, 1, 0)]
-            gradientStart: Qt.point(root.headLeft / width, 0)
-            gradientEnd: Qt.point(root.tailRight / width, 0)
+            gradientStart: Qt.point(root.head, 0)
+            gradientEnd: Qt.point(1, 0)
             rotation: 360 / root.count * index
         }
     }

@@ -14,6 +14,7 @@ Item {
     readonly property real maximumValue: 100
     readonly property int lineWidth: 18
     readonly property alias percentage: percentage
+    readonly property alias arcEnd: usageArc.to
     readonly property real percentageY: centre.y + percentage.y
 
     implicitWidth: 180
@@ -26,6 +27,16 @@ Item {
 
         usage: root.usage
         dark: Theme.dark
+        warmth: isHigh ? 1 : 0
+
+        Behavior on warmth {
+            enabled: onScreen.holds
+
+            Spring {
+                response: 0.6
+                dampingFraction: 0.7
+            }
+        }
     }
 
     OnScreen {
@@ -71,6 +82,7 @@ Item {
         to: root.usage / 100
         lineWidth: root.lineWidth
         roundCaps: true
+        // Turned with the arc: it runs from the bottom left to the top right of the screen.
         colors: usageColors.gradient
         startRotation: -90
 
@@ -96,10 +108,21 @@ Item {
         }
     }
 
+    FontMetrics {
+        id: figure
+
+        font: percentage.font
+    }
+
     Column {
         id: centre
 
+        // What is seen lies in the middle: without the blank above the digits and below the words.
+        readonly property real blankAbove: figure.ascent - figure.tightBoundingRect("0").height
+        readonly property real blankBelow: caption.height - caption.baselineOffset
+
         anchors.centerIn: parent
+        anchors.verticalCenterOffset: Math.round((blankBelow - blankAbove) / 2)
         spacing: 6
 
         GradientText {
@@ -109,10 +132,13 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.usageText
             font: Theme.systemFont(38, Font.Bold)
+            maximumWidth: 146
             colors: usageColors.text
         }
 
         SpokenText {
+            id: caption
+
             objectName: "caption"
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.processing ? qsTr("Boosting...") : qsTr("Used")

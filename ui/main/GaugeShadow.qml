@@ -19,7 +19,7 @@ Item {
     GradientArc {
         objectName: "arcShadow"
         anchors.fill: parent
-        to: root.gauge.usage / 100
+        to: root.gauge.arcEnd
         lineWidth: root.gauge.lineWidth
         roundCaps: true
         colors: [Theme.gaugeShadow]
@@ -33,6 +33,7 @@ Item {
         y: root.gauge.percentageY
         text: root.gauge.percentage.text
         font: root.gauge.percentage.font
+        maximumWidth: root.gauge.percentage.maximumWidth
         colors: [Theme.gaugeShadow]
         blurRadius: root.blurRadius
         detail: 1 / 2

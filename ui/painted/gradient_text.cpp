@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/painted/unit_gradient.h"
@@ -11,11 +12,17 @@ namespace orvane {
 void GradientText::inputChanged() {
   PaintedItem::inputChanged();
   const QFontMetricsF metrics(font_);
-  setImplicitSize(std::ceil(metrics.horizontalAdvance(text_)), std::ceil(metrics.height()));
+  double width = std::ceil(metrics.horizontalAdvance(text_));
+  fitting_ = font_;
+  if (maximumWidth_ > 0 && width > maximumWidth_) {
+    fitting_.setPixelSize(std::max(1, static_cast<int>(font_.pixelSize() * maximumWidth_ / width)));
+    width = std::ceil(QFontMetricsF(fitting_).horizontalAdvance(text_));
+  }
+  setImplicitSize(width, std::ceil(metrics.height()));
 }
 
 void GradientText::paint(QPainter& painter) const {
-  painter.setFont(font_);
+  painter.setFont(fitting_);
   painter.setPen(QPen(unitGradient(colors_, boundingRect(), {0, 0}, {1, 1}), 1));
   painter.drawText(boundingRect(), Qt::AlignCenter | Qt::TextSingleLine, text_);
 }

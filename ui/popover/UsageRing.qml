@@ -26,6 +26,7 @@ Item {
 
         usage: root.usage
         dark: Theme.dark
+        warmth: isHigh ? 1 : 0
     }
 
     GradientArc {
@@ -41,6 +42,7 @@ Item {
         to: root.usage / 100
         lineWidth: 6
         roundCaps: true
+        // Turned with the arc: it runs from the bottom left to the top right of the screen.
         colors: usageColors.ring
         startRotation: -90
     }
@@ -62,6 +64,7 @@ Item {
         anchors.centerIn: parent
         text: root.usageText
         font: Theme.systemFont(12, Font.Bold)
+        maximumWidth: 37
         colors: usageColors.text
     }
 }

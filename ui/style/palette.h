@@ -16,8 +16,8 @@ namespace orvane {
   COLOR(purple, QColor(175, 82, 222), QColor(191, 90, 242))                                        \
   COLOR(pink, QColor(255, 45, 85), QColor(255, 55, 95))                                            \
   COLOR(gray, QColor(142, 142, 147), QColor(152, 152, 157))                                        \
-  COLOR(label, black(0.85), white(0.85))         /* primary text */                                \
-  COLOR(secondaryLabel, black(0.5), white(0.55)) /* secondary text and symbols */                  \
+  COLOR(label, black(0.85), white(0.85))          /* primary text */                               \
+  COLOR(secondaryLabel, black(0.55), white(0.55)) /* secondary text and symbols */                 \
   COLOR(windowBackground, QColor(0xEC, 0xEC, 0xEC), QColor(0x32, 0x32, 0x32)) /* of the popover */ \
   COLOR(windowOutline, black(0.16), white(0.16)) /* around windows without a frame */              \
   COLOR(windowGradientStart, srgb(0.95, 0.96, 0.98), srgb(0.10, 0.10, 0.12)) /* top left */        \
@@ -27,9 +27,10 @@ namespace orvane {
   COLOR(pickerSelection, QColor(0xFF, 0xFF, 0xFF), QColor(0x5A, 0x5A, 0x60))                       \
   COLOR(pickerShadow, black(0.18), black(0.3))                                                     \
   COLOR(divider, black(0.1), white(0.1))                                                           \
-  COLOR(focusRing, withOpacity(blue, 0.7), withOpacity(blue, 0.7))                                 \
+  COLOR(focusRing, withOpacity(blue, 0.9), withOpacity(blue, 0.9))                                 \
   COLOR(rowOutline, withOpacity(blue, 0.5), withOpacity(blue, 0.5)) /* of the selected row */      \
-  COLOR(material, withOpacity(windowBackground, 0.6), withOpacity(windowBackground, 0.6))          \
+  COLOR(material, withOpacity(QColor(0xE9, 0xEB, 0xF0), 0.6),                                      \
+        withOpacity(QColor(0x2F, 0x2F, 0x38), 0.6))                                                \
   COLOR(statCard, white(0.7), white(0.05))                                                         \
   COLOR(shortcut, withOpacity(gray, 0.1), white(0.05))                                             \
   COLOR(counterTrack, withOpacity(gray, 0.15), white(0.1))                                         \

@@ -61,6 +61,9 @@ QFont Theme::sized(QFont font, double size, int weight) const {
   const double points = QGuiApplication::font().pointSizeF() * wanted_.textScale;
   font.setPixelSize(static_cast<int>(std::lround(size * textFactor(points))));
   font.setWeight(static_cast<QFont::Weight>(weight));
+#if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0)
+  font.setFeature(QFont::Tag("tnum"), 1);  // figures that change keep their places
+#endif
   return font;
 }
 

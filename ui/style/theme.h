@@ -50,7 +50,7 @@ class Theme : public QObject {
 
   [[nodiscard]] bool isDark() const { return scheme_ == ColorScheme::dark; }
   [[nodiscard]] QList<QColor> windowGradient() const {
-    return {palette(scheme_).windowGradientStart, palette(scheme_).windowGradientEnd};
+    return {palette_.windowGradientStart, palette_.windowGradientEnd};
   }
   [[nodiscard]] double windowRadius() const { return translucentWindows_ ? 10 : 0; }
 
