@@ -5,24 +5,26 @@ import Orvane
 PlainButton {
     id: root
 
+    readonly property real fill: enabled ? 1 : 0.6
+
     name: qsTr("Boost Memory")
     implicitHeight: label.height + 28
     focusRadius: 15
     focusInset: -3
-    opacity: enabled ? 1 : 0.5
 
     RectangleShadow {
         anchors.fill: parent
         radius: 12
         blurRadius: 10
         drop: 5
-        color: Theme.withOpacity(Theme.blue, 0.3)
+        color: Theme.withOpacity(Theme.blue, root.enabled ? 0.3 : 0.15)
     }
 
     SmoothRectangle {
         anchors.fill: parent
         radius: 12
-        gradientColors: [Theme.blue, Theme.purple]
+        // The words stay as they are: a busy button can still be read.
+        gradientColors: [Theme.withOpacity(Theme.blue, root.fill), Theme.withOpacity(Theme.purple, root.fill)]
     }
 
     SmoothRectangle {

@@ -16,6 +16,7 @@ PlainButton {
     focusInset: 2
 
     HoverEffect {
+        inLeftCorner: true
         z: -1
     }
 

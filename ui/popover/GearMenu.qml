@@ -21,6 +21,7 @@ PlainButton {
     Keys.onDownPressed: clicked()
 
     HoverEffect {
+        inRightCorner: true
         z: -1
     }
 

@@ -46,7 +46,7 @@ Item {
 
         width: 60
         anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
+        anchors.baseline: name.baseline
         horizontalAlignment: Text.AlignRight
         text: Format.bytesInGB(root.bytes, 1)
         font: Theme.monospacedFont(10)
