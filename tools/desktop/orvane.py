@@ -30,26 +30,17 @@ class Orvane:
     """One run of the program, with files of its own."""
 
     def __init__(self, desktop, program, session=None, first_launch=False, meminfo_file=None,
-                 read_only=None, accessible=True, environment=None, errors=None, home=None,
-                 options=()):
-        """For the program alone `meminfo_file` takes the place of /proc/meminfo, and the folder
-        `read_only`, a path below its home, can't be written. Standard error goes to `errors`.
-        `home` is that of an earlier run, whose files this one finds."""
+                 accessible=True, environment=None, errors=None, home=None, options=()):
+        """For the program alone `meminfo_file` takes the place of /proc/meminfo. Standard error goes
+        to `errors`. `home` is that of an earlier run, whose files this one finds."""
         self.session = session
         self.home = home or desktop.folder / f"orvane-{len(list(desktop.folder.glob('orvane-*')))}"
         self.configuration = self.home / ".config"
         self._output = self.home / "output"
         self._prepare(first_launch)
-        mounts = []
-        if meminfo_file:
-            mounts.append(["--bind", str(meminfo_file), "/proc/meminfo"])
-        if read_only:
-            folder = str(self.home / read_only)
-            os.makedirs(folder)
-            mounts += [["--bind", folder, folder], ["-o", "remount,bind,ro", folder]]
         command = [str(program), *options]
-        if mounts:
-            command = in_mount_namespace(mounts, command)
+        if meminfo_file:
+            command = in_mount_namespace([["--bind", str(meminfo_file), "/proc/meminfo"]], command)
         own = self._environment(accessible) | (environment or {})
         with open(self._output, "ab") as output:
             self.process = desktop.start_program(command, environment=own, stdout=output,
