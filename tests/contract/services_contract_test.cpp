@@ -3,11 +3,9 @@
 #include <chrono>
 #include <string>
 
-#include "platform/linux/desktop/linux_login_item.h"
 #include "platform/linux/desktop/linux_preferences.h"
 #include "platform/linux/runtime/in_process_notification_centre.h"
 #include "platform/linux/runtime/linux_dispatch.h"
-#include "tests/fakes/fake_login_item.h"
 #include "tests/fakes/fake_notification_centre.h"
 #include "tests/fakes/fake_preferences.h"
 #include "tests/fakes/virtual_time.h"
@@ -22,7 +20,6 @@ struct LinuxServices {
   LinuxMainQueue queue;
   LinuxTimerService timers;
   InProcessNotificationCentre centre{queue};
-  LinuxLoginItem loginItem{"/usr/bin/orvane", directory.path("autostart")};
   LinuxPreferences preferences{directory.path("orvane.conf")};
 
   static void advance(Duration duration) {
@@ -35,7 +32,6 @@ struct FakeServices {
   fakes::VirtualTime queue;
   fakes::VirtualTime& timers = queue;
   fakes::FakeNotificationCentre centre;
-  fakes::FakeLoginItem loginItem;
   fakes::FakePreferences preferences;
 
   void advance(Duration duration) { queue.advance(duration); }
@@ -116,15 +112,6 @@ TEST(InProcessNotificationCentre, DeliversOnlyFromTheMainQueueAndOnlyWhileItLive
   }
   time.runPending();
   EXPECT_EQ(calls, 1);
-}
-
-TYPED_TEST(Contract, LoginItemRegistersAsOftenAsAskedAndUnregistersOnce) {
-  LoginItem& item = this->services_.loginItem;
-  const LoginItem::Error none, missing = "No such file or directory";
-  EXPECT_EQ(item.unregisterItem(), missing);
-  for (const int time : {1, 2}) EXPECT_EQ(item.registerItem(), none) << time;
-  EXPECT_EQ(item.unregisterItem(), none);
-  EXPECT_EQ(item.unregisterItem(), missing);
 }
 
 TYPED_TEST(Contract, PreferencesGiveBackTheLatestValueOfEachKey) {

@@ -50,15 +50,12 @@ class FakeApplications : public RunningApplications {
   int collectionCount = 0;
 
  private:
-  class Handle : public ProcessHandle {
-   public:
-    Handle(FakeApplications& world, std::int32_t pid) : world_(world), pid_(pid) {}
+  struct Handle : ProcessHandle {
+    Handle(FakeApplications& of, std::int32_t id) : world(of), pid(id) {}
+    void kill() const override { world.killed.push_back(pid); }
 
-    void kill() const override { world_.killed.push_back(pid_); }
-
-   private:
-    FakeApplications& world_;
-    std::int32_t pid_;
+    FakeApplications& world;
+    std::int32_t pid;
   };
 };
 

@@ -1,24 +1,14 @@
 #pragma once
 
-#include <utility>
-
 #include "platform/login_item.h"
 
 namespace orvane::fakes {
 
-/// A login item in memory.
+/// A login item that takes whatever is asked.
 class FakeLoginItem : public LoginItem {
  public:
-  [[nodiscard]] Error registerItem() override {
-    registered_ = true;
-    return {};
-  }
-  [[nodiscard]] Error unregisterItem() override {
-    return std::exchange(registered_, false) ? Error() : "No such file or directory";
-  }
-
- private:
-  bool registered_ = false;
+  [[nodiscard]] Error registerItem() override { return {}; }
+  [[nodiscard]] Error unregisterItem() override { return {}; }
 };
 
 }  // namespace orvane::fakes

@@ -25,22 +25,20 @@ class FakeMemoryClaims : public MemoryClaims {
   int heldClaims = 0;
 
  private:
-  class Claim : public MemoryClaim {
-   public:
-    Claim(FakeMemoryClaims& owner, std::size_t words) : owner_(owner), words_(words, 0xFFFFFFFF) {
-      ++owner_.heldClaims;
+  struct Claim : MemoryClaim {
+    Claim(FakeMemoryClaims& of, std::size_t size) : owner(of), content(size, 0xFFFFFFFF) {
+      ++owner.heldClaims;
     }
     ~Claim() override {
-      --owner_.heldClaims;
-      owner_.released = std::move(words_);
+      --owner.heldClaims;
+      owner.released = std::move(content);
     }
     Claim(const Claim&) = delete;
     Claim& operator=(const Claim&) = delete;
-    [[nodiscard]] std::span<std::uint32_t> words() override { return words_; }
+    [[nodiscard]] std::span<std::uint32_t> words() override { return content; }
 
-   private:
-    FakeMemoryClaims& owner_;
-    std::vector<std::uint32_t> words_;
+    FakeMemoryClaims& owner;
+    std::vector<std::uint32_t> content;
   };
 };
 

@@ -12,13 +12,11 @@ class FakeRandomSource : public RandomSource {
  public:
   [[nodiscard]] std::uint64_t next() override {
     ++drawCount;
-    if (!numbers.empty()) {
-      const std::uint64_t number = numbers.front();
-      numbers.pop_front();
-      return number;
-    }
     state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
-    return state_ ^ (state_ >> 29);
+    if (numbers.empty()) return state_ ^ (state_ >> 29);
+    const std::uint64_t number = numbers.front();
+    numbers.pop_front();
+    return number;
   }
 
   std::deque<std::uint64_t> numbers;

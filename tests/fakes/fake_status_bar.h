@@ -13,47 +13,35 @@ namespace orvane::fakes {
 /// A panel with one item, whose latest state and call count a test reads.
 class FakeStatusBar : public StatusBar {
  public:
-  struct State {
-    std::string title;
-    std::vector<IconPixmap> icon;
-    std::string toolTip;
-    std::function<void(ScreenPoint)> action;
-    std::vector<StatusItemMenuEntry> menu;
-    std::function<void()> hostChanged;
-    bool drawsLabel = false;
-    int iconCount = 0;
-  };
+  std::unique_ptr<StatusBarItem> makeItem() override { return std::make_unique<Item>(*this); }
 
-  std::unique_ptr<StatusBarItem> makeItem() override { return std::make_unique<Item>(state); }
-
-  std::shared_ptr<State> state = std::make_shared<State>();
+  std::string title;
+  std::vector<IconPixmap> icon;
+  std::string toolTip;
+  std::function<void(ScreenPoint)> action;
+  std::vector<StatusItemMenuEntry> menu;
+  std::function<void()> hostChanged;
+  bool drawsLabel = false;
+  int iconCount = 0;
 
  private:
-  class Item : public StatusBarItem {
-   public:
-    explicit Item(std::shared_ptr<State> state) : state_(std::move(state)) {}
-    void setTitle(const std::string& title) override { state_->title = title; }
+  struct Item : StatusBarItem {
+    explicit Item(FakeStatusBar& shownBy) : panel(shownBy) {}
+    void setTitle(const std::string& text) override { panel.title = text; }
     void setIcon(std::vector<IconPixmap> icon) override {
-      state_->icon = std::move(icon);
-      ++state_->iconCount;
+      panel.icon = std::move(icon);
+      ++panel.iconCount;
     }
     void setToolTip(const std::string& title, const std::string& /*text*/) override {
-      state_->toolTip = title;
+      panel.toolTip = title;
     }
-    void setAction(std::function<void(ScreenPoint)> action) override {
-      state_->action = std::move(action);
-    }
-    void setMenu(std::vector<StatusItemMenuEntry> entries) override {
-      state_->menu = std::move(entries);
-    }
+    void setAction(std::function<void(ScreenPoint)> to) override { panel.action = std::move(to); }
+    void setMenu(std::vector<StatusItemMenuEntry> to) override { panel.menu = std::move(to); }
     void refreshMenu() override {}
-    [[nodiscard]] bool hostDrawsLabel() const override { return state_->drawsLabel; }
-    void setHostChanged(std::function<void()> handler) override {
-      state_->hostChanged = std::move(handler);
-    }
+    [[nodiscard]] bool hostDrawsLabel() const override { return panel.drawsLabel; }
+    void setHostChanged(std::function<void()> to) override { panel.hostChanged = std::move(to); }
 
-   private:
-    std::shared_ptr<State> state_;
+    FakeStatusBar& panel;
   };
 };
 

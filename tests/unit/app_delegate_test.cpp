@@ -24,7 +24,7 @@ class AppDelegateTest : public testing::Test {
   void launch(StartWish wish = StartWish::plain) {
     delegate_ = AppDelegate::create({.model = fakes_.services(),
                                      .application = application_,
-                                     .statusBar = statusBar_,
+                                     .statusBar = panel_,
                                      .loginItem = loginItem_,
                                      .desktop = opener_,
                                      .loadWindows = windows_.loader(),
@@ -33,21 +33,20 @@ class AppDelegateTest : public testing::Test {
     delegate_->applicationDidFinishLaunching(wish);
   }
 
-  [[nodiscard]] int shownIcon() const { return panel().icon.at(0).width; }
+  [[nodiscard]] int shownIcon() const { return panel_.icon.at(0).width; }
   [[nodiscard]] const StatusItemMenuEntry& entry(const std::string& label) const {
-    for (const auto& entry : panel().menu) {
+    for (const auto& entry : panel_.menu) {
       if (entry.label == label) return entry;
     }
     throw std::out_of_range(label);
   }
-  void clickItem() const { panel().action({}); }
-  [[nodiscard]] const fakes::FakeStatusBar::State& panel() const { return *statusBar_.state; }
+  void clickItem() const { panel_.action({}); }
   Journal takeJournal() { return std::exchange(journal_, {}); }
 
   Journal journal_;
   fakes::FakeServices fakes_;
   fakes::RecordingApplication application_{journal_};
-  fakes::FakeStatusBar statusBar_;
+  fakes::FakeStatusBar panel_;
   fakes::FakeLoginItem loginItem_;
   fakes::RecordingDesktopOpener opener_;
   fakes::FakeWindowLoader windows_{journal_};
@@ -107,43 +106,43 @@ TEST_F(AppDelegateTest, AsksForNotifications) {
 TEST_F(AppDelegateTest, TheTitleIsTheTruncatedUsageOfTheCurrentSampleAtEachTick) {
   fakes_.counters.counts.reset();
   launch();
-  EXPECT_EQ(panel().title, "") << "no sample yet";
+  EXPECT_EQ(panel_.title, "") << "no sample yet";
   delegate_->boostMemoryFromMenu();
   EXPECT_EQ(shownIcon(), 1) << "no lasting bolt";
   for (const auto& [usage, title] : {std::pair(57.9, " 57%"), {0.4, " 0%"}, {100.0, " 100%"}}) {
     fakes_.counters.setUsage(usage);
     launch();
-    EXPECT_EQ(panel().title, title);
+    EXPECT_EQ(panel_.title, title);
   }
   fakes_.counters.setUsage(30);
   delegate_->memoryManager()->updateMemoryStats();
-  EXPECT_EQ(panel().title, " 100%") << "nothing but the title's own timer changes it";
+  EXPECT_EQ(panel_.title, " 100%") << "nothing but the title's own timer changes it";
   fakes_.time.advance(Duration{5.0});
-  EXPECT_EQ(panel().title, " 30%");
-  EXPECT_EQ(panel().toolTip, "Memory usage: 30%");
+  EXPECT_EQ(panel_.title, " 30%");
+  EXPECT_EQ(panel_.toolTip, "Memory usage: 30%");
   fakes_.counters.bytesPerPage = 256 * 1024;
   delegate_->memoryManager()->updateMemoryStats();
-  EXPECT_EQ(panel().menu.front().text(), "Memory: 30% (7.3 of 24.4 GB)");
+  EXPECT_EQ(panel_.menu.front().text(), "Memory: 30% (7.3 of 24.4 GB)");
   fakes_.counters.counts.reset();
   fakes_.time.advance(Duration{20.0});
-  EXPECT_EQ(panel().title, " 30%");
+  EXPECT_EQ(panel_.title, " 30%");
 }
 
 TEST_F(AppDelegateTest, TheIconIsTheNumberWhereThePanelDrawsNoLabel) {
   const auto showUsage = [this](double percent) {
     fakes_.counters.setUsage(percent);
     fakes_.time.advance(Duration{10.0});
-    return panel().iconCount;
+    return panel_.iconCount;
   };
   fakes_.counters.setUsage(42);
   launch();
   EXPECT_EQ(shownIcon(), 1042);
-  const int drawn = panel().iconCount;
+  const int drawn = panel_.iconCount;
   EXPECT_EQ(showUsage(42), drawn) << "the number stayed the same";
   EXPECT_EQ(showUsage(43), drawn + 1);
   EXPECT_EQ(shownIcon(), 1043);
-  statusBar_.state->drawsLabel = true;
-  panel().hostChanged();
+  panel_.drawsLabel = true;
+  panel_.hostChanged();
   EXPECT_EQ(shownIcon(), 1);
   EXPECT_EQ(showUsage(44), drawn + 2);
 }
@@ -222,7 +221,7 @@ TEST_F(AppDelegateTest, NothingHappensOnceTheDelegateIsGone) {
   delegate_.reset();
   EXPECT_EQ(fakes_.notifications.delegate, nullptr);
   takeJournal();
-  for (const StatusItemMenuEntry& entry : panel().menu) {
+  for (const StatusItemMenuEntry& entry : panel_.menu) {
     if (entry.activate) entry.activate();
     EXPECT_FALSE(entry.isChecked && entry.isChecked()) << entry.label;
   }

@@ -29,8 +29,7 @@ class DesktopOpener : public ::testing::Test {
 
   std::string opened() {
     EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(file("opened")); }));
-    std::string line;
-    std::getline(std::ifstream(file("opened")), line);
+    const std::string line = readFile(file("opened"));
     std::filesystem::remove(file("opened"));
     return line;
   }
@@ -43,23 +42,23 @@ class DesktopOpener : public ::testing::Test {
 TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
   rlimit limit{};
   getrlimit(RLIMIT_NOFILE, &limit);
-  const rlim_t before = limit.rlim_cur;
-  std::string adjustment;
-  std::getline(std::ifstream("/proc/self/oom_score_adj"), adjustment);
+  const std::string before = std::to_string(limit.rlim_cur);
+  std::string adjustment = readFile("/proc/self/oom_score_adj");
+  adjustment.pop_back();
   SessionBus bus;
   LinuxDesktopOpener opener(bus);
-  limit.rlim_cur = before - 10;
+  limit.rlim_cur -= 10;
   setrlimit(RLIMIT_NOFILE, &limit);
   const LinuxStandardOutput ignoresBrokenPipes;
   LinuxMemoryClaims claims;
   auto claim = claims.claim(1024);  // as during a boost
-  opener.openUrl("--help");
-  opener.openUrl("https://a b");
-  opener.openUrl("mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)");
-  EXPECT_EQ(opened(), "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)|" +
-                          std::to_string(before) + "|" + adjustment + "|" +
+  const std::string mail = "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)";
+  for (const std::string& url : {std::string("--help"), std::string("https://a b"), mail}) {
+    opener.openUrl(url);
+  }
+  EXPECT_EQ(opened(), mail + "|" + before + "|" + adjustment + "|" +
                           std::filesystem::current_path().string() + "|/dev/null|0|");
-  limit.rlim_cur = before;
+  limit.rlim_cur += 10;
   setrlimit(RLIMIT_NOFILE, &limit);
 }
 
@@ -69,18 +68,17 @@ TEST_F(DesktopOpener, OpensTheFolderWhereNoFileManagerAnswers) {
   const ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", daemon.address());
   SessionBus bus;
   LinuxDesktopOpener opener(bus);
-  const std::string program = file("a program");
+  const std::string program = directory_.write("a program", "x");
   const std::string folder = "file://" + directory_.path();
-  std::ofstream(program) << "x";
   opener.revealFile(program);
   EXPECT_TRUE(opened().starts_with(folder)) << "no bus yet";
   bus.start();
   ASSERT_TRUE(waitUntil([&] { return bus.isConnected(); }));
   opener.revealFile(program);
   EXPECT_TRUE(opened().starts_with(folder)) << "nobody on it";
-  opener.revealFile(file("missing/program"));
-  opener.revealFile("relative");
-  opener.revealFile(file("missing"));
+  for (const auto& path : {file("missing/program"), std::string("relative"), file("missing")}) {
+    opener.revealFile(path);
+  }
   EXPECT_TRUE(opened().starts_with(folder)) << "only the folder that exists";
 }
 

@@ -32,6 +32,15 @@ TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
       << "no field code, and no start of a program that is gone";
 }
 
+TEST(LoginItem, registersAsOftenAsAskedAndUnregistersOnce) {
+  const TestDirectory directory;
+  LinuxLoginItem item("/usr/bin/orvane", directory.path("autostart"));
+  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
+  for (const int time : {1, 2}) EXPECT_EQ(item.registerItem(), std::nullopt) << time;
+  EXPECT_EQ(item.unregisterItem(), std::nullopt);
+  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
+}
+
 TEST(LoginItem, theEntryIsReplacedWholeAlsoThroughASymbolicLink) {
   const TestDirectory directory;
   const std::string kept = directory.write("kept.desktop", "old");

@@ -48,9 +48,8 @@ class ProcessTableTest : public testing::Test {
     write(pid, figures);
   }
 
-  [[nodiscard]] ProcessTable table(std::size_t heldDescriptors = 1000) const {
-    return ProcessTable(
-        {.root = root_.string(), .user = ::getuid(), .heldDescriptors = heldDescriptors});
+  [[nodiscard]] ProcessTable table(std::size_t held = 1000) const {
+    return ProcessTable({.root = root_.string(), .user = ::getuid(), .heldDescriptors = held});
   }
 
   static std::vector<int> pids(ProcessTable& table) {
