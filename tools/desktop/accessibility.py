@@ -46,7 +46,7 @@ def find(process, name, role=None, showing=True):
             called = node.get_name()
             if called != name and not called.startswith(f"{name}: "):
                 continue
-            if role and not _has_role(node, role):
+            if role and _role(node) != role:
                 continue
             if not showing or node.get_state_set().contains(Atspi.StateType.SHOWING):
                 return node
@@ -60,7 +60,7 @@ def of_role(process, role):
     found = []
     for node in everything(process):
         try:
-            if _has_role(node, role):
+            if _role(node) == role:
                 found.append((node, node.get_name()))
         except GLib.Error:
             continue
@@ -110,9 +110,10 @@ def rectangle(node):
     return extents.x, extents.y, extents.width, extents.height
 
 
-def _has_role(node, role):
-    # By number: newer releases call some roles otherwise.
-    return node.get_role() == getattr(Atspi.Role, role.upper().replace(" ", "_"))
+def _role(node):
+    # Newer releases call some push buttons otherwise.
+    name = node.get_role_name()
+    return "push button" if name in ("button", "push button menu") else name
 
 
 def _children(node):
