@@ -25,7 +25,10 @@ void AppDelegate::applicationDidFinishLaunching(StartWish wish) {
   services_.model.preferences.setBoolean(quitKeepsWindowsKey, false);
   requestNotificationPermission();
   setupStatusItem();
-  if (wish != StartWish::hidden) showMainWindowAtLaunch();
+  if (wish != StartWish::hidden) {
+    showMainWindowAtLaunch();
+    showMainWindowWithoutPanel();
+  }
   observeBoost();
   if (wish != StartWish::plain) fulfil(wish);
 }
@@ -62,6 +65,15 @@ void AppDelegate::showMainWindowAtLaunch() {
   }
   services_.model.preferences.setBoolean(hasLaunchedBeforeKey, true);
   showMainWindow();
+}
+
+/// Without the item there would be nothing to see of the program.
+void AppDelegate::showMainWindowWithoutPanel() {
+  services_.model.mainQueue.after(panelPatience, [weak = weak_from_this()] {
+    const auto self = weak.lock();
+    if (!self || self->isMainWindowVisible_) return;
+    if (!self->statusItem_ || !self->statusItem_->isShown()) self->showMainWindow();
+  });
 }
 
 void AppDelegate::observeBoost() {

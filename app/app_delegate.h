@@ -18,6 +18,8 @@
 namespace orvane {
 
 inline constexpr Duration statusTitleInterval{5.0};
+/// How long a panel may take for the item, before the main window is shown instead.
+inline constexpr Duration panelPatience{10.0};
 
 inline constexpr const char* hasLaunchedBeforeKey = "hasLaunchedBefore";
 inline constexpr const char* mainWindowVisibleKey = "mainWindowVisible";
@@ -97,6 +99,7 @@ class AppDelegate : public NotificationDelegate,
   void requestNotificationPermission();
   void setupStatusItem();
   void showMainWindowAtLaunch();
+  void showMainWindowWithoutPanel();
   void observeBoost();
   void redrawNumber(int percent);
   [[nodiscard]] std::vector<IconPixmap> restingIcon() const;

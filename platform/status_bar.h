@@ -59,6 +59,9 @@ class StatusBarItem {
   /// Asks the entries anew what they show, if the menu is open.
   virtual void refreshMenu() = 0;
 
+  /// True while a panel shows the item.
+  [[nodiscard]] virtual bool isShown() const = 0;
+
   /// True while a panel that draws labels shows the item.
   [[nodiscard]] virtual bool hostDrawsLabel() const = 0;
 

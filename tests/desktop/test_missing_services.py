@@ -25,6 +25,17 @@ class NoNotifications(DesktopCase):
         self.assertEqual(len(lines), 2)
 
 
+class NoPanel(DesktopCase):
+    panel = False
+
+    def test_the_window_opens_instead_and_the_item_comes_with_a_panel(self):
+        orvane = self.start_orvane()
+        self.wait_for("window instead of the item", 20, lambda: "Orvane" in self.client_windows())
+        self.start_panel()
+        orvane.wait_for_item()
+        self.assertEqual(orvane.lines(), [])
+
+
 class NoBus(unittest.TestCase):
     def test_starts_and_recovers_with_each_part(self):
         with VirtualDesktop(bus=False) as desktop:

@@ -21,6 +21,7 @@ class FakeStatusBar : public StatusBar {
   std::function<void(ScreenPoint)> action;
   std::vector<StatusItemMenuEntry> menu;
   std::function<void()> hostChanged;
+  bool isShown = true;
   bool drawsLabel = false;
   int iconCount = 0;
 
@@ -38,6 +39,7 @@ class FakeStatusBar : public StatusBar {
     void setAction(std::function<void(ScreenPoint)> to) override { panel.action = std::move(to); }
     void setMenu(std::vector<StatusItemMenuEntry> to) override { panel.menu = std::move(to); }
     void refreshMenu() override {}
+    [[nodiscard]] bool isShown() const override { return panel.isShown; }
     [[nodiscard]] bool hostDrawsLabel() const override { return panel.drawsLabel; }
     void setHostChanged(std::function<void()> to) override { panel.hostChanged = std::move(to); }
 

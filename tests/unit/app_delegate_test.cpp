@@ -92,6 +92,24 @@ TEST_F(AppDelegateTest, AStartIsForWhatItsOptionSays) {
   EXPECT_TRUE(delegate_->isMainWindowVisible());
 }
 
+TEST_F(AppDelegateTest, WithoutAPanelTheMainWindowOpensOnceAfterTenSeconds) {
+  fakes_.preferences.booleans["hasLaunchedBefore"] = true;
+  for (const auto& [wish, hasPanel, opens] :
+       std::vector<std::tuple<StartWish, bool, bool>>{{StartWish::plain, true, false},
+                                                      {StartWish::hidden, false, false},
+                                                      {StartWish::plain, false, true}}) {
+    panel_.isShown = hasPanel;
+    launch(wish);
+    fakes_.time.advance(Duration{9.5});
+    EXPECT_FALSE(delegate_->isMainWindowVisible());
+    fakes_.time.advance(Duration{1.0});
+    EXPECT_EQ(delegate_->isMainWindowVisible(), opens) << hasPanel;
+  }
+  delegate_->hideMainWindow();
+  fakes_.time.advance(Duration{60.0});
+  EXPECT_FALSE(delegate_->isMainWindowVisible());
+}
+
 TEST_F(AppDelegateTest, AsksForNotifications) {
   fakes_.notifications.granted = false;
   launch();

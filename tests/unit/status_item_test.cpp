@@ -21,10 +21,12 @@ using namespace Qt::StringLiterals;
 class FakePanel : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+  Q_PROPERTY(bool IsStatusNotifierHostRegistered MEMBER showsItems)
 
  public:
-  explicit FakePanel(const TestBus& bus, int refusals = 0)
-      : refusals_(refusals),
+  explicit FakePanel(const TestBus& bus, int refusals = 0, bool shows = true)
+      : showsItems(shows),
+        refusals_(refusals),
         service_(bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", *this) {
     EXPECT_TRUE(waitUntil([&] { return items.size() == 1; }));
   }
@@ -57,12 +59,18 @@ class FakePanel : public QObject, protected QDBusContext {
 
   QStringList items;
   QStringList signalsSeen;
+  bool showsItems;
 
  public Q_SLOTS:
   void RegisterStatusNotifierItem(const QString& service) {
     if (refusals_-- > 0) return sendErrorReply(QDBusError::Failed, u"not yet"_s);
     items.append(service);
   }
+
+ Q_SIGNALS:
+  void StatusNotifierHostRegistered();
+
+ public Q_SLOTS:
   Q_SCRIPTABLE void noteSignal(const QDBusMessage& message) {
     signalsSeen.append(message.member());
   }
@@ -121,8 +129,15 @@ TEST_F(StatusItemTest, ShowsItsStateToThePanelAndTellsItOfClicks) {
 
 TEST_F(StatusItemTest, RegistersWithLateRestartedAndHesitantPanels) {
   runEventLoopFor(50);
-  std::make_unique<FakePanel>(bus_).reset();
-  FakePanel successor(bus_, 1);
+  auto panel = std::make_unique<FakePanel>(bus_);
+  EXPECT_TRUE(waitUntil([&] { return item_->isShown(); }));
+  panel.reset();
+  FakePanel successor(bus_, 1, false);
+  runEventLoopFor(100);
+  EXPECT_FALSE(item_->isShown()) << "a list that nobody shows";
+  successor.showsItems = true;
+  Q_EMIT successor.StatusNotifierHostRegistered();
+  EXPECT_TRUE(waitUntil([&] { return item_->isShown(); }));
   EXPECT_EQ(successor.property("XAyatanaLabel").toString(), u" 57%"_s);
 }
 

@@ -69,6 +69,8 @@ class LinuxStatusBarItem : public StatusBarItem {
 
   void refreshMenu() override { menu_->refreshOpen(); }
 
+  [[nodiscard]] bool isShown() const override { return registration_.isShown(); }
+
   [[nodiscard]] bool hostDrawsLabel() const override { return registration_.hostDrawsLabel(); }
 
   void setHostChanged(std::function<void()> handler) override { hostChanged_ = std::move(handler); }

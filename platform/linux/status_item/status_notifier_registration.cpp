@@ -16,6 +16,10 @@ QString watcherName() {
   return QStringLiteral("org.kde.StatusNotifierWatcher");
 }
 
+QString watcherPath() {
+  return QStringLiteral("/StatusNotifierWatcher");
+}
+
 std::string processName(uint pid) {
   std::ifstream file("/proc/" + std::to_string(pid) + "/comm");
   std::string name;
@@ -47,6 +51,8 @@ void StatusNotifierRegistration::call(const QDBusMessage& message, Handler handl
 
 void StatusNotifierRegistration::attach() {
   bus_.subscribeToOwner(watcherName(), this, SLOT(ownerChanged(QString, QString, QString)));
+  bus_.subscribe(watcherPath(), watcherName(), QStringLiteral("StatusNotifierHostRegistered"), {},
+                 this, SLOT(askForHost()));
   call(busCall(QStringLiteral("GetNameOwner"), {watcherName()}),
        [this](const QDBusPendingReply<QString>& reply) {
          if (!reply.isError() && reply.value() != owner_) setOwner(reply.value());
@@ -62,6 +68,7 @@ void StatusNotifierRegistration::setOwner(const QString& owner) {
   ++generation_;
   retry_.stop();
   retriesLeft_ = retryCount;
+  isShown_ = false;
   owner_ = owner;
   if (!owner_.isEmpty()) identify();
 }
@@ -83,12 +90,22 @@ void StatusNotifierRegistration::setDrawsLabel(bool drawsLabel) {
 }
 
 void StatusNotifierRegistration::registerItem() {
-  auto message =
-      QDBusMessage::createMethodCall(owner_, QStringLiteral("/StatusNotifierWatcher"),
-                                     watcherName(), QStringLiteral("RegisterStatusNotifierItem"));
+  auto message = QDBusMessage::createMethodCall(owner_, watcherPath(), watcherName(),
+                                                QStringLiteral("RegisterStatusNotifierItem"));
   message.setArguments({bus_.uniqueName()});
   call(message, [this](const QDBusPendingReply<>& reply) {
-    if (reply.isError()) scheduleRetry();
+    reply.isError() ? scheduleRetry() : askForHost();
+  });
+}
+
+void StatusNotifierRegistration::askForHost() {
+  if (owner_.isEmpty()) return;
+  auto message = QDBusMessage::createMethodCall(owner_, watcherPath(),
+                                                QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                QStringLiteral("Get"));
+  message.setArguments({watcherName(), QStringLiteral("IsStatusNotifierHostRegistered")});
+  call(message, [this](const QDBusPendingReply<QDBusVariant>& reply) {
+    isShown_ = reply.isError() || reply.value().variant().toBool();
   });
 }
 

@@ -22,6 +22,9 @@ class StatusNotifierRegistration : public QObject {
   /// Starts on the current connection, if there is one.
   void start();
 
+  /// True while the item is in the list and some panel shows what is listed.
+  [[nodiscard]] bool isShown() const { return isShown_; }
+
   /// True while the list belongs to a panel that draws labels.
   [[nodiscard]] bool hostDrawsLabel() const { return drawsLabel_; }
 
@@ -30,6 +33,8 @@ class StatusNotifierRegistration : public QObject {
 
  private Q_SLOTS:
   void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
+  /// The list may be kept by a service that shows nothing itself.
+  void askForHost();
 
  private:
   void attach();
@@ -47,6 +52,7 @@ class StatusNotifierRegistration : public QObject {
   QTimer retry_;
   int retriesLeft_ = 0;
   unsigned generation_ = 0;
+  bool isShown_ = false;
   bool drawsLabel_ = false;
 };
 
