@@ -21,6 +21,7 @@ class DesktopWindows : public WindowController {
       : WindowController(shell, std::move(manager),
                          {.readFile = readRegularFile,
                           .skipTaskbar = skipTaskbar,
+                          .forgetMinimized = forgetMinimized,
                           .blendsTranslucentWindows = blendsTranslucentWindows},
                          settings.facts),
         appearance_(settings.appearance) {

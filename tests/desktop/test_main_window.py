@@ -72,6 +72,15 @@ class MainWindow(WindowCase):
         self.wait_for("minimised window", 3,
                       lambda: "HIDDEN" in self.client_windows().get("Orvane", ""))
 
+        # Restored in the taskbar, closed and shown again it is a window.
+        self.pointer.click(60, 14)
+        self.wait_for("restored window", 3, self.has_focus)
+        self.pointer.key("Control_L", "w")
+        self.wait_until_gone(self.TAB)
+        self.show_from_popover()
+        self.wait_for("focus", 3, self.has_focus)
+        self.assertNotIn("HIDDEN", self.client_windows()["Orvane"])
+
     def test_press_drag_and_release_in_a_menu(self):
         self.pointer.press(*self.menu_title("Help"))
         self.wait_for_control("Contact Support")

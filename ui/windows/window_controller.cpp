@@ -187,6 +187,7 @@ void WindowController::hideMainWindow() {
   if (main == nullptr || !main->isVisible()) return;
   framePlace_ = main->framePosition();
   main->hide();
+  if (system_.forgetMinimized) system_.forgetMinimized(*main);
 }
 
 void WindowController::showDialog(WindowKind kind, const char* file) {

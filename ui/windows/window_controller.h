@@ -30,6 +30,8 @@ struct DesktopFunctions {
   FileReader readFile;  ///< of icons that applications name by path
   /// Keeps a window that isn't shown yet out of taskbars; may be empty.
   std::function<void(QWindow&)> skipTaskbar = {};
+  /// Lets a hidden window come back as a window although it was minimised; may be empty.
+  std::function<void(QWindow&)> forgetMinimized = {};
   /// Whether windows without a frame can have round corners (on X11: a compositor runs); empty: no.
   std::function<bool()> blendsTranslucentWindows = {};
 };

@@ -2,6 +2,8 @@
 
 #include <QtGui/QWindow>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 #include "platform/linux/x11/x11_connection.h"
 
@@ -17,6 +19,25 @@ void skipTaskbar(QWindow& window) {
   if (state == 0 || states[0] == 0 || states[1] == 0) return;
   xcb_change_property(connection, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window.winId()),
                       state, XCB_ATOM_ATOM, 32, states.size(), states.data());
+}
+
+void forgetMinimized(QWindow& window) {
+  constexpr std::uint32_t words = 9;  // of WM_HINTS, as ICCCM 4.1.2.4 has them
+  constexpr std::size_t initialState = 2;
+  constexpr std::uint32_t normalState = 1;
+  xcb_connection_t* connection = x11Connection();
+  if (connection == nullptr) return;
+  const auto id = static_cast<xcb_window_t>(window.winId());
+  const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      connection,
+      xcb_get_property(connection, 0, id, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 0, words),
+      nullptr));
+  if (!reply || reply->format != 32 || reply->value_len != words) return;
+  std::array<std::uint32_t, words> hints{};
+  std::memcpy(hints.data(), xcb_get_property_value(reply.get()), sizeof(hints));
+  hints[initialState] = normalState;
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS,
+                      32, words, hints.data());
 }
 
 bool blendsTranslucentWindows() {
