@@ -126,6 +126,10 @@ TEST(WindowPosition, IsTheLastOneWhileItsTitleBarCanBeReached) {
     EXPECT_EQ(windowPosition(gone, size, panelAbove), QPoint(419, 158));
   const QList<ScreenArea> low = {{{0, 0, 640, 400}, {0, 28, 640, 372}}};
   EXPECT_EQ(windowPosition({1400, 100}, size, low), QPoint(99, 28)) << "its title bar comes first";
+  const QRect screen(0, 0, 853, 533);
+  EXPECT_EQ(fittingHeight(510, {screen, screen.adjusted(0, 20, 0, 0)}), 473);
+  EXPECT_EQ(fittingHeight(510, {screen, screen}), 445) << "panels that nobody tells of";
+  EXPECT_EQ(fittingHeight(510, {{0, 0, 1024, 768}, {0, 0, 1024, 768}}), 510);
 }
 
 TEST(ItemLocation, TakesTheMostCredibleSource) {

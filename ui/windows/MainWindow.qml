@@ -1,7 +1,8 @@
 import QtQuick
 import Orvane
 
-/// The main window: its background and, below a strip of 20 points for the menu bar, its content.
+/// The main window: its background and, below a strip of 20 points for the menu bar, its content,
+/// which scrolls where the screen leaves the window less height.
 Window {
     id: root
 
@@ -37,6 +38,7 @@ Window {
 
         objectName: "content"
         y: root.barHeight
+        height: root.height - y
         model: root.windows.model
         windows: root.windows
         focus: true

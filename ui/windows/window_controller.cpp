@@ -175,6 +175,7 @@ void WindowController::showMainWindow() {
   if (main == nullptr) {
     main = make(WindowKind::main, "windows/MainWindow.qml");
     if (main == nullptr) return;
+    main->setHeight(fittingHeight(main->height(), screenArea(*main->screen())));
     main->setPosition(centredPosition(main->size(), main->screen()->availableGeometry()));
   } else if (!main->isVisible() && framePlace_ && !screens.isEmpty()) {
     main->setFramePosition(windowPosition(*framePlace_, main->size(), screens));

@@ -10,6 +10,8 @@ namespace {
 
 constexpr int gap = 6;              // between the panel and the popover
 constexpr int titleBarHeight = 24;  // about: the window manager decides
+constexpr int frameAllowance = 40;  // a title bar and borders, the largest seen
+constexpr int unknownPanels = 48;
 constexpr int titleBarGrip = 60;    // as much of it can be got hold of
 constexpr int panelThickness = 64;  // how far from an edge a panel's items can be
 constexpr int itemReach = 16;       // from the pointer to an item's border, where no panel is known
@@ -147,12 +149,21 @@ QRect placePopup(const QRect& anchor, QSize size, const QRect& screen, PopupEdge
   return inside({corner, size}, screen);
 }
 
+ScreenArea screenArea(const QScreen& screen) {
+  return {screen.geometry(), screen.availableGeometry(), screen.devicePixelRatio()};
+}
+
 QList<ScreenArea> screenAreas() {
   QList<ScreenArea> areas;
   const QList<QScreen*> screens = QGuiApplication::screens();
-  for (const QScreen* screen : screens)
-    areas.append({screen->geometry(), screen->availableGeometry(), screen->devicePixelRatio()});
+  for (const QScreen* screen : screens) areas.append(screenArea(*screen));
   return areas;
+}
+
+int fittingHeight(int wanted, const ScreenArea& screen) {
+  // Wayland doesn't tell what panels take.
+  const int panels = screen.available == screen.geometry ? unknownPanels : 0;
+  return std::min(wanted, screen.available.height() - panels - frameAllowance);
 }
 
 QPoint centredPosition(QSize size, const QRect& available) {

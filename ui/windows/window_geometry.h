@@ -7,6 +7,8 @@
 
 #include "platform/status_bar.h"
 
+class QScreen;
+
 namespace orvane {
 
 /// One screen in device-independent pixels.
@@ -15,6 +17,8 @@ struct ScreenArea {
   QRect available;        ///< what panels leave
   double pixelRatio = 1;  ///< device pixels in one
 };
+
+[[nodiscard]] ScreenArea screenArea(const QScreen& screen);
 
 /// The desktop's screens now, the first one first.
 [[nodiscard]] QList<ScreenArea> screenAreas();
@@ -48,6 +52,10 @@ enum class PopupEdge { below, trailing };
 /// it is centred on the anchor.
 [[nodiscard]] QRect placePopup(const QRect& anchor, QSize size, const QRect& screen,
                                PopupEdge edge);
+
+/// How high a window's content can be of the height it wants, so that its frame and panels have
+/// room on the screen too.
+[[nodiscard]] int fittingHeight(int wanted, const ScreenArea& screen);
 
 /// Where a window of `size` lies in the middle of what panels leave of the screen, its upper left
 /// corner inside in any case.
