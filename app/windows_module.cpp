@@ -8,6 +8,7 @@
 #include "platform/linux/files/regular_file.h"
 #include "platform/linux/updates/linux_software_updater.h"
 #include "platform/linux/x11/x11_window_hints.h"
+#include "platform/linux/x11/x11_panels.h"
 #include "ui/windows/window_controller.h"
 
 namespace orvane {
@@ -23,6 +24,7 @@ class DesktopWindows : public WindowController {
                           .skipTaskbar = skipTaskbar,
                           .forgetMinimized = forgetMinimized,
                           .blendsTranslucentWindows = blendsTranslucentWindows},
+                          .panelFrames = x11PanelFrames,
                          settings.facts),
         appearance_(settings.appearance) {
     // On desktops that Qt doesn't know its icon theme is hicolor, which has few applications'

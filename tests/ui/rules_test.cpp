@@ -101,6 +101,7 @@ TEST(PopoverGeometry, LiesBesideThePanelAndInsideTheScreen) {
                // Its item is nearer to the bottom than to the panel's own edge.
                {"left, near the bottom", {30, 790}, {40, 0, 1240, 800}, {46, 574}},
                // Panels that hide themselves leave no room free.
+               {"chosen in the menu below the panel", {1270, 62}, {0, 28, 1280, 772}, {974, 34}},
                {"hiding, at the top", {640, 10}, whole, {490, 26}},
                {"hiding, at the bottom", {640, 795}, whole, {490, 559}}};
   for (const auto& [panel, item, available, corner] : cases) {
@@ -116,6 +117,26 @@ TEST(PopoverGeometry, LiesBesideThePanelAndInsideTheScreen) {
   EXPECT_EQ(popoverRectangle(item, popoverSize, screenAt(item, screens)),
             QRect(1850, 814, 300, 220));
   EXPECT_EQ(&screenAt({5000, 5000}, screens), &screens.first());
+}
+
+TEST(PopoverGeometry, KeepsItsDistanceFromThePanelsOfEachMonitor) {
+  // Two monitors, the second one scaled; X11 says nothing of the room there.
+  const ScreenArea second{{1280, 0, 960, 540}, {1280, 0, 960, 540}, 2.0};
+  const QRect panel(1280, 1020, 1920, 60);
+  const ScreenArea known = withoutPanel(second, panel);
+  EXPECT_EQ(known.available, QRect(1280, 0, 960, 510));
+  for (const int y : {512, 525, 538})
+    EXPECT_EQ(popoverRectangle({1700, y}, popoverSize, known), QRect(1550, 284, 300, 220)) << y;
+  EXPECT_EQ(withoutPanel({whole, whole}, panel).available, whole) << "another screen's";
+  EXPECT_EQ(withoutPanel({whole, whole}, {0, 0, 1280, 28}).available, QRect(0, 28, 1280, 772));
+  const ScreenArea left = withoutPanel({whole, whole}, {0, 0, 40, 800});
+  EXPECT_EQ(left.available, QRect(40, 0, 1240, 800));
+  EXPECT_EQ(withoutPanel({whole, whole}, {1240, 0, 40, 800}).available, QRect(0, 0, 1240, 800));
+  EXPECT_EQ(withoutPanel({whole, whole}, {300, 300, 200, 40}).available, whole) << "floats";
+  // The details open: its top stays, as long as the screen has the room.
+  EXPECT_EQ(popoverRectangle({10, 400}, {300, 340}, left, QPoint(46, 290)).topLeft(),
+            QPoint(46, 290));
+  EXPECT_EQ(popoverRectangle({10, 700}, {300, 340}, left, QPoint(46, 590)).top(), 454);
 }
 
 TEST(WindowPosition, IsTheLastOneWhileItsTitleBarCanBeReached) {

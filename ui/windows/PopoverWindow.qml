@@ -14,7 +14,7 @@ Window {
     visible: false
     width: view.width
     height: view.height
-    Component.onCompleted: controller.placeAtStatusItem(statusItem)
+    Component.onCompleted: controller.placeAtStatusItem(statusItem, windows.panelFrames())
 
     PopupController {
         id: controller

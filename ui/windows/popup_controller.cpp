@@ -81,16 +81,20 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
   window_->setGeometry({staysPut(*window_) ? window_->position() : placed.topLeft(), size});
 }
 
-void PopupController::placeAtStatusItem(QPoint reported) {
+void PopupController::placeAtStatusItem(QPoint reported, const QVariantList& panels) {
   isPopover_ = true;
-  const QList<ScreenArea> areas = screenAreas();
+  QList<ScreenArea> areas = screenAreas();
   if (!window_ || areas.isEmpty()) return;
+  for (ScreenArea& area : areas) {
+    for (const QVariant& panel : panels) area = withoutPanel(area, panel.toRect());
+  }
   const auto pointer = needsGrab() ? std::optional(QCursor::pos()) : std::nullopt;
   statusItem_ = statusItemLocation(pointer, {reported.x(), reported.y()}, areas);
   screen_ = screenAt(statusItem_, areas);
   if (QScreen* screen = QGuiApplication::screenAt(statusItem_)) window_->setScreen(screen);
-  const auto follow = [this] {
-    const QRect place = popoverRectangle(statusItem_, window_->size(), screen_);
+  auto follow = [this, before = std::optional<QPoint>()]() mutable {
+    const QRect place = popoverRectangle(statusItem_, window_->size(), screen_, before);
+    before = place.topLeft();
     if (window_->position() != place.topLeft()) window_->setPosition(place.topLeft());
     if (needsGrab()) return;
     // A tiling compositor would put a window that can have another size among its tiles.

@@ -49,7 +49,8 @@ class PopupController : public QObject {
   Q_INVOKABLE void place(double width, double height, Edge edge, double gap);
   /// Makes the window the popover: puts it beside the status item, on its screen, now and whenever
   /// its height changes; `reported` is where the panel says the item is, in device pixels.
-  Q_INVOKABLE void placeAtStatusItem(QPoint reported);
+  /// So are `panels`, rectangles that panels take.
+  Q_INVOKABLE void placeAtStatusItem(QPoint reported, const QVariantList& panels);
   /// Whether the middle of the anchor can be seen, not scrolled away.
   Q_INVOKABLE [[nodiscard]] bool isAnchorInSight() const;
   /// The entry a key moves to; see nextChoice.

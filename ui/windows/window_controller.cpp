@@ -234,6 +234,13 @@ void WindowController::revealExecutable(const ProcessRecord& record) {
     shell_.revealFile(record.info()->processPath);
 }
 
+QVariantList WindowController::panelFrames() const {
+  QVariantList frames;
+  if (!system_.panelFrames) return frames;
+  for (const QRect& frame : system_.panelFrames()) frames.append(frame);
+  return frames;
+}
+
 bool WindowController::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);

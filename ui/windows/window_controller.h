@@ -6,6 +6,7 @@
 #include <QPoint>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QRect>
 #include <QVariantMap>
 
 #include <functional>
@@ -32,6 +33,8 @@ struct DesktopFunctions {
   std::function<void(QWindow&)> skipTaskbar = {};
   /// Lets a hidden window come back as a window although it was minimised; may be empty.
   std::function<void(QWindow&)> forgetMinimized = {};
+  /// Where panels are, in device pixels, as far as the desktop tells; may be empty.
+  std::function<QList<QRect>()> panelFrames = {};
   /// Whether windows without a frame can have round corners (on X11: a compositor runs); empty: no.
   std::function<bool()> blendsTranslucentWindows = {};
 };
@@ -92,6 +95,8 @@ class WindowController : public QObject, public Windows {
   /// Shows the executable of an application in the desktop's file manager; nothing without a path.
   Q_INVOKABLE void revealExecutable(const orvane::ProcessRecord& record);
   Q_INVOKABLE void showAbout();
+  /// Where panels are, as rectangles in device pixels.
+  Q_INVOKABLE [[nodiscard]] QVariantList panelFrames() const;
   /// What the update window's primary button stands for: true when the window is done.
   Q_INVOKABLE [[nodiscard]] bool acceptUpdate();
   /// The user dismisses the popover; `left` when turning to something else.

@@ -28,18 +28,28 @@ std::array<EdgeDistance, 4> edgeDistances(QPoint point, const QRect& screen) {
            {PanelEdge::right, screen.right() - point.x()}}};
 }
 
-bool isInPanelAt(PanelEdge edge, QPoint point, const QRect& available) {
+/// How thick the panels at that edge are.
+int panelsAt(PanelEdge edge, const ScreenArea& screen) {
+  const QRect& all = screen.geometry;
+  const QRect& room = screen.available;
   switch (edge) {
     case PanelEdge::top:
-      return point.y() < available.top();
+      return room.top() - all.top();
     case PanelEdge::bottom:
-      return point.y() > available.bottom();
+      return all.bottom() - room.bottom();
     case PanelEdge::left:
-      return point.x() < available.left();
+      return room.left() - all.left();
     case PanelEdge::right:
-      return point.x() > available.right();
+      return all.right() - room.right();
   }
-  return false;
+  return 0;
+}
+
+/// `rectangle` in device-independent pixels of a screen; its corner is told in device pixels.
+QRect scaledOn(const ScreenArea& screen, const QRect& rectangle) {
+  const QPoint origin = screen.geometry.topLeft();
+  return {origin + (rectangle.topLeft() - origin) / screen.pixelRatio,
+          rectangle.size() / screen.pixelRatio};
 }
 
 bool isNearPanel(QPoint point, const ScreenArea& screen) {
@@ -60,7 +70,7 @@ QPoint cornerAtPanel(const ScreenArea& screen) {
 std::optional<QPoint> plausible(ScreenPoint reported, const QList<ScreenArea>& screens) {
   for (const ScreenArea& screen : screens) {
     const QPoint origin = screen.geometry.topLeft();
-    const QPoint point = origin + (QPoint(reported.x, reported.y) - origin) / screen.pixelRatio;
+    const QPoint point = scaledOn(screen, {reported.x, reported.y, 1, 1}).topLeft();
     // Panels that don't know the place report the origin or a point relative to the item.
     const QPoint inside = point - origin;
     if (inside.x() < panelThickness && inside.y() < panelThickness) continue;
@@ -101,39 +111,62 @@ QPoint statusItemLocation(std::optional<QPoint> pointer, ScreenPoint reported,
                           const QList<ScreenArea>& screens) {
   if (pointer && isNearPanel(*pointer, screenAt(*pointer, screens))) return *pointer;
   if (const auto point = plausible(reported, screens)) return *point;
-  return cornerAtPanel(screens.first());
+  return cornerAtPanel(pointer ? screenAt(*pointer, screens) : screens.first());
+}
+
+ScreenArea withoutPanel(ScreenArea screen, const QRect& panel) {
+  const QRect& all = screen.geometry;
+  const QRect taken = scaledOn(screen, panel) & all;
+  if (taken.isEmpty()) return screen;
+  QRect& room = screen.available;
+  if (taken.width() >= taken.height()) {
+    if (taken.top() == all.top()) room.setTop(std::max(room.top(), taken.bottom() + 1));
+    if (taken.bottom() == all.bottom()) room.setBottom(std::min(room.bottom(), taken.top() - 1));
+  } else {
+    if (taken.left() == all.left()) room.setLeft(std::max(room.left(), taken.right() + 1));
+    if (taken.right() == all.right()) room.setRight(std::min(room.right(), taken.left() - 1));
+  }
+  return screen;
 }
 
 PanelEdge panelEdgeAt(QPoint item, const ScreenArea& screen) {
   auto distances = edgeDistances(item, screen.geometry);
   std::stable_sort(distances.begin(), distances.end(),
                    [](const auto& a, const auto& b) { return a.distance < b.distance; });
-  const auto inPanel =
-      std::find_if(distances.begin(), distances.end(), [&](const EdgeDistance& candidate) {
-        return isInPanelAt(candidate.edge, item, screen.available);
-      });
-  return inPanel == distances.end() ? distances.front().edge : inPanel->edge;
+  const auto find = [&](auto matches) {
+    return std::find_if(distances.begin(), distances.end(), [&](const EdgeDistance& candidate) {
+      const int thickness = panelsAt(candidate.edge, screen);
+      return thickness > 0 && matches(candidate.distance, thickness);
+    });
+  };
+  auto found = find([](int distance, int thickness) { return distance < thickness; });
+  if (found == distances.end())
+    found = find([](int distance, int /*thickness*/) { return distance < panelThickness; });
+  return found == distances.end() ? distances.front().edge : found->edge;
 }
 
-QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen) {
+QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen,
+                       std::optional<QPoint> before) {
   const QRect room = screen.available.adjusted(gap, gap, -gap, -gap);
-  const bool inPanel = !screen.available.contains(item);
-  const int reach = inPanel ? 0 : itemReach;
+  const PanelEdge edge = panelEdgeAt(item, screen);
+  const bool hasPanel = panelsAt(edge, screen) > 0;
   QPoint corner = item - QPoint(size.width() / 2, size.height() / 2);
-  switch (panelEdgeAt(item, screen)) {
+  switch (edge) {
     case PanelEdge::top:
-      corner.setY(inPanel ? room.top() : item.y() + reach);
+      corner.setY(hasPanel ? room.top() : item.y() + itemReach);
       break;
     case PanelEdge::bottom:
-      corner.setY((inPanel ? room.bottom() + 1 : item.y() - reach) - size.height());
+      corner.setY((hasPanel ? room.bottom() + 1 : item.y() - itemReach) - size.height());
       break;
     case PanelEdge::left:
-      corner.setX(inPanel ? room.left() : item.x() + reach);
+      corner.setX(hasPanel ? room.left() : item.x() + itemReach);
       break;
     case PanelEdge::right:
-      corner.setX((inPanel ? room.right() + 1 : item.x() - reach) - size.width());
+      corner.setX((hasPanel ? room.right() + 1 : item.x() - itemReach) - size.width());
       break;
   }
+  const bool isBeside = edge == PanelEdge::left || edge == PanelEdge::right;
+  if (before && isBeside) corner.setY(before->y());
   return inside({corner, size}, room);
 }
 

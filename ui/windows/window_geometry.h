@@ -23,26 +23,32 @@ struct ScreenArea {
 /// The desktop's screens now, the first one first.
 [[nodiscard]] QList<ScreenArea> screenAreas();
 
+/// The screen with the room that is left beside a panel at one of its edges; `panel` in device
+/// pixels. A panel of another screen changes nothing.
+[[nodiscard]] ScreenArea withoutPanel(ScreenArea screen, const QRect& panel);
+
 /// Which edge of its screen the panel with the status item lies at.
 enum class PanelEdge { top, bottom, left, right };
 
 /// Where the status item is. Panels report a point that some of them get wrong (`reported`, in
 /// device pixels), and the pointer is known on some window systems only: the pointer counts where
 /// it is known and near a panel, the reported point where it is plausible, else the corner at the
-/// panel of the first screen. `screens` must not be empty.
+/// panel of the pointer's screen, or of the first. `screens` must not be empty.
 [[nodiscard]] QPoint statusItemLocation(std::optional<QPoint> pointer, ScreenPoint reported,
                                         const QList<ScreenArea>& screens);
 
 /// The screen the point lies on, or the first one.
 [[nodiscard]] const ScreenArea& screenAt(QPoint point, const QList<ScreenArea>& screens);
 
-/// The edge whose panel holds the point: where the screen's panels leave the point out, else the
-/// nearest edge.
+/// The edge whose panel holds the point: where the screen's panels leave the point out, else one
+/// nearby with a panel, else the nearest edge.
 [[nodiscard]] PanelEdge panelEdgeAt(QPoint item, const ScreenArea& screen);
 
 /// Where a popover of `size` goes: beside the panel, toward the middle of the screen, centred on
-/// the item, and always inside of what panels leave.
-[[nodiscard]] QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen);
+/// the item, and always inside of what panels leave. One that is at `before` already, beside a
+/// panel on the left or right, keeps its top.
+[[nodiscard]] QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen,
+                                     std::optional<QPoint> before = std::nullopt);
 
 /// At which edge of its anchor a popup lies.
 enum class PopupEdge { below, trailing };
