@@ -2,13 +2,16 @@
 
 #include <QtGui/QGuiApplication>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <optional>
+#include <string>
 #include <variant>
 
 #include "app/command_line.h"
 #include "app/memory_monitor_app.h"
 #include "platform/linux/bus/session_bus.h"
+#include "platform/linux/desktop/display_choice.h"
 #include "platform/linux/desktop/display_guard.h"
 #include "platform/linux/desktop/single_instance.h"
 
@@ -36,14 +39,17 @@ int answer(const orvane::CommandLineAnswer& answer) {
   return answer.status;
 }
 
-int run(orvane::SingleInstance& instance, orvane::StartWish wish, char** argv) {
+int run(orvane::SingleInstance& instance, orvane::StartWish wish, const char* program) {
+  // Not in the environment, which the programs inherit that are started from here.
+  std::array<std::string, 3> words = {program, "-platform", "xcb"};
+  std::array<char*, 4> arguments = {words[0].data(), words[1].data(), words[2].data(), nullptr};
+  int count = orvane::prefersXwayland() ? 3 : 1;
   tuneAllocator();
   prepareQt();
-  int count = 1;  // the options are not Qt's
   std::optional<orvane::DisplayGuard> guard(std::in_place);
   // In newer releases of Qt the application's constructor connects to the bus.
   orvane::keepQtOffSilentBus();
-  const QGuiApplication application(count, argv);
+  const QGuiApplication application(count, arguments.data());
   guard.reset();
   orvane::MemoryMonitorApp app(instance);
   return app.run(wish);
@@ -66,5 +72,5 @@ int main(int argc, char** argv) {
       break;
   }
   if (wish == orvane::StartWish::quit) return answer({"orvane: it doesn't run\n", 1});
-  return run(instance, wish, argv);
+  return run(instance, wish, argc > 0 ? argv[0] : "orvane");
 }

@@ -1,6 +1,8 @@
 """The program's options, and what further starts and starts without a display come to."""
 
+import os
 import signal
+import socket
 import subprocess
 import unittest
 
@@ -39,6 +41,21 @@ class CommandLine(DesktopCase):
                 status, text, errors = self.start(**(NOTHING | form))
                 self.assertEqual((status, text), (1, ""), errors)
                 self.assertRegex(errors, r"\Aorvane: no display can be opened \(.*\)\n\Z")
+
+    def test_plasma_on_wayland_is_used_through_xwayland_where_that_answers(self):
+        with socket.socket(socket.AF_UNIX) as silent, socket.socket(socket.AF_UNIX) as compositor:
+            number = 60000 + os.getpid() % 5000
+            silent.bind(f"\0/tmp/.X11-unix/X{number}")
+            compositor.bind(str(self.desktop.folder / "runtime/wayland-5"))
+            for waiting in (silent, compositor):
+                waiting.listen(8)
+            plasma = {"XDG_CURRENT_DESKTOP": "KDE", "XDG_SESSION_TYPE": "wayland"}
+            orvane = self.start_orvane(environment=plasma | {"WAYLAND_DISPLAY": "wayland-5"})
+            orvane.wait_for_item(5)
+            status, _, errors = self.start(**plasma, WAYLAND_DISPLAY="wayland-77",
+                                           DISPLAY=f":{number}", QT_QPA_PLATFORM="")
+            self.assertEqual(status, 1)
+            self.assertIn("orvane: ", errors)
 
     def test_options_reach_the_running_instance(self):
         orvane = self.start_orvane(options=["--hidden"], first_launch=True)

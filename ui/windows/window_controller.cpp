@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPalette>
 #include <QQmlComponent>
 #include <QSGRendererInterface>
 #include <QScreen>
@@ -9,6 +10,7 @@
 #include <utility>
 
 #include "ui/icons/icon_provider.h"
+#include "ui/style/palette.h"
 #include "ui/style/theme.h"
 #include "ui/windows/window_geometry.h"
 
@@ -41,6 +43,28 @@ void bringToFront(QWindow& window) {
   window.showNormal();
   window.raise();
   window.requestActivate();
+}
+
+bool isOnWayland() {
+  return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+/// Where Qt draws the windows' frames itself (GNOME on Wayland) it takes the palette's colours.
+void colorFrames(std::optional<ColorScheme> scheme) {
+  QPalette frames;
+  if (scheme) {
+    frames.setColor(QPalette::Window, palette(*scheme).windowBackground);
+    frames.setColor(QPalette::WindowText, palette(*scheme).label);
+  }
+  QGuiApplication::setPalette(frames);
+  if (!isOnWayland()) return;
+  // A frame reads the palette when it is made.
+  const QWindowList windows = QGuiApplication::topLevelWindows();
+  for (QWindow* window : windows) {
+    if (!window->isVisible() || (window->flags() & Qt::FramelessWindowHint) != 0) continue;
+    window->setFlag(Qt::FramelessWindowHint, true);
+    window->setFlag(Qt::FramelessWindowHint, false);
+  }
 }
 
 }  // namespace
@@ -79,6 +103,7 @@ Theme& WindowController::theme() {
 }
 
 void WindowController::setAppearance(const AppearanceSettings& settings) {
+  if (settings.colorScheme != appearance_.colorScheme) colorFrames(settings.colorScheme);
   appearance_ = settings;
   if (engine_) applyAppearance();
 }
@@ -148,6 +173,9 @@ void WindowController::showPopover(ScreenPoint item) {
                                         {{QStringLiteral("statusItem"), QPoint(item.x, item.y)}});
   if (popover == nullptr) return;
   if (system_.skipTaskbar) system_.skipTaskbar(*popover);
+  // A window of its own may come up under the main one on Wayland.
+  QQuickWindow* main = window(WindowKind::main);
+  if (main != nullptr && main->isVisible() && isOnWayland()) popover->setTransientParent(main);
   popover->show();
   popover->requestActivate();
 }
