@@ -188,9 +188,19 @@ std::vector<StatusItemMenuEntry> AppDelegate::menuEntries() {
 
 // The windows.
 
-Windows* AppDelegate::windows() {
+bool AppDelegate::showWindow(StartWish wish, const std::function<bool(Windows&)>& show) {
   if (!loaded_.windows) loaded_ = services_.loadWindows(*this, memoryManager_);
-  return loaded_.windows.get();
+  if (loaded_.windows && show(*loaded_.windows)) return true;
+  services_.model.notifications.add(
+      {.identifier = "windows",
+       .content = {.title = "Orvane can't open its window",
+                   .body = "A part of it is missing, or was replaced while Orvane ran."}},
+      [](const NotificationService::Error&) {});
+  // Later, so that the message is on its way.
+  services_.model.mainQueue.after(restartDelay, [weak = weak_from_this(), wish] {
+    if (const auto self = weak.lock()) self->services_.application.startAnew(wish);
+  });
+  return false;
 }
 
 void AppDelegate::togglePopover(ScreenPoint item) {
@@ -205,7 +215,8 @@ void AppDelegate::togglePopover(ScreenPoint item) {
 
 void AppDelegate::showDetails() {
   if (!statusItem_) return;
-  if (Windows* shown = windows()) shown->showPopover(itemPlace_);
+  showWindow(StartWish::showPopover,
+             [this](Windows& windows) { return windows.showPopover(itemPlace_); });
   memoryManager_->updateMemoryStats();
 }
 
@@ -219,12 +230,15 @@ void AppDelegate::setMainWindowVisible(bool visible) {
 
 void AppDelegate::showMainWindow() {
   services_.application.setActivationPolicy(ActivationPolicy::regular);
-  if (windows() == nullptr) {
-    services_.application.setActivationPolicy(ActivationPolicy::accessory);
+  const bool isShown = showWindow(StartWish::showWindow, [this](Windows& windows) {
+    services_.application.activate();
+    return windows.showMainWindow();
+  });
+  if (!isShown) {
+    if (!isMainWindowVisible_)
+      services_.application.setActivationPolicy(ActivationPolicy::accessory);
     return;
   }
-  services_.application.activate();
-  loaded_.windows->showMainWindow();
   hasMainWindow_ = true;
   isMainWindowVisible_ = true;
   services_.model.preferences.setBoolean(mainWindowVisibleKey, true);
@@ -261,8 +275,9 @@ void AppDelegate::quitApp() {
 }
 
 void AppDelegate::checkForUpdates() {
-  if (windows() == nullptr) return;
-  loaded_.windows->showUpdateCheck();
+  if (!showWindow(StartWish::showWindow,
+                  [](Windows& windows) { return windows.showUpdateCheck(); }))
+    return;
   loaded_.updaterController->checkForUpdates(
       [this](const UpdateResult& result) { loaded_.windows->showUpdateResult(result); });
 }

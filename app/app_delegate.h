@@ -20,6 +20,7 @@ namespace orvane {
 inline constexpr Duration statusTitleInterval{5.0};
 /// How long a panel may take for the item, before the main window is shown instead.
 inline constexpr Duration panelPatience{10.0};
+inline constexpr Duration restartDelay{0.3};
 
 inline constexpr const char* hasLaunchedBeforeKey = "hasLaunchedBefore";
 inline constexpr const char* mainWindowVisibleKey = "mainWindowVisible";
@@ -105,8 +106,9 @@ class AppDelegate : public NotificationDelegate,
   [[nodiscard]] std::vector<IconPixmap> restingIcon() const;
   [[nodiscard]] bool preference(const char* key) const;
   [[nodiscard]] std::vector<StatusItemMenuEntry> menuEntries();
-  /// The windows, loaded by now; null when they can't be had.
-  [[nodiscard]] Windows* windows();
+  /// Shows a window by `show`, with the windows loaded by now. Where that fails the user is told,
+  /// and a program that an upgrade installed takes over for `wish`. True when it is shown.
+  bool showWindow(StartWish wish, const std::function<bool(Windows&)>& show);
 
   AppServices services_;
   std::unique_ptr<StatusBarItem> statusItem_;

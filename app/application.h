@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/command_line.h"
 #include "platform/running_applications.h"
 
 namespace orvane {
@@ -17,6 +18,10 @@ class Application {
 
   /// Ends the event loop; returns first.
   virtual void terminate() = 0;
+
+  /// Puts the program that an upgrade installed meanwhile in this one's place, started for `wish`;
+  /// returns only where there is none.
+  virtual void startAnew(StartWish wish) = 0;
 };
 
 }  // namespace orvane

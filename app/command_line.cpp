@@ -49,6 +49,13 @@ std::string printable(std::string argument) {
 
 }  // namespace
 
+std::optional<std::string> optionOf(StartWish wish) {
+  const auto* const option = std::find_if(
+      options.begin(), options.end(), [wish](const Option& known) { return known.wish == wish; });
+  if (option == options.end()) return std::nullopt;
+  return std::string(option->name);
+}
+
 std::variant<StartWish, CommandLineAnswer> parseCommandLine(
     const std::vector<std::string>& arguments) {
   if (arguments.empty()) return StartWish::plain;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -24,6 +25,9 @@ struct CommandLineAnswer {
 
   bool operator==(const CommandLineAnswer&) const = default;
 };
+
+/// The option that stands for a wish; none for a plain start.
+[[nodiscard]] std::optional<std::string> optionOf(StartWish wish);
 
 /// What the arguments after the program's name ask for: one option at most.
 [[nodiscard]] std::variant<StartWish, CommandLineAnswer> parseCommandLine(

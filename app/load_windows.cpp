@@ -3,6 +3,7 @@
 #include <QtCore/QLibrary>
 #include <QtCore/QLoggingCategory>
 
+#include "app/product_settings.h"
 #include "platform/linux/bus/session_bus.h"
 
 namespace orvane {

@@ -22,6 +22,7 @@
 #include "platform/linux/memory/linux_memory_counters.h"
 #include "platform/linux/runtime/descriptor_limit.h"
 #include "platform/linux/runtime/in_process_notification_centre.h"
+#include "platform/linux/runtime/installed_program.h"
 #include "platform/linux/runtime/linux_background_queue.h"
 #include "platform/linux/runtime/linux_clock.h"
 #include "platform/linux/runtime/linux_dispatch.h"
@@ -48,6 +49,10 @@ class QtApplication : public Application {
   /// Not QCoreApplication::quit(): it closes every window first, and a closed main window only
   /// hides and is stored as not visible.
   void terminate() override { QCoreApplication::exit(0); }
+
+  void startAnew(StartWish wish) override {
+    if (const auto option = optionOf(wish)) replaceByInstalledProgram(*option);
+  }
 };
 
 /// Beside the program, as it was built, or where an installation puts it.

@@ -5,10 +5,11 @@
 #include <QtGui/QIcon>
 #include <utility>
 
+#include "app/product_settings.h"
 #include "platform/linux/files/regular_file.h"
 #include "platform/linux/updates/linux_software_updater.h"
-#include "platform/linux/x11/x11_window_hints.h"
 #include "platform/linux/x11/x11_panels.h"
+#include "platform/linux/x11/x11_window_hints.h"
 #include "ui/windows/window_controller.h"
 
 namespace orvane {
@@ -23,8 +24,8 @@ class DesktopWindows : public WindowController {
                          {.readFile = readRegularFile,
                           .skipTaskbar = skipTaskbar,
                           .forgetMinimized = forgetMinimized,
-                          .blendsTranslucentWindows = blendsTranslucentWindows},
                           .panelFrames = x11PanelFrames,
+                          .blendsTranslucentWindows = blendsTranslucentWindows},
                          settings.facts),
         appearance_(settings.appearance) {
     // On desktops that Qt doesn't know its icon theme is hicolor, which has few applications'
@@ -46,7 +47,7 @@ class DesktopWindows : public WindowController {
 }  // namespace
 }  // namespace orvane
 
-extern "C" Q_DECL_EXPORT void makeOrvaneWindows(
+extern "C" Q_DECL_EXPORT void ORVANE_MAKE_WINDOWS(
     orvane::LoadedWindows& made, const orvane::WindowSettings& settings, orvane::Shell& shell,
     const std::shared_ptr<orvane::MemoryManager>& manager) {
   made.windows = std::make_unique<orvane::DesktopWindows>(settings, shell, manager);

@@ -31,10 +31,7 @@ using WindowLoader =
 /// File name, without its ending, of the module that holds the windows.
 inline constexpr const char* windowsModuleFile = "orvane-windows";
 
-/// Name of its one function, `MakeWindows`.
-inline constexpr const char* makeWindowsName = "makeOrvaneWindows";
-
-/// Puts the real windows into `made`.
+/// Its one function, `makeWindowsName`: puts the real windows into `made`.
 using MakeWindows = void (*)(LoadedWindows& made, const WindowSettings& settings, Shell& shell,
                              const std::shared_ptr<MemoryManager>& manager);
 

@@ -3,6 +3,7 @@
 import contextlib
 import os
 import select
+import shutil
 import socket
 import unittest
 
@@ -69,6 +70,32 @@ class SilentBus(unittest.TestCase):
             orvane = Orvane(desktop, PROGRAM, first_launch=True, environment=address)
             wait_for("main window", 10, lambda: desktop.screen.colours(500, 200, 280, 280) > 20)
             self.assertEqual(orvane.stop(), 0)
+
+
+class Upgrade(DesktopCase):
+    def test_no_click_comes_to_nothing(self):
+        folder = self.desktop.folder / "installed"
+        folder.mkdir()
+        program, module = folder / "orvane", folder / "orvane-windows.so"
+        shutil.copy(PROGRAM, program)
+        foreign = (PROGRAM.parent / module.name).read_bytes().replace(
+            b"makeOrvaneWindows_", b"makeOrvaneWindows#")
+        module.write_bytes(foreign)
+        orvane = Orvane(self.desktop, program, self.session)
+        self.addCleanup(orvane.stop)
+        item = orvane.wait_for_item()
+        item.activate()
+        title, _ = self.wait_for("message", 5, self.desktop.notifications)[-1]
+        self.assertEqual(title, "Orvane can't open its window")
+
+        newer = folder / "newer"
+        newer.write_text(f'#!/bin/sh\necho "$@" > "{folder}/started"\n')
+        newer.chmod(0o755)
+        newer.replace(program)
+        self.assertTrue(orvane.is_running())
+        item.activate()
+        self.assertEqual(orvane.process.wait(timeout=5), 0)
+        self.assertEqual((folder / "started").read_text(), "--popover\n")
 
 
 class XServerOnDemand(DesktopCase):

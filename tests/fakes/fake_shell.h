@@ -24,6 +24,9 @@ class RecordingApplication : public Application {
   }
   void activate() override { journal_.emplace_back("activate"); }
   void terminate() override { journal_.emplace_back("terminate"); }
+  void startAnew(StartWish wish) override {
+    journal_.emplace_back(std::string("start anew ") + static_cast<char>(wish));
+  }
 
  private:
   Journal& journal_;
@@ -34,18 +37,28 @@ class FakeWindows : public Windows {
  public:
   explicit FakeWindows(Journal& journal) : journal_(journal) {}
 
-  void showPopover(ScreenPoint /*item*/) override { popoverShown_ = true; }
+  bool showPopover(ScreenPoint /*item*/) override {
+    popoverShown_ = !broken;
+    return !broken;
+  }
   void closePopover() override { popoverShown_ = false; }
   [[nodiscard]] bool isPopoverShown() const override { return popoverShown_; }
-  void showMainWindow() override { journal_.emplace_back("show window"); }
+  bool showMainWindow() override { return note("show window"); }
   void hideMainWindow() override { journal_.emplace_back("hide window"); }
-  void showUpdateCheck() override { journal_.emplace_back("checking"); }
+  bool showUpdateCheck() override { return note("checking"); }
   void showUpdateResult(const UpdateResult& /*result*/) override {
     journal_.emplace_back("result");
   }
   void setAppearance(const AppearanceSettings& /*settings*/) override {}
 
+  bool broken = false;  ///< no window can be made
+
  private:
+  bool note(const char* shown) {
+    journal_.emplace_back(broken ? "no window" : shown);
+    return !broken;
+  }
+
   Journal& journal_;
   bool popoverShown_ = false;
 };

@@ -212,12 +212,19 @@ TEST_F(AppDelegateTest, WindowsAreLoadedWhenTheFirstIsWantedAndAgainAfterAFailur
   EXPECT_THAT(takeJournal(), ElementsAre("accessory", "no windows", "no windows", "regular",
                                          "no windows", "accessory"));
   EXPECT_FALSE(fakes_.preferences.booleans.contains("mainWindowVisible"));
+  EXPECT_EQ(fakes_.notifications.requests.size(), 3U) << "no click comes to nothing";
+  fakes_.time.advance(Duration{0.5});
+  EXPECT_THAT(takeJournal(), ElementsAre("start anew p", "start anew w", "start anew w"));
   windows_.fails = false;
   for (const bool shown : {true, false, true}) {
     clickItem();
     EXPECT_EQ(windows_.windows->isPopoverShown(), shown);
   }
   EXPECT_THAT(journal_, ElementsAre("load windows"));
+  windows_.windows->broken = true;
+  delegate_->showMainWindow();
+  EXPECT_FALSE(delegate_->isMainWindowVisible()) << "what it is made of is missing";
+  EXPECT_EQ(fakes_.notifications.requests.size(), 4U);
 }
 
 TEST_F(AppDelegateTest, ASupportAddressThatIsNoneIsPrinted) {

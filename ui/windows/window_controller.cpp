@@ -167,17 +167,18 @@ void WindowController::discard(WindowKind kind) {
   shell_.windowWillClose(kind);
 }
 
-void WindowController::showPopover(ScreenPoint item) {
+bool WindowController::showPopover(ScreenPoint item) {
   closePopover();
   QQuickWindow* popover = makeTransient(WindowKind::popover, "windows/PopoverWindow.qml",
                                         {{QStringLiteral("statusItem"), QPoint(item.x, item.y)}});
-  if (popover == nullptr) return;
+  if (popover == nullptr) return false;
   if (system_.skipTaskbar) system_.skipTaskbar(*popover);
   // A window of its own may come up under the main one on Wayland.
   QQuickWindow* main = window(WindowKind::main);
   if (main != nullptr && main->isVisible() && isOnWayland()) popover->setTransientParent(main);
   popover->show();
   popover->requestActivate();
+  return true;
 }
 
 void WindowController::closePopover() {
@@ -196,19 +197,20 @@ bool WindowController::isPopoverShown() const {
          (sinceDismissal_.isValid() && !sinceDismissal_.hasExpired(sameClickMilliseconds));
 }
 
-void WindowController::showMainWindow() {
+bool WindowController::showMainWindow() {
   followCompositor();
   QQuickWindow* main = window(WindowKind::main);
   const QList<ScreenArea> screens = screenAreas();
   if (main == nullptr) {
     main = make(WindowKind::main, "windows/MainWindow.qml");
-    if (main == nullptr) return;
+    if (main == nullptr) return false;
     main->setHeight(fittingHeight(main->height(), screenArea(*main->screen())));
     main->setPosition(centredPosition(main->size(), main->screen()->availableGeometry()));
   } else if (!main->isVisible() && framePlace_ && !screens.isEmpty()) {
     main->setFramePosition(windowPosition(*framePlace_, main->size(), screens));
   }
   bringToFront(*main);
+  return true;
 }
 
 void WindowController::hideMainWindow() {
@@ -219,24 +221,25 @@ void WindowController::hideMainWindow() {
   if (system_.forgetMinimized) system_.forgetMinimized(*main);
 }
 
-void WindowController::showDialog(WindowKind kind, const char* file) {
+bool WindowController::showDialog(WindowKind kind, const char* file) {
   QQuickWindow* dialog = window(kind);
   if (dialog == nullptr) {
     dialog = makeTransient(kind, file);
-    if (dialog == nullptr) return;
+    if (dialog == nullptr) return false;
     dialog->setPosition(centredPosition(dialog->size(), dialog->screen()->availableGeometry()));
   }
   bringToFront(*dialog);
+  return true;
 }
 
 void WindowController::showAbout() {
   showDialog(WindowKind::about, "dialogs/AboutWindow.qml");
 }
 
-void WindowController::showUpdateCheck() {
+bool WindowController::showUpdateCheck() {
   result_.reset();
   Q_EMIT updateChanged();
-  showDialog(WindowKind::update, "dialogs/UpdateWindow.qml");
+  return showDialog(WindowKind::update, "dialogs/UpdateWindow.qml");
 }
 
 void WindowController::showUpdateResult(const UpdateResult& result) {

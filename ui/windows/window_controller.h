@@ -66,12 +66,12 @@ class WindowController : public QObject, public Windows {
   WindowController& operator=(const WindowController&) = delete;
   ~WindowController() override;
 
-  void showPopover(ScreenPoint item) override;
+  bool showPopover(ScreenPoint item) override;
   void closePopover() override;
   [[nodiscard]] bool isPopoverShown() const override;
-  void showMainWindow() override;
+  bool showMainWindow() override;
   void hideMainWindow() override;
-  void showUpdateCheck() override;
+  bool showUpdateCheck() override;
   void showUpdateResult(const UpdateResult& result) override;
   void setAppearance(const AppearanceSettings& settings) override;
 
@@ -123,8 +123,8 @@ class WindowController : public QObject, public Windows {
   QQuickWindow* make(WindowKind kind, const char* file, QVariantMap properties = {});
   /// One that is destroyed after it is closed.
   QQuickWindow* makeTransient(WindowKind kind, const char* file, QVariantMap properties = {});
-  /// In the middle of the screen; one that is open comes to the front.
-  void showDialog(WindowKind kind, const char* file);
+  /// In the middle of the screen; one that is open comes to the front. False when it can't be made.
+  bool showDialog(WindowKind kind, const char* file);
   void discard(WindowKind kind);
 
   Shell& shell_;

@@ -44,20 +44,21 @@ class Windows {
  public:
   virtual ~Windows() = default;
 
-  /// Shows new content beside the status item; `item` is where the panel says the item is.
-  virtual void showPopover(ScreenPoint item) = 0;
+  /// Shows new content beside the status item; `item` is where the panel says the item is. False
+  /// when the window can't be made, as with each that is shown.
+  virtual bool showPopover(ScreenPoint item) = 0;
   virtual void closePopover() = 0;
   /// Also true for 0.4 s after a press elsewhere closed it, but on X11: that press may be the click
   /// on the item that the panel is about to report.
   [[nodiscard]] virtual bool isPopoverShown() const = 0;
 
   /// Brings the main window to the front, with the focus: the one window, as it was.
-  virtual void showMainWindow() = 0;
+  virtual bool showMainWindow() = 0;
   /// Hides it; the shell isn't told.
   virtual void hideMainWindow() = 0;
 
   /// Opens the update window, or brings it forward, on a check that runs.
-  virtual void showUpdateCheck() = 0;
+  virtual bool showUpdateCheck() = 0;
   /// Shows how the check ended; nothing when the window is closed by then.
   virtual void showUpdateResult(const UpdateResult& result) = 0;
 
