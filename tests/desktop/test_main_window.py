@@ -77,7 +77,10 @@ class MainWindow(WindowCase):
         self.wait_for("restored window", 3, self.has_focus)
         self.pointer.key("Control_L", "w")
         self.wait_until_gone(self.TAB)
-        self.show_from_popover()
+        self.open_popover()
+        self.click("Settings")
+        self.click("Show Window")
+        self.wait_for_control(self.TAB)
         self.wait_for("focus", 3, self.has_focus)
         self.assertNotIn("HIDDEN", self.client_windows()["Orvane"])
 
