@@ -14,6 +14,7 @@
 #include "platform/linux/desktop/display_choice.h"
 #include "platform/linux/desktop/display_guard.h"
 #include "platform/linux/desktop/single_instance.h"
+#include "platform/linux/runtime/linux_standard_output.h"
 
 namespace {
 
@@ -59,6 +60,7 @@ int run(orvane::SingleInstance& instance, orvane::StartWish wish, const char* pr
 
 int main(int argc, char** argv) {
   using orvane::SingleInstance;
+  orvane::fillStandardStreams();
   const auto asked = orvane::parseCommandLine({argv + std::min(argc, 1), argv + argc});
   if (const auto* text = std::get_if<orvane::CommandLineAnswer>(&asked)) return answer(*text);
   const auto wish = std::get<orvane::StartWish>(asked);

@@ -1,5 +1,6 @@
 #include "platform/linux/runtime/linux_standard_output.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -17,6 +18,12 @@ bool isWritable(int descriptor) {
 }
 
 }  // namespace
+
+void fillStandardStreams() {
+  int descriptor = 0;
+  while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = ::open("/dev/null", O_RDWR);
+  ::close(descriptor);
+}
 
 LinuxStandardOutput::LinuxStandardOutput(int descriptor) : descriptor_(descriptor) {
   // QProcess gives the programs it starts the signal's default back.

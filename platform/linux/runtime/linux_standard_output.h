@@ -6,6 +6,10 @@
 
 namespace orvane {
 
+/// Opens /dev/null in the place of each standard stream that is closed: what the program opened
+/// there would get the lines printed into it. To be called before anything is opened.
+void fillStandardStreams();
+
 /// Lines on a descriptor, one write each. A line that can't be taken at once (a reader that stands
 /// still) is dropped rather than waited for. A closed reader does no harm: the process ignores
 /// SIGPIPE from here on.

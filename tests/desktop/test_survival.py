@@ -1,0 +1,24 @@
+"""What docs/reliability.md says of the running program under odd conditions."""
+
+import unittest
+
+from desktop_case import PROGRAM, DesktopCase, Orvane
+
+
+class Survival(DesktopCase):
+    panel = notifications = False
+
+    def start_through_shell(self, line):
+        """The program as `line` starts it, where $0 stands for it."""
+        orvane = Orvane(self.desktop, "sh", self.session, options=["-c", line, str(PROGRAM)])
+        self.addCleanup(orvane.stop)
+        return orvane
+
+    def test_closed_standard_streams_take_no_harm_from_printed_lines(self):
+        orvane = self.start_through_shell('exec "$0" --show <&- >&- 2>&-')
+        self.wait_for("window", 10, lambda: "Orvane" in self.client_windows())
+        self.assertEqual(orvane.stop(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
