@@ -24,6 +24,7 @@ class NoSleepQueue : public BackgroundQueue {
  public:
   void async(Block block) override { block(); }
   void sleep(Duration /*duration*/) override {}
+  bool isEnding() override { return false; }
 };
 
 std::int64_t residentBytes() {

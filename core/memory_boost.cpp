@@ -11,12 +11,17 @@ namespace orvane {
 namespace {
 
 constexpr std::size_t wordsPerPage = 1024;  // 4,096 bytes
+constexpr std::size_t wordsPerPiece = 256 * wordsPerPage;
 
 // Identical pages could be merged or compressed away: one random word makes each page its own.
-void fill(std::span<std::uint32_t> words, RandomSource& random) {
-  std::fill(words.begin(), words.end(), 0U);
-  for (std::size_t index = 0; index < words.size(); index += wordsPerPage) {
-    words[index] = static_cast<std::uint32_t>(random.next());
+void fill(std::span<std::uint32_t> words, RandomSource& random, BackgroundQueue& queue) {
+  while (!words.empty() && !queue.isEnding()) {
+    const auto piece = words.first(std::min(words.size(), wordsPerPiece));
+    std::fill(piece.begin(), piece.end(), 0U);
+    for (std::size_t index = 0; index < piece.size(); index += wordsPerPage) {
+      piece[index] = static_cast<std::uint32_t>(random.next());
+    }
+    words = words.subspan(piece.size());
   }
 }
 
@@ -31,7 +36,7 @@ void claimAndRelease(const MemoryStats& initial, MemoryClaims& claims, RandomSou
                      BackgroundQueue& queue) {
   std::unique_ptr<MemoryClaim> claim;
   if (const std::size_t words = boostClaimWords(initial); words > 0) claim = claims.claim(words);
-  if (claim) fill(claim->words(), random);
+  if (claim) fill(claim->words(), random, queue);
   queue.sleep(boostHoldTime);
   claim.reset();
   queue.sleep(boostReleasePause);

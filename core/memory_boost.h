@@ -24,7 +24,7 @@ inline constexpr const char* boostNotificationTitle = "Boost Complete!";
 [[nodiscard]] std::size_t boostClaimWords(const MemoryStats& initial);
 
 /// Claims, fills, holds for a second, releases and pauses. Blocks; background threads only.
-/// When the memory can't be had the times pass all the same.
+/// When the memory can't be had the times pass all the same; when the queue ends, it stops there.
 void claimAndRelease(const MemoryStats& initial, MemoryClaims& claims, RandomSource& random,
                      BackgroundQueue& queue);
 

@@ -44,6 +44,9 @@ class BackgroundQueue {
 
   /// Holds the calling background block for `duration`; cut short when the queue is ending.
   virtual void sleep(Duration duration) = 0;
+
+  /// True once the queue waits for its running blocks: long ones stop then. Threads: any.
+  [[nodiscard]] virtual bool isEnding() = 0;
 };
 
 }  // namespace orvane

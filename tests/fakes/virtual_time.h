@@ -31,6 +31,8 @@ class VirtualTime : public Clock, public MainQueue, public TimerService, public 
   /// While a background block sleeps the time passes at once, and what is due runs.
   void sleep(Duration duration) override { advance(duration); }
 
+  [[nodiscard]] bool isEnding() override { return false; }
+
   /// Runs what is due now, including what those blocks submit for now.
   void runPending() { advance(Duration{0}); }
 

@@ -19,6 +19,7 @@ struct WatchedQueue : BackgroundQueue {
   void sleep(Duration duration) override {
     sleeps.emplace_back(duration, claims.heldClaims, random.drawCount);
   }
+  bool isEnding() override { return random.drawCount >= 600; }
   fakes::FakeMemoryClaims claims;
   fakes::FakeRandomSource random;
   std::vector<std::tuple<Duration, int, int>> sleeps;
@@ -34,7 +35,8 @@ TEST(BoostClaim, IsWrittenHeldForASecondAndReleased) {
                      {{.free = 8208}, false, {1026}, 2},
                      {{.free = 9}, false, {1}, 1},
                      {{.free = 7}, false, {}, 0},
-                     {{.free = 8208}, true, {1026}, 0}};
+                     {{.free = 8208}, true, {1026}, 0},
+                     {{.free = 8 * mebibyte}, false, {mebibyte}, 768}};  // the queue ends
   for (const auto& [initial, refuses, claimedWords, pages] : cases) {
     WatchedQueue queue;
     queue.claims.refuses = refuses;
@@ -43,6 +45,8 @@ TEST(BoostClaim, IsWrittenHeldForASecondAndReleased) {
     const std::vector<std::tuple<Duration, int, int>> sleeps = {{1s, pages > 0 ? 1 : 0, pages},
                                                                 {500ms, 0, pages}};
     EXPECT_EQ(queue.sleeps, sleeps) << initial.free;
+    queue.claims.released.resize(
+        std::min(queue.claims.released.size(), static_cast<std::size_t>(pages) * 1024));
     for (std::size_t index = 0; index < queue.claims.released.size(); ++index) {
       ASSERT_EQ(queue.claims.released[index] != 0, index % 1024 == 0) << index;
     }

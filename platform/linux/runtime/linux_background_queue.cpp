@@ -48,6 +48,11 @@ void LinuxBackgroundQueue::sleep(Duration duration) {
   ending_.wait_for(lock, duration, [this] { return isEnding_; });
 }
 
+bool LinuxBackgroundQueue::isEnding() {
+  const std::scoped_lock lock(mutex_);
+  return isEnding_;
+}
+
 void LinuxBackgroundQueue::work(Worker& worker) {
   std::unique_lock lock(mutex_);
   while (!blocks_.empty()) {

@@ -21,6 +21,7 @@ class LinuxBackgroundQueue : public BackgroundQueue {
 
   void async(Block block) override;
   void sleep(Duration duration) override;
+  [[nodiscard]] bool isEnding() override;
 
  private:
   struct Worker {
