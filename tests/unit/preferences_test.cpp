@@ -67,14 +67,23 @@ TEST_F(PreferencesTest, KeepACorruptFileBesideTheNewOneOrLeaveItAlone) {
   EXPECT_EQ(readFile(file), "x");
 }
 
-TEST_F(PreferencesTest, WaitForNobodyWhenAPipeOrAFolderIsInTheWay) {
+TEST_F(PreferencesTest, WaitForNobodyWhateverIsInTheWay) {
   const std::string pipe = makePipe(directory_.path("pipe.conf"));
   const std::string locked = write("locked.conf", good_);
   const std::string lock = makePipe(locked + ".lock");
   const std::string shut = write("shut.conf", good_);
   const std::string folder = shut + ".lock";
   std::filesystem::create_directory(folder);
-  for (const auto& [path, obstacle] : {std::pair(pipe, pipe), {locked, lock}, {shut, folder}}) {
+  const std::string taken = write("taken.conf", good_);
+  const std::string other = write("taken.conf.lock", "1\norvane\nanother host\n");
+  const std::string stale = write("stale.conf", good_);
+  write("stale.conf.lock", "0\n");
+  const std::string removal = makePipe(stale + ".lock.rmlock");
+  for (const auto& [path, obstacle] : {std::pair(pipe, pipe),
+                                       {locked, lock},
+                                       {shut, folder},
+                                       {taken, other},
+                                       {stale, removal}}) {
     EXPECT_TRUE(endsDespite(obstacle, [&path = path] { storeMode(path); })) << path;
   }
   EXPECT_EQ(readFile(locked), good_);

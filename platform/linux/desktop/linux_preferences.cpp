@@ -1,7 +1,9 @@
 #include "platform/linux/desktop/linux_preferences.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QLockFile>
 #include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
 #include <map>
@@ -52,9 +54,14 @@ class LinuxPreferences::File {
   }
 
  private:
-  /// QSettings waits for ever for what is no file in the place of its lock.
+  /// QSettings waits for its lock for ever. QLockFile itself waits for pipes in the place of its
+  /// files.
   [[nodiscard]] bool mayBeLocked() const {
-    return isFileOrMissing(path_ + QStringLiteral(".lock"));
+    constexpr int patienceMilliseconds = 100;
+    const QString path = path_ + QStringLiteral(".lock");
+    if (!isFileOrMissing(path) || !isFileOrMissing(path + QStringLiteral(".rmlock"))) return false;
+    QDir().mkpath(QFileInfo(path).path());
+    return QLockFile(path).tryLock(patienceMilliseconds);
   }
 
   [[nodiscard]] bool hasNulBytes() const {

@@ -10,7 +10,7 @@ class QSettings;
 namespace orvane {
 
 /// Preferences in an INI file of the user's configuration directory, replaced as a whole at each
-/// change.
+/// change. A change that can't be written within 0.2 s is kept and written with the next one.
 ///
 /// A file that isn't all valid is copied beside itself ("....corrupt") before the first change, and
 /// one that can't be copied is left alone: then changes last until the program ends.
