@@ -77,7 +77,14 @@ TEST(TerminationSignals, BecomeCallsFromTheEventLoopWhileTheyAreHandled) {
     ::raise(signal);
     EXPECT_EQ(calls, 0) << "not inside the signal handler";
     EXPECT_TRUE(waitUntil([&] { return calls == 1; })) << signal;
+    EXPECT_GT(::alarm(0), 0U) << "the end of a loop that doesn't come to the call";
   }
+  const auto hang = [] {
+    const TerminationSignals signals([] {});
+    ::raise(SIGTERM);
+    for (;;) ::pause();
+  };
+  EXPECT_EXIT(hang(), testing::ExitedWithCode(0), "");
   EXPECT_EXIT(::raise(SIGTERM), testing::KilledBySignal(SIGTERM), "");
 }
 

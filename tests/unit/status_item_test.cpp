@@ -37,14 +37,19 @@ class FakePanel : public QObject, protected QDBusContext {
                                   SLOT(noteSignal(QDBusMessage)));
   }
 
-  /// Calls the item without stopping the event loop, on which the item itself answers.
-  QDBusMessage call(const char* path, const char* interface, const char* method,
-                    const QVariantList& arguments) {
+  QDBusPendingCall post(const char* path, const char* interface, const char* method,
+                        const QVariantList& arguments) {
     auto message =
         QDBusMessage::createMethodCall(items.value(0), QString::fromLatin1(path),
                                        QString::fromLatin1(interface), QString::fromLatin1(method));
     message.setArguments(arguments);
-    const QDBusPendingCall pending = service_.connection().asyncCall(message);
+    return service_.connection().asyncCall(message);
+  }
+
+  /// Calls the item without stopping the event loop, on which the item itself answers.
+  QDBusMessage call(const char* path, const char* interface, const char* method,
+                    const QVariantList& arguments) {
+    const QDBusPendingCall pending = post(path, interface, method, arguments);
     EXPECT_TRUE(waitUntil([&pending] { return pending.isFinished(); }));
     return pending.reply();
   }
@@ -121,10 +126,18 @@ TEST_F(StatusItemTest, ShowsItsStateToThePanelAndTellsItOfClicks) {
   EXPECT_EQ(icon[0].height, 2);
   EXPECT_EQ(icon[0].bytes.toHex(), "80112233ff445566");
   EXPECT_EQ(statusBar_.makeItem(), nullptr) << "there is one item at a time";
-  ScreenPoint clicked;
-  item_->setAction([&clicked](ScreenPoint point) { clicked = point; });
-  panel.call("/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate", {1200, 14});
-  EXPECT_EQ(std::pair(clicked.x, clicked.y), std::pair(1200, 14));
+  std::vector<int> clicked;
+  item_->setAction([&](ScreenPoint at) { clicked.insert(clicked.end(), {at.x, at.y}); });
+  const auto click = [&](int x, int y) {
+    panel.post("/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate", {x, y});
+  };
+  click(1200, 14);
+  click(7, 8);
+  EXPECT_TRUE(waitUntil([&] { return clicked == std::vector{1200, 14, 7, 8}; }));
+  for (int i = 0; i < 2000; ++i) click(0, 0);
+  panel.property("Id");
+  runEventLoopFor(20);
+  EXPECT_LT(clicked.size(), 1000U) << "of a flood most are dropped";
 }
 
 TEST_F(StatusItemTest, RegistersWithLateRestartedAndHesitantPanels) {
@@ -169,7 +182,7 @@ TEST_F(StatusItemTest, TheMenuFollowsItsTogglesAndFiguresWhileItIsOpen) {
   };
   EXPECT_EQ(toggleState(), 0);
   tell(1, u"clicked"_s);
-  EXPECT_TRUE(checked_);
+  EXPECT_TRUE(waitUntil([&] { return checked_; }));
   EXPECT_EQ(toggleState(), 1);
   EXPECT_TRUE(waitUntil([&] { return panel.signalsSeen.size() == 1; }));
 
@@ -208,7 +221,7 @@ TEST_F(StatusItemTest, TheMenuAnswersGroupsAndRefusesTheUnknown) {
   for (const int id : {1, 9}) events.append({id, u"clicked"_s, QDBusVariant(0), 0});
   const auto told = panel.menu("EventGroup", {QVariant::fromValue(events)});
   EXPECT_EQ(qdbus_cast<QList<int>>(told.arguments().value(0)), QList<int>{9});
-  EXPECT_TRUE(checked_);
+  EXPECT_TRUE(waitUntil([&] { return checked_; }));
   for (const auto& refused : {panel.menu("GetLayout", {42, -1, QStringList()}),
                               panel.menu("GetProperty", {1, u"no-such-thing"_s})}) {
     EXPECT_EQ(refused.type(), QDBusMessage::ErrorMessage);

@@ -1,6 +1,7 @@
 #include "platform/linux/runtime/termination_signals.h"
 
 #include <sys/eventfd.h>
+#include <unistd.h>
 
 #include <QtCore/QSocketNotifier>
 #include <array>
@@ -12,6 +13,7 @@ namespace orvane {
 namespace {
 
 constexpr std::array<int, 3> terminationSignals = {SIGTERM, SIGINT, SIGHUP};
+constexpr unsigned patienceSeconds = 1;
 
 // A signal handler gets no argument of ours, so what it needs lies here.
 std::atomic<int> signalEvent{-1};
@@ -20,7 +22,13 @@ static_assert(std::atomic<int>::is_always_lock_free);
 void handleSignal(int /*signal*/) {
   const int saved = errno;
   ::eventfd_write(signalEvent.load(), 1);
+  ::alarm(patienceSeconds);
   errno = saved;
+}
+
+/// Nothing is lost: what is to be kept is on disk as soon as it changes.
+void endAtOnce(int /*signal*/) {
+  ::_exit(0);
 }
 
 /// A signal that whoever started the program wants ignored (nohup does) stays ignored.
@@ -50,6 +58,7 @@ TerminationSignals::TerminationSignals(std::function<void()> handler)
                      handler();
                    });
   signalEvent = event_.get();
+  std::signal(SIGALRM, endAtOnce);
   setHandler(handleSignal);
 }
 

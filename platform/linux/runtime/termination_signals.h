@@ -10,8 +10,9 @@ class QSocketNotifier;
 namespace orvane {
 
 /// Turns SIGTERM, SIGINT and SIGHUP into a call from the event loop, so that the program ends the
-/// way it ends for the user. Those that were ignored when the program started stay ignored. One
-/// object at a time. Threads: main thread only.
+/// way it ends for the user; a program that is still there a second later ends at once. Those that
+/// were ignored when the program started stay ignored. One object at a time. Threads: main thread
+/// only.
 class TerminationSignals {
  public:
   explicit TerminationSignals(std::function<void()> handler);

@@ -76,7 +76,12 @@ bool DbusMenuAdaptor::handleEvent(int id, const QString& type) {
   if (!menu_.properties(id, {})) return false;
   if (type == QLatin1String("opened")) isOpen_ = true;
   if (type == QLatin1String("closed")) isOpen_ = false;
-  if (type == QLatin1String("clicked")) menu_.activate(id);
+  if (type == QLatin1String("clicked")) {
+    exported_.runSoon([this, id] {
+      menu_.activate(id);
+      refresh();
+    });
+  }
   refresh();
   return true;
 }

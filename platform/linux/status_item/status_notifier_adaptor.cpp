@@ -7,7 +7,7 @@
 namespace orvane {
 
 StatusNotifierAdaptor::StatusNotifierAdaptor(BusExport* exported, const QString& menuPath)
-    : QDBusAbstractAdaptor(exported), menu_(menuPath) {
+    : QDBusAbstractAdaptor(exported), exported_(*exported), menu_(menuPath) {
   registerStatusNotifierTypes();
 }
 
@@ -58,7 +58,9 @@ void StatusNotifierAdaptor::setAction(std::function<void(ScreenPoint)> action) {
 }
 
 void StatusNotifierAdaptor::Activate(int x, int y) {
-  if (action_) action_({.x = x, .y = y});
+  exported_.runSoon([this, x, y] {
+    if (action_) action_({.x = x, .y = y});
+  });
 }
 
 // Panels report a middle click here: it does what a left click does.

@@ -69,6 +69,7 @@ class StatusNotifierAdaptor : public QDBusAbstractAdaptor {
   void XAyatanaNewLabel(const QString& label, const QString& guide);
 
  private:
+  BusExport& exported_;
   QDBusObjectPath menu_;
   QString label_;
   StatusNotifierPixmaps icon_;
