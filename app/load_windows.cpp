@@ -5,13 +5,18 @@
 
 #include "app/product_settings.h"
 #include "platform/linux/bus/session_bus.h"
+#include "platform/linux/runtime/start_conditions.h"
 
 namespace orvane {
 
 LoadedWindows loadWindows(const std::vector<std::string>& folders, const WindowSettings& settings,
                           Shell& shell, const std::shared_ptr<MemoryManager>& manager) {
-  keepQtOffSilentBus();
   LoadedWindows made;
+  if (!canStartThread()) {
+    qWarning("No windows: the system gives no thread");
+    return made;
+  }
+  keepQtOffSilentBus();
   QString problem;
   for (const std::string& folder : folders) {
     QLibrary module(QString::fromStdString(folder + '/' + windowsModuleFile));

@@ -15,6 +15,7 @@
 #include "platform/linux/desktop/display_guard.h"
 #include "platform/linux/desktop/single_instance.h"
 #include "platform/linux/runtime/linux_standard_output.h"
+#include "platform/linux/runtime/start_conditions.h"
 
 namespace {
 
@@ -46,6 +47,8 @@ int run(orvane::SingleInstance& instance, orvane::StartWish wish, const char* pr
   std::array<char*, 4> arguments = {words[0].data(), words[1].data(), words[2].data(), nullptr};
   int count = orvane::prefersXwayland() ? 3 : 1;
   tuneAllocator();
+  if (const char* obstacle = orvane::startObstacle())
+    return answer({std::string("orvane: ") + obstacle + "\n", 1});
   prepareQt();
   std::optional<orvane::DisplayGuard> guard(std::in_place);
   // In newer releases of Qt the application's constructor connects to the bus.
