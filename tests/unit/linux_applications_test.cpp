@@ -1,6 +1,7 @@
 // Running applications as this machine really has them.
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -43,6 +44,15 @@ TEST_F(LinuxApplicationsTest, AnUnclaimedTreeIsNamedByItsFileInOneLineOfText) {
   EXPECT_EQ(application->activationPolicy, ActivationPolicy::accessory);
   EXPECT_FALSE(application->icon);
   EXPECT_FALSE(ledBy(child.pid()));
+  for (int i = 0; i < 2; ++i) runOrphan({program, "600"});
+  LinuxApplications narrow(
+      {.x11 = nullptr, .applicationDirectories = {}, .descriptorLimit = 6, .isWatched = {}}, time_,
+      time_);
+  const auto records = narrow.runningApplications();
+  EXPECT_EQ(std::count_if(records.begin(), records.end(),
+                          [](const auto& record) { return record.handle != nullptr; }),
+            2)
+      << "where few may be open";
   fs::remove(program);  // QTemporaryDir can't
 }
 

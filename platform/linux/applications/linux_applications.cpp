@@ -16,9 +16,9 @@ namespace {
 /// Descriptors that everything else in this program needs.
 constexpr std::size_t reservedDescriptors = 256;
 
-/// Two thirds of the rest hold the processes' files, one third the handles of the leaders.
+/// A third of the rest holds the processes' files, the others the handles of the leaders.
 std::size_t heldDescriptors(std::size_t limit) {
-  return limit > reservedDescriptors ? (limit - reservedDescriptors) / 3 * 2 : 0;
+  return (limit - std::min(reservedDescriptors, limit / 2)) / 3;
 }
 
 /// A name as views can show it; what other programs wrote into it may be anything.
@@ -35,6 +35,7 @@ LinuxApplications::LinuxApplications(Options options, MainQueue& mainQueue,
       entries_(std::move(options.applicationDirectories)),
       reader_(table_, entries_),
       windows_(std::make_unique<X11Windows>(options.x11)),
+      mostHandles_(2 * heldDescriptors(options.descriptorLimit)),
       sizes_(mainQueue, backgroundQueue),
       isWatched_(std::move(options.isWatched)) {}
 
@@ -220,18 +221,23 @@ void LinuxApplications::findFamilies() {
   }
 }
 
-/// A handle is kept as long as its process leads an application.
+/// A handle is kept as long as its process leads an application. Where few descriptors may be open,
+/// the applications that come last have none.
 void LinuxApplications::keepLeaders() {
   std::map<std::int32_t, KnownLeader> leaders;
+  auto handles = static_cast<std::size_t>(
+      std::count_if(leaders_.begin(), leaders_.end(),
+                    [](const auto& known) { return known.second.handle != nullptr; }));
   for (auto& application : applications_) {
     const Process& leader = *application.leader;
     KnownLeader kept{.serial = leader.serial, .handle = nullptr};
     const auto known = leaders_.find(leader.pid);
     if (known != leaders_.end() && known->second.serial == leader.serial) kept = known->second;
-    if (!kept.handle) {
+    if (!kept.handle && handles < mostHandles_) {
       auto opened = LinuxProcessHandle::open(leader.pid);
       // The process is there after its pid was opened, so the pid can't have been another's.
       if (table_.isStillThere(leader)) kept.handle = std::move(opened);
+      if (kept.handle) ++handles;
     }
     application.record.handle = kept.handle;
     leaders.emplace(leader.pid, std::move(kept));

@@ -96,6 +96,7 @@ class LinuxApplications : public RunningApplications {
   std::unique_ptr<X11Windows> windows_;
   std::vector<Application> applications_;
   std::map<std::int32_t, KnownLeader> leaders_;
+  std::size_t mostHandles_;
   ProportionalSizeReader sizes_;
   std::function<bool()> isWatched_;
   bool memoryShifted_ = false;  ///< so much that another process may lead
