@@ -86,7 +86,8 @@ TEST_F(Icons, FillTheirPlaceWhateverTheirShapeAndFormat) {
     }
   }
   // Crisp at any size: the line of one point is eight whole pixels.
-  const auto line = drawing("<rect x='10' width='1' height='10' fill='#ff0000'/>");
+  const auto line =
+      drawing("<rect x='10' width='1' height='10' fill='#ff0000' style='stroke-dasharray:none'/>");
   const QImage icon = decodeIcon(line, {240, 80});
   for (const auto& [x, color] : {std::pair(79, blue), {80, red}, {87, red}, {88, blue}})
     EXPECT_EQ(icon.pixel(x, 40), color) << x;
@@ -118,6 +119,10 @@ TEST_F(Icons, ThatCannotBeShownAreNoPictureAtOnceAndPrintNothing) {
       {"large.png", large},
       {"embedded-large.svg", embedding("data:image/png;base64," + large.toBase64())},
       {"vast.xpm", "/* XPM */\nstatic char *x[] = {\n\"30000 30000 1 1\",\n\"a c red\",\n"},
+      {"dashes.svg", drawing("<path d='M0 0H1e9' stroke='red' stroke-dasharray='.001'/>")},
+      {"escaped.svg", drawing("<path d='M0 0H1e9' style='stroke:red;stroke-d\\61sharray:.001'/>")},
+      {"sheet.svg", drawing("<style>path{stroke:red;stroke-dasharray:.001}</style>"
+                            "<path d='M0 0H1e9'/>")},
       {"heavy.png", png + QByteArray((4 << 20) + 1 - png.size(), '\0')}};
   for (const auto& [name, bytes] : files) paths.push_back(folder_.write(name, bytes.toStdString()));
   testing::internal::CaptureStderr();

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <algorithm>
 
@@ -10,6 +11,7 @@ namespace orvane {
 namespace {
 
 constexpr qint64 mostPixels = qint64{4096} * 4096;
+constexpr qsizetype longestDrawing = 1 << 20;  // takes half a second at most
 
 bool isDrawing(const QImageReader& reader) {
   return reader.format().startsWith("svg");
@@ -35,16 +37,29 @@ bool isEmbeddedPicture(QStringView address) {
   return !isDrawing(reader) && isSmallEnough(reader, bytes);
 }
 
+/// Whether a style rule asks for dashes, also in the style sheet's escapes: there may be millions.
+bool hasDashes(const QString& rule) {
+  static const QRegularExpression dashes(
+      QStringLiteral(R"(\\|dasharray(?!\s*:\s*(none|0\s*(;|$))))"),
+      QRegularExpression::CaseInsensitiveOption);
+  return dashes.match(rule).hasMatch();
+}
+
 /// Qt Svg opens whatever file an image element names, and waits for a pipe's writer.
-bool isSelfContained(const QByteArray& drawing) {
+bool isHarmless(const QByteArray& drawing) {
   QXmlStreamReader xml(drawing);
   xml.setNamespaceProcessing(false);
   while (!xml.atEnd()) {
     const bool isElement = xml.readNext() == QXmlStreamReader::StartElement;
-    if (!isElement || !xml.qualifiedName().endsWith(QLatin1String("image"))) continue;
+    if (xml.isCharacters() && hasDashes(xml.text().toString())) return false;
+    if (!isElement) continue;
+    const bool isImage = xml.qualifiedName().endsWith(QLatin1String("image"));
     for (const QXmlStreamAttribute& attribute : xml.attributes()) {
-      const bool isAddress = attribute.qualifiedName().endsWith(QLatin1String("href"));
+      const QStringView name = attribute.qualifiedName();
+      const bool isAddress = isImage && name.endsWith(QLatin1String("href"));
       if (isAddress && !isEmbeddedPicture(attribute.value())) return false;
+      const bool isStyle = name == QLatin1String("style") || name.contains(QLatin1String("dash"));
+      if (isStyle && hasDashes(QStringLiteral("%1:%2").arg(name, attribute.value()))) return false;
     }
   }
   return !xml.hasError();
@@ -74,7 +89,7 @@ QImage decodeIcon(const QByteArray& bytes, QSize size) {
   QBuffer buffer(&content);
   QImageReader reader(&buffer);
   if (isDrawing(reader)) {
-    if (!isSelfContained(bytes)) return {};
+    if (bytes.size() > longestDrawing || !isHarmless(bytes)) return {};
     reader.setScaledSize(size);
   } else {
     chooseOneOfSeveral(reader, size);
