@@ -30,6 +30,9 @@ void prepareQt() {
   // Without SESSION_MANAGER Qt doesn't connect to the session manager, which has nothing to save
   // here.
   qunsetenv("SESSION_MANAGER");
+  // Relative folders are to be ignored; Qt takes them for ones of the working directory.
+  for (const char* folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+    if (!qgetenv(folder).startsWith('/')) qunsetenv(folder);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setApplicationName(QStringLiteral("orvane"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Orvane"));

@@ -49,6 +49,12 @@ TEST(LoginItem, theEntryIsReplacedWholeAlsoThroughASymbolicLink) {
   std::ifstream reader(kept);
   LinuxLoginItem item("/usr/bin/orvane", directory.path("autostart"));
   ASSERT_EQ(item.registerItem(), std::nullopt);
+  const std::string left = directory.write("autostart/orvane.desktop.aBcDeF", "[Desktop Ent");
+  const std::string own =
+      directory.write("autostart/orvane.desktop.backup", "[Desktop Entry]\nMine");
+  const LinuxLoginItem next("/usr/bin/orvane", directory.path("autostart"));
+  EXPECT_FALSE(std::filesystem::exists(left)) << "of a write that was killed";
+  EXPECT_TRUE(std::filesystem::exists(own));
   EXPECT_EQ(readFile(kept), autostartEntry("/usr/bin/orvane"));
   std::ostringstream held;
   held << reader.rdbuf();

@@ -1,12 +1,15 @@
 #include "platform/linux/desktop/linux_login_item.h"
 
 #include <QtCore/QByteArray>
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+
+#include "platform/linux/files/regular_file.h"
 
 namespace orvane {
 namespace {
@@ -50,7 +53,16 @@ std::string autostartEntry(const std::string& program) {
 }
 
 LinuxLoginItem::LinuxLoginItem(std::string program, std::string directory)
-    : program_(std::move(program)), directory_(std::move(directory)) {}
+    : program_(std::move(program)), directory_(std::move(directory)) {
+  // What a QSaveFile that was killed leaves: the beginning of an entry beside the entry's place.
+  const QDir folder(QString::fromStdString(directory_));
+  for (const QString& name :
+       folder.entryList({QStringLiteral("orvane.desktop.??????")}, QDir::Files)) {
+    const auto content = readRegularFile(directory_ + '/' + name.toStdString(), 65536);
+    if (content && autostartEntry(program_).starts_with(*content))
+      QFile::remove(folder.filePath(name));
+  }
+}
 
 std::string LinuxLoginItem::defaultDirectory() {
   return (QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +

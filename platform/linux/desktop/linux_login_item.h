@@ -13,6 +13,7 @@ namespace orvane {
 class LinuxLoginItem : public LoginItem {
  public:
   /// `program` is the absolute path to start; the entry goes to `directory`, made when missing.
+  /// Half-written entries there, of a program that was killed, are removed.
   explicit LinuxLoginItem(std::string program, std::string directory = defaultDirectory());
 
   /// autostart in XDG_CONFIG_HOME or ~/.config.
