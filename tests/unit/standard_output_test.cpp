@@ -19,10 +19,10 @@ struct Pipe {
 
 TEST(StandardOutput, printsOneLineAndSurvivesReadersThatLeftOrStandStill) {
   Pipe pipe;
-  LinuxStandardOutput(pipe.writer.get()).printLine("two\nlines\r\n");
+  LinuxStandardOutput(pipe.writer.get()).printLine("two\nlines\r\033\177");
   std::array<char, 100> buffer{};
   const ssize_t count = ::read(pipe.reader.get(), buffer.data(), buffer.size());
-  EXPECT_EQ(std::string_view(buffer.data(), static_cast<std::size_t>(count)), "two lines  \n");
+  EXPECT_EQ(std::string_view(buffer.data(), static_cast<std::size_t>(count)), "two lines   \n");
   Pipe left;
   left.reader = FileDescriptor();
   LinuxStandardOutput(left.writer.get()).printLine("nobody listens: must not end the program");

@@ -33,8 +33,8 @@ LinuxStandardOutput::LinuxStandardOutput(int descriptor) : descriptor_(descripto
 void LinuxStandardOutput::printLine(std::string_view line) {
   std::string text(line);
   std::replace_if(
-      text.begin(), text.end(),
-      [](char character) { return character == '\n' || character == '\r'; }, ' ');
+      text.begin(), text.end(), [](unsigned char byte) { return byte < 0x20 || byte == 0x7f; },
+      ' ');
   text += '\n';
   const std::scoped_lock lock(mutex_);
   std::string_view rest = text;
