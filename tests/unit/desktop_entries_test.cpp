@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <clocale>
 #include <filesystem>
 
 #include "platform/linux/files/regular_file.h"
@@ -50,6 +51,9 @@ TEST_F(DesktopEntriesTest, FindsByWindowClassAndCommand) {
   EXPECT_EQ(idOf(entries_.byWindowClass("cat", "Whatever")), "cat");
   EXPECT_EQ(idOf(entries_.byWindowClass("x", "Agent")), "org.example.Agent");
   EXPECT_EQ(idOf(entries_.byWindowClass("", "")), "");
+  std::setlocale(LC_CTYPE, "tr_TR.UTF-8");  // if it's installed
+  EXPECT_EQ(idOf(entries_.byWindowClass("EDITOR", "")), "org.example.Editor");
+  std::setlocale(LC_CTYPE, "C");
   const std::string cat = fs::canonical("/usr/bin/cat").string();
   const struct {
     std::string path;
