@@ -65,6 +65,9 @@ TEST_F(PreferencesTest, KeepACorruptFileBesideTheNewOneOrLeaveItAlone) {
   const std::string file = write("file", "x");
   storeMode(file + "/o.conf");
   EXPECT_EQ(readFile(file), "x");
+  const std::string huge = write("huge.conf", good_ + std::string(1 << 20, '\n'));
+  storeMode(huge);
+  EXPECT_EQ(readFile(huge).find("average"), std::string::npos);
 }
 
 TEST_F(PreferencesTest, WaitForNobodyWhateverIsInTheWay) {
@@ -79,11 +82,8 @@ TEST_F(PreferencesTest, WaitForNobodyWhateverIsInTheWay) {
   const std::string stale = write("stale.conf", good_);
   write("stale.conf.lock", "0\n");
   const std::string removal = makePipe(stale + ".lock.rmlock");
-  for (const auto& [path, obstacle] : {std::pair(pipe, pipe),
-                                       {locked, lock},
-                                       {shut, folder},
-                                       {taken, other},
-                                       {stale, removal}}) {
+  for (const auto& [path, obstacle] :
+       {std::pair(pipe, pipe), {locked, lock}, {shut, folder}, {taken, other}, {stale, removal}}) {
     EXPECT_TRUE(endsDespite(obstacle, [&path = path] { storeMode(path); })) << path;
   }
   EXPECT_EQ(readFile(locked), good_);

@@ -12,6 +12,8 @@
 namespace orvane {
 namespace {
 
+constexpr qint64 largestFile = 1 << 20;
+
 QString keyText(std::string_view key) {
   return QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
 }
@@ -28,7 +30,7 @@ class LinuxPreferences::File {
  public:
   explicit File(const QString& path)
       : path_(path),
-        isReadable_(isFileOrMissing(path)),
+        isReadable_(isFileOrMissing(path) && QFileInfo(path).size() <= largestFile),
         settings_(isReadable_ ? path : QStringLiteral("/dev/null"), QSettings::IniFormat) {
     settings_.setAtomicSyncRequired(true);
     settings_.allKeys();  // QSettings parses the file, and finds its errors, at the first question

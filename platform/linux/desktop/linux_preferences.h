@@ -13,7 +13,8 @@ namespace orvane {
 /// change. A change that can't be written within 0.2 s is kept and written with the next one.
 ///
 /// A file that isn't all valid is copied beside itself ("....corrupt") before the first change, and
-/// one that can't be copied is left alone: then changes last until the program ends.
+/// one that can't be copied, or is over 1 MiB, is left alone: then changes last until the program
+/// ends.
 class LinuxPreferences : public Preferences {
  public:
   /// `path` of the file; it needn't exist.
