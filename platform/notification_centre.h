@@ -7,7 +7,7 @@
 namespace orvane {
 
 /// Named notifications inside the process.
-/// Threads: any may post; observers run on the main queue.
+/// Threads: main thread only; observers run on the main queue.
 class NotificationCentre {
  public:
   virtual ~NotificationCentre() = default;

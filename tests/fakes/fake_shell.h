@@ -49,7 +49,6 @@ class FakeWindows : public Windows {
   void showUpdateResult(const UpdateResult& /*result*/) override {
     journal_.emplace_back("result");
   }
-  void setAppearance(const AppearanceSettings& /*settings*/) override {}
 
   bool broken = false;  ///< no window can be made
 

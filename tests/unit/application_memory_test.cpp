@@ -23,7 +23,7 @@ struct Tree {
   }
 
   std::deque<Process> processes;
-  std::vector<ApplicationMember> members;
+  std::vector<Process*> members;
   ReadingState state;
 
   Process& add(std::uint64_t own, std::uint64_t shared, const Process* forkedFrom = nullptr) {
@@ -31,7 +31,8 @@ struct Tree {
     process.serial = ++lastSerial;
     process.residentSize = (own + shared) * mb;
     process.sharedSize = shared * mb;
-    members.push_back({.process = &process, .forkedFrom = forkedFrom});
+    process.forkedFrom = forkedFrom;
+    members.push_back(&process);
     return process;
   }
 
@@ -74,7 +75,7 @@ TEST(ApplicationMemory, IsEstimatedFromWhatIsSharedByNobody) {
   Process& loaded = store.add(700, 0);
   loaded.reading = reading(loaded, 80);
   EXPECT_EQ(store.figure(), 283U);
-  store.members.back().familyInside = true;
+  store.members.back()->familyInside = true;
   EXPECT_EQ(store.figure(), 700U);
 
   EXPECT_EQ(memoryFigure(Tree{0}.members), static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE)));

@@ -46,7 +46,7 @@ TEST_F(LinuxApplicationsTest, AnUnclaimedTreeIsNamedByItsFileInOneLineOfText) {
   EXPECT_FALSE(ledBy(child.pid()));
   for (int i = 0; i < 2; ++i) runOrphan({program, "600"});
   LinuxApplications narrow(
-      {.x11 = nullptr, .applicationDirectories = {}, .descriptorLimit = 6, .isWatched = {}}, time_,
+      {.x11 = nullptr, .applicationDirectories = {}, .descriptorLimit = 6, .isWatched = [] { return false; }}, time_,
       time_);
   const auto records = narrow.runningApplications();
   EXPECT_EQ(std::count_if(records.begin(), records.end(),

@@ -70,7 +70,6 @@ QImage IconProvider::requestImage(const QString& id, QSize* size, const QSize& r
 }
 
 QImage IconProvider::fileIcon(const QString& path, QSize size) const {
-  if (!readFile_) return {};
   const auto bytes = readFile_(QFile::encodeName(path).toStdString(), largestFile);
   return bytes ? decodeIcon(QByteArray::fromStdString(*bytes), size) : QImage();
 }

@@ -70,10 +70,10 @@ void colorFrames(std::optional<ColorScheme> scheme) {
 }  // namespace
 
 WindowController::WindowController(Shell& shell, std::shared_ptr<MemoryManager> manager,
-                                   DesktopFunctions system, ProductFacts facts)
+                                   DesktopFunctions desktop, ProductFacts facts)
     : shell_(shell),
       manager_(std::move(manager)),
-      system_(std::move(system)),
+      desktop_(std::move(desktop)),
       facts_(std::move(facts)) {
   // The same scene costs a third of the memory without a graphics driver.
   if (QQuickWindow::sceneGraphBackend() != QStringLiteral("software"))
@@ -92,7 +92,7 @@ QQmlEngine& WindowController::engine() {
   engine_ = std::make_unique<QQmlEngine>();
   engine_->addImportPath(QStringLiteral(":/qt/qml"));
   engine_->addImageProvider(QLatin1String(IconProvider::providerId),
-                            new IconProvider(system_.readFile));
+                            new IconProvider(desktop_.readFile));
   applyAppearance();
   QCoreApplication::instance()->installEventFilter(this);
   return *engine_;
@@ -116,8 +116,7 @@ void WindowController::applyAppearance() {
 }
 
 void WindowController::followCompositor() {
-  if (system_.blendsTranslucentWindows)
-    theme().setTranslucentWindows(system_.blendsTranslucentWindows());
+  theme().setTranslucentWindows(desktop_.blendsTranslucentWindows());
 }
 
 // Windows.
@@ -138,9 +137,8 @@ QQuickWindow* WindowController::make(WindowKind kind, const char* file, QVariant
     qWarning("No window: %s", qUtf8Printable(component.errorString()));
     return nullptr;
   }
-  made.release();
   window->setFlags(flagsOf(kind));
-  windows_[kind].reset(window);
+  windows_[kind].reset(qobject_cast<QQuickWindow*>(made.release()));
   connect(window, &QWindow::activeChanged, this, [this, window, kind] {
     if (window->isActive()) shell_.windowDidBecomeKey(kind);
   });
@@ -172,7 +170,7 @@ bool WindowController::showPopover(ScreenPoint item) {
   QQuickWindow* popover = makeTransient(WindowKind::popover, "windows/PopoverWindow.qml",
                                         {{QStringLiteral("statusItem"), QPoint(item.x, item.y)}});
   if (popover == nullptr) return false;
-  if (system_.skipTaskbar) system_.skipTaskbar(*popover);
+  desktop_.skipTaskbar(*popover);
   // A window of its own may come up under the main one on Wayland.
   QQuickWindow* main = window(WindowKind::main);
   if (main != nullptr && main->isVisible() && isOnWayland()) popover->setTransientParent(main);
@@ -218,7 +216,7 @@ void WindowController::hideMainWindow() {
   if (main == nullptr || !main->isVisible()) return;
   framePlace_ = main->framePosition();
   main->hide();
-  if (system_.forgetMinimized) system_.forgetMinimized(*main);
+  desktop_.forgetMinimized(*main);
 }
 
 bool WindowController::showDialog(WindowKind kind, const char* file) {
@@ -267,8 +265,7 @@ void WindowController::revealExecutable(const ProcessRecord& record) {
 
 QVariantList WindowController::panelFrames() const {
   QVariantList frames;
-  if (!system_.panelFrames) return frames;
-  for (const QRect& frame : system_.panelFrames()) frames.append(frame);
+  for (const QRect& frame : desktop_.panelFrames()) frames.append(frame);
   return frames;
 }
 

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "core/memory_manager.h"
+#include "platform/appearance.h"
 #include "ui/dialogs/update_texts.h"
 #include "ui/icons/file_reader.h"
 #include "ui/model/memory_model.h"
@@ -29,14 +30,14 @@ class Theme;
 /// What windows and icons need of the desktop. Main thread only.
 struct DesktopFunctions {
   FileReader readFile;  ///< of icons that applications name by path
-  /// Keeps a window that isn't shown yet out of taskbars; may be empty.
-  std::function<void(QWindow&)> skipTaskbar = {};
-  /// Lets a hidden window come back as a window although it was minimised; may be empty.
-  std::function<void(QWindow&)> forgetMinimized = {};
-  /// Where panels are, in device pixels, as far as the desktop tells; may be empty.
-  std::function<QList<QRect>()> panelFrames = {};
-  /// Whether windows without a frame can have round corners (on X11: a compositor runs); empty: no.
-  std::function<bool()> blendsTranslucentWindows = {};
+  /// Keeps a window that isn't shown yet out of taskbars.
+  std::function<void(QWindow&)> skipTaskbar = [](QWindow&) {};
+  /// Lets a hidden window come back as a window although it was minimised.
+  std::function<void(QWindow&)> forgetMinimized = [](QWindow&) {};
+  /// Where panels are, in device pixels, as far as the desktop tells.
+  std::function<QList<QRect>()> panelFrames = [] { return QList<QRect>(); };
+  /// Whether windows without a frame can have round corners (on X11: a compositor runs).
+  std::function<bool()> blendsTranslucentWindows = [] { return false; };
 };
 
 /// Owns the QML engine and every window but popups, which belong to the item they lie at; QML
@@ -60,7 +61,7 @@ class WindowController : public QObject, public Windows {
 
  public:
   /// `shell` must outlive the controller.
-  WindowController(Shell& shell, std::shared_ptr<MemoryManager> manager, DesktopFunctions system,
+  WindowController(Shell& shell, std::shared_ptr<MemoryManager> manager, DesktopFunctions desktop,
                    ProductFacts facts);
   WindowController(const WindowController&) = delete;
   WindowController& operator=(const WindowController&) = delete;
@@ -73,7 +74,9 @@ class WindowController : public QObject, public Windows {
   void hideMainWindow() override;
   bool showUpdateCheck() override;
   void showUpdateResult(const UpdateResult& result) override;
-  void setAppearance(const AppearanceSettings& settings) override;
+  /// How every window looks, now and later; without a colour scheme as the desktop's palette says.
+  /// Texts have the size of when they were made.
+  void setAppearance(const AppearanceSettings& settings);
 
   /// The window of that kind; null when there is none.
   [[nodiscard]] QQuickWindow* window(WindowKind kind) const;
@@ -129,7 +132,7 @@ class WindowController : public QObject, public Windows {
 
   Shell& shell_;
   std::shared_ptr<MemoryManager> manager_;
-  DesktopFunctions system_;
+  DesktopFunctions desktop_;
   ProductFacts facts_;
   AppearanceSettings appearance_;
   std::optional<UpdateResult> result_;

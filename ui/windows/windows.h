@@ -1,10 +1,7 @@
 #pragma once
 
-#include <memory>
-#include <optional>
 #include <string>
 
-#include "platform/appearance.h"
 #include "platform/software_updater.h"
 #include "platform/status_bar.h"
 
@@ -61,10 +58,6 @@ class Windows {
   virtual bool showUpdateCheck() = 0;
   /// Shows how the check ended; nothing when the window is closed by then.
   virtual void showUpdateResult(const UpdateResult& result) = 0;
-
-  /// How every window looks, now and later; without a colour scheme as the desktop's palette says.
-  /// Texts have the size of when they were made.
-  virtual void setAppearance(const AppearanceSettings& settings) = 0;
 };
 
 /// What "About Orvane" tells, and the update window of the running version.

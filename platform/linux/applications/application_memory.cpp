@@ -23,23 +23,23 @@ bool isRead(const Process& process) {
   return process.reading && process.reading->proportionalSize;
 }
 
-std::uint64_t residentSize(std::span<const ApplicationMember> members) {
+std::uint64_t residentSize(std::span<Process* const> members) {
   std::uint64_t sum = 0;
-  for (const auto& member : members) sum += member.process->residentSize;
+  for (const Process* member : members) sum += member->residentSize;
   return sum;
 }
 
 /// Larger processes' readings may be older.
-double ageFactor(std::span<const ApplicationMember> members) {
+double ageFactor(std::span<Process* const> members) {
   std::uint64_t largest = 0;
-  for (const auto& member : members) largest = std::max(largest, member.process->residentSize);
+  for (const Process* member : members) largest = std::max(largest, member->residentSize);
   return std::max(1.0, static_cast<double>(largest) / static_cast<double>(hugeProcess));
 }
 
-std::optional<ReadingTime> oldestReading(std::span<const ApplicationMember> members) {
+std::optional<ReadingTime> oldestReading(std::span<Process* const> members) {
   std::optional<ReadingTime> oldest;
-  for (const auto& member : members) {
-    const auto& reading = member.process->reading;
+  for (const Process* member : members) {
+    const auto& reading = member->reading;
     if (reading) oldest = std::min(oldest.value_or(reading->taken), reading->taken);
   }
   return oldest;
@@ -73,8 +73,8 @@ bool isWanted(const Process& process, const ReadingState& state) {
 
 void beginRound(const ReadingCandidate& candidate, ReadingTime now) {
   candidate.state->roundStart = now;
-  for (const auto& member : candidate.members) {
-    candidate.state->lastSerial = std::max(candidate.state->lastSerial, member.process->serial);
+  for (const Process* member : candidate.members) {
+    candidate.state->lastSerial = std::max(candidate.state->lastSerial, member->serial);
   }
 }
 
@@ -97,16 +97,16 @@ std::vector<Due> dueCandidates(std::span<const ReadingCandidate> candidates,
 
 }  // namespace
 
-std::uint64_t memoryFigure(std::span<const ApplicationMember> members) {
+std::uint64_t memoryFigure(std::span<Process* const> members) {
   std::uint64_t read = 0;  // what the read ones hold
   std::uint64_t unread = 0;
   std::uint64_t sharedByRead = 0;
   std::uint64_t sharedWhenRead = 0;
   std::uint64_t sharedByUnread = 0;
   std::uint64_t least = static_cast<std::uint64_t>(std::max(::sysconf(_SC_PAGESIZE), 1L));
-  for (const auto& [process, forkedFrom, familyInside] : members) {
+  for (const Process* process : members) {
     const std::uint64_t own = process->ownSize();
-    if (familyInside) least = std::max(least, own);
+    if (process->familyInside) least = std::max(least, own);
     if (isRead(*process)) {
       // A process can't have lost more than it had.
       const std::uint64_t now = *process->reading->proportionalSize + own;
@@ -114,7 +114,8 @@ std::uint64_t memoryFigure(std::span<const ApplicationMember> members) {
       sharedByRead = std::max(sharedByRead, process->sharedSize);
       sharedWhenRead = std::max(sharedWhenRead, process->reading->sharedSize);
     } else {
-      unread += own - std::min(own, forkedFrom == nullptr ? 0 : forkedFrom->ownSize());
+      unread +=
+          own - std::min(own, process->forkedFrom == nullptr ? 0 : process->forkedFrom->ownSize());
       sharedByUnread = std::max(sharedByUnread, process->sharedSize);
     }
   }
@@ -125,13 +126,13 @@ std::uint64_t memoryFigure(std::span<const ApplicationMember> members) {
   return std::max(read + unread, least);
 }
 
-std::uint64_t currentFigure(std::span<const ApplicationMember> members, ReadingState& state) {
-  const auto wanted = [&](const auto& member) { return isWanted(*member.process, state); };
+std::uint64_t currentFigure(std::span<Process* const> members, ReadingState& state) {
+  const auto wanted = [&](const Process* member) { return isWanted(*member, state); };
   const bool complete = state.roundStart && std::none_of(members.begin(), members.end(), wanted);
   if (!complete) return memoryFigure(members);
-  for (const auto& member : members) {
-    auto& pending = member.process->pending;
-    if (pending) member.process->reading = std::exchange(pending, std::nullopt);
+  for (Process* member : members) {
+    auto& pending = member->pending;
+    if (pending) member->reading = std::exchange(pending, std::nullopt);
   }
   state = {.roundStart = {}, .lastSerial = 0, .figureAfterRound = memoryFigure(members)};
   return state.figureAfterRound;
@@ -154,8 +155,7 @@ std::vector<Process*> nextReadings(std::span<const ReadingCandidate> candidates,
   std::uint64_t spent = 0;
   for (const auto& [candidate, urgency] : due) {
     if (!candidate->state->roundStart) beginRound(*candidate, now);
-    for (const auto& member : candidate->members) {
-      Process* const process = member.process;
+    for (Process* const process : candidate->members) {
       if (!isWanted(*process, *candidate->state)) continue;
       if (!chosen.empty() && spent + process->residentSize > budget) return chosen;
       chosen.push_back(process);

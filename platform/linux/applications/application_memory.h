@@ -10,15 +10,6 @@
 
 namespace orvane {
 
-/// A process of an application.
-struct ApplicationMember {
-  Process* process = nullptr;
-  /// The member it was forked from without running another program since; null for none.
-  const Process* forkedFrom = nullptr;
-  /// All processes that were forked from the same one are members: nobody else has its own pages.
-  bool familyInside = false;
-};
-
 /// Bytes that an application holds.
 ///
 /// Where its processes were read it is the sum of their proportional sizes, moved by what the cheap
@@ -26,7 +17,7 @@ struct ApplicationMember {
 /// largest shared part once. A forked process that wasn't read has for itself what it has more than
 /// its parent, because most of its pages are still the parent's. It is never less than what one
 /// process has for itself, however many forks took part in that when it was read. At least a page.
-[[nodiscard]] std::uint64_t memoryFigure(std::span<const ApplicationMember> members);
+[[nodiscard]] std::uint64_t memoryFigure(std::span<Process* const> members);
 
 /// How the proportional sizes of one application are kept up to date: in rounds that read all of
 /// its processes and count when they are complete, because a part of the processes tells nothing.
@@ -37,8 +28,7 @@ struct ReadingState {
 };
 
 /// The memoryFigure after a round was ended that is complete. Makes its readings count.
-[[nodiscard]] std::uint64_t currentFigure(std::span<const ApplicationMember> members,
-                                          ReadingState& state);
+[[nodiscard]] std::uint64_t currentFigure(std::span<Process* const> members, ReadingState& state);
 
 /// How much reading is allowed.
 struct ReadingPace {
@@ -54,7 +44,7 @@ struct ReadingPace {
 
 /// An application as the choice of the next readings sees it.
 struct ReadingCandidate {
-  std::span<const ApplicationMember> members;
+  std::span<Process* const> members;
   std::uint64_t figure = 0;  ///< bytes, its currentFigure
   ReadingState* state = nullptr;
 };

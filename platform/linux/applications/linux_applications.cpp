@@ -198,7 +198,8 @@ void LinuxApplications::addMembers(Application& application,
     const bool isFork = above != nullptr && above->pid == process.parent &&
                         (process.startStack == 0 ? above->command == process.command
                                                  : above->startStack == process.startStack);
-    application.members.push_back({.process = &process, .forkedFrom = isFork ? above : nullptr});
+    process.forkedFrom = isFork ? above : nullptr;
+    application.members.push_back(&process);
   }
 }
 
@@ -207,16 +208,15 @@ void LinuxApplications::findFamilies() {
   std::unordered_map<std::uint64_t, const Application*> owners;
   const auto hidesStack = [](const Process& process) { return process.startStack == 0; };
   for (const auto& application : applications_) {
-    for (const auto& member : application.members) {
-      if (hidesStack(*member.process)) continue;
-      auto& owner = owners.try_emplace(member.process->startStack, &application).first->second;
+    for (const Process* member : application.members) {
+      if (hidesStack(*member)) continue;
+      auto& owner = owners.try_emplace(member->startStack, &application).first->second;
       if (owner != &application) owner = nullptr;
     }
   }
   for (auto& application : applications_) {
-    for (auto& member : application.members) {
-      member.familyInside =
-          !hidesStack(*member.process) && owners.at(member.process->startStack) == &application;
+    for (Process* member : application.members) {
+      member->familyInside = !hidesStack(*member) && owners.at(member->startStack) == &application;
     }
   }
 }
@@ -270,7 +270,7 @@ void LinuxApplications::measure() {
   for (auto& application : applications_) {
     const std::uint64_t figure = currentFigure(application.members, application.readings);
     int threads = 0;
-    for (const auto& member : application.members) threads += member.process->threads;
+    for (const Process* member : application.members) threads += member->threads;
     application.record.figures = {.virtualSize = application.leader->virtualSize,
                                   .residentSize = figure,
                                   .threadCount = threads};
@@ -292,7 +292,7 @@ void LinuxApplications::readSizes() {
                           .state = &application.readings});
   }
   const auto now = std::chrono::steady_clock::now();
-  sizes_.read(nextReadings(candidates, ReadingPace::of(isWatched_ && isWatched_()), now), now);
+  sizes_.read(nextReadings(candidates, ReadingPace::of(isWatched_()), now), now);
 }
 
 }  // namespace orvane

@@ -36,7 +36,7 @@ class LinuxApplications : public RunningApplications {
     xcb_connection_t* x11 = nullptr;                  ///< where windows are; null for none
     std::vector<std::string> applicationDirectories;  ///< folders of desktop entries
     std::size_t descriptorLimit = 0;                  ///< how many this process may have open
-    std::function<bool()> isWatched;  ///< somebody looks at the figures; empty for never
+    std::function<bool()> isWatched;                  ///< somebody looks at the figures
   };
 
   /// The queues must outlive every block submitted to them.
@@ -56,7 +56,7 @@ class LinuxApplications : public RunningApplications {
     RunningApplication record;
     std::string entryId;
     const Process* leader = nullptr;
-    std::vector<ApplicationMember> members;
+    std::vector<Process*> members;
     std::uint64_t rootSerial = 0;  ///< of the process it began with, as in Process
     ReadingState readings;
     std::optional<std::uint64_t> groupedFigure;  ///< bytes when its leader was chosen

@@ -1,8 +1,11 @@
 #include "platform/linux/applications/process_command.h"
 
+#include <glib.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <memory>
 
 namespace orvane {
 namespace {
@@ -121,25 +124,6 @@ std::optional<std::string_view> variable(std::string_view environment, std::stri
   return {};
 }
 
-/// Takes one argument, quoted or not, off the front of an Exec line; none at a missing quote.
-std::optional<std::string> takeExecArgument(std::string_view& line) {
-  std::string argument;
-  bool quoted = false;
-  std::size_t i = 0;
-  for (; i < line.size() && (quoted || line[i] != ' '); ++i) {
-    if (line[i] == '"') {
-      quoted = !quoted;
-    } else if (line[i] == '\\' && quoted && i + 1 < line.size()) {
-      argument += line[++i];
-    } else {
-      argument += line[i];
-    }
-  }
-  line.remove_prefix(i);
-  if (quoted) return {};
-  return argument;
-}
-
 bool isFieldCode(std::string_view argument) {
   return argument.size() == 2 && argument[0] == '%' && argument[1] != '%';
 }
@@ -206,14 +190,12 @@ std::optional<std::string> parseLaunchedDesktopFile(std::string_view environment
 }
 
 std::optional<std::vector<std::string>> parseExecLine(std::string_view line) {
-  std::vector<std::string> arguments;
-  while (true) {
-    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-    if (line.empty()) break;
-    auto argument = takeExecArgument(line);
-    if (!argument) return {};
-    if (!isFieldCode(*argument)) arguments.push_back(std::move(*argument));
-  }
+  int count = 0;
+  char** parsed = nullptr;
+  if (g_shell_parse_argv(std::string(line).c_str(), &count, &parsed, nullptr) == 0) return {};
+  const std::unique_ptr<char*, decltype(&g_strfreev)> owned(parsed, g_strfreev);
+  std::vector<std::string> arguments(parsed, parsed + count);
+  std::erase_if(arguments, isFieldCode);
   removeEnvironmentPrefix(arguments);
   if (arguments.empty() || arguments.front().empty()) return {};
   return arguments;

@@ -45,6 +45,12 @@ struct Process {
   bool needsEvidence = true;       ///< new, very young, or running another program than before
   ProcessEvidence evidence;        ///< kept here for whoever gathers it
   bool leads = false;              ///< an application, kept here for the next grouping
+  /// The member of its application it was forked from without running another program since; null
+  /// for none. Kept here for whoever groups.
+  const Process* forkedFrom = nullptr;
+  /// All processes that were forked from the same one are members of its application: nobody else
+  /// has its own pages. Kept here for whoever groups.
+  bool familyInside = false;
   std::optional<ProportionalReading> reading;  ///< the one that counts, for whoever takes it
   std::optional<ProportionalReading> pending;  ///< waits for those of the same application
 

@@ -1,39 +1,25 @@
 #include "platform/linux/applications/proportional_size_reader.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <string_view>
 
 #include "platform/linux/applications/process_stat.h"
-#include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/files/regular_file.h"
 
 namespace orvane {
 namespace {
 
-using Text = std::array<char, 2048>;
-
 /// The content of a process' file; empty when it can't be read.
-std::string_view readText(std::int32_t pid, const char* name, Text& text) {
-  const std::string path = "/proc/" + std::to_string(pid) + "/" + name;
-  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
-  if (!file.isOpen()) return {};
-  ssize_t length = -1;
-  do {
-    length = ::read(file.get(), text.data(), text.size());
-  } while (length < 0 && errno == EINTR);
-  return {text.data(), length > 0 ? static_cast<std::size_t>(length) : 0};
+std::string readText(std::int32_t pid, const char* name) {
+  return readRegularFile("/proc/" + std::to_string(pid) + "/" + name, 4096).value_or("");
 }
 
 /// The cheap figures are read beside the true one: they may have moved since the latest update.
 void take(std::int32_t pid, ProportionalReading& reading) {
   static const auto page = static_cast<std::uint64_t>(std::max(::sysconf(_SC_PAGESIZE), 1L));
-  Text text{};
-  reading.proportionalSize = parseProportionalSize(readText(pid, "smaps_rollup", text));
-  const auto pages = parseProcessPages(readText(pid, "statm", text));
+  reading.proportionalSize = parseProportionalSize(readText(pid, "smaps_rollup"));
+  const auto pages = parseProcessPages(readText(pid, "statm"));
   if (!pages) return;
   reading.sharedSize = std::min(pages->shared, pages->resident) * page;
   reading.ownSize = pages->resident * page - reading.sharedSize;

@@ -1,6 +1,9 @@
 #include "platform/linux/applications/systemd_unit.h"
 
+#include <glib.h>
+
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "platform/linux/files/text_pieces.h"
@@ -14,10 +17,12 @@ constexpr std::size_t uuidLength = 36;
 std::string unescape(std::string_view text) {
   std::string plain;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escape = text.substr(i).starts_with("\\x") && i + 3 < text.size();
-    const auto byte = escape ? hexByte(text[i + 2], text[i + 3]) : std::nullopt;
-    plain += byte.value_or(text[i]);
-    if (byte) i += 3;
+    const bool isEscape = text.substr(i).starts_with("\\x") && i + 3 < text.size() &&
+                          g_ascii_isxdigit(text[i + 2]) && g_ascii_isxdigit(text[i + 3]);
+    plain += isEscape ? static_cast<char>(g_ascii_xdigit_value(text[i + 2]) * 16 +
+                                          g_ascii_xdigit_value(text[i + 3]))
+                      : text[i];
+    if (isEscape) i += 3;
   }
   return plain;
 }

@@ -106,7 +106,7 @@ void LinuxNotificationService::add(const NotificationRequest& request,
 void LinuxNotificationService::deliver(const NotificationRequest& request,
                                        std::function<void(const Error&)> handler) {
   PresentationOptions options{.sound = true, .banner = true};
-  if (delegate_ != nullptr && isFrontmost_ && isFrontmost_()) {
+  if (delegate_ != nullptr && isFrontmost_()) {
     options = delegate_->willPresentNotification(request);
   }
   if (!options.banner) return handler(std::nullopt);

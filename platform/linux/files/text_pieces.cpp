@@ -1,8 +1,6 @@
 #include "platform/linux/files/text_pieces.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 
 namespace orvane {
 
@@ -14,14 +12,6 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return pieces;
-}
-
-std::optional<char> hexByte(char high, char low) {
-  const std::array<char, 2> digits = {high, low};
-  unsigned byte = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), byte, 16);
-  if (error != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
-  return static_cast<char>(byte);
 }
 
 }  // namespace orvane

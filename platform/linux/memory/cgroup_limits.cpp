@@ -55,11 +55,7 @@ void addLine(std::vector<std::string>& directories, const std::string& root,
 std::vector<std::string> memoryCgroupDirectories(std::string_view cgroupFile,
                                                  const std::string& root) {
   std::vector<std::string> directories;
-  while (!cgroupFile.empty()) {
-    const std::size_t end = std::min(cgroupFile.find('\n'), cgroupFile.size());
-    addLine(directories, root, cgroupFile.substr(0, end));
-    cgroupFile.remove_prefix(std::min(end + 1, cgroupFile.size()));
-  }
+  for (const std::string_view line : split(cgroupFile, '\n')) addLine(directories, root, line);
   return directories;
 }
 
