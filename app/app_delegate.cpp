@@ -5,7 +5,9 @@
 
 #include "app/status_title.h"
 #include "app/support_request.h"
+#include "app/translation.h"
 #include "core/memory_boost.h"
+#include "core/texts.h"
 
 namespace orvane {
 
@@ -122,7 +124,9 @@ void AppDelegate::updateStatusTitle() {
   if (!percent || !statusItem_) return;
   statusItem_->setTitle(statusTitle(*percent));
   // LXQt shows the tooltip's title alone.
-  statusItem_->setToolTip("Memory usage: " + percentText(*percent), "Orvane");
+  statusItem_->setToolTip(filled(translated("Memory usage: %1", "tooltip; %1 is a percentage"),
+                                 {percentText(*percent)}),
+                          "Orvane");
   statusItem_->refreshMenu();
   redrawNumber(*percent);
 }
@@ -150,7 +154,10 @@ std::vector<StatusItemMenuEntry> AppDelegate::menuEntries() {
   using Kind = StatusItemMenuEntry::Kind;
   const auto weak = weak_from_this();
   const StatusItemMenuEntry divider{.kind = Kind::divider};
-  const auto toggle = [weak](const char* label, auto isOn, auto set) {
+  const auto text = [](const char* label) {
+    return translated(label, "entry of the status item's menu");
+  };
+  const auto toggle = [weak, text](const char* label, auto isOn, auto set) {
     const auto checked = [weak, isOn] {
       const auto self = weak.lock();
       return self && std::invoke(isOn, *self);
@@ -159,13 +166,13 @@ std::vector<StatusItemMenuEntry> AppDelegate::menuEntries() {
       if (const auto self = weak.lock()) std::invoke(set, *self, !std::invoke(isOn, *self));
     };
     return StatusItemMenuEntry{
-        .kind = Kind::toggle, .label = label, .isChecked = checked, .activate = flip};
+        .kind = Kind::toggle, .label = text(label), .isChecked = checked, .activate = flip};
   };
-  const auto action = [weak](const char* label, auto operation) {
+  const auto action = [weak, text](const char* label, auto operation) {
     const auto perform = [weak, operation] {
       if (const auto self = weak.lock()) std::invoke(operation, *self);
     };
-    return StatusItemMenuEntry{.kind = Kind::action, .label = label, .activate = perform};
+    return StatusItemMenuEntry{.kind = Kind::action, .label = text(label), .activate = perform};
   };
   const auto figure = [weak] {
     const auto self = weak.lock();

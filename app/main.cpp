@@ -10,6 +10,7 @@
 
 #include "app/command_line.h"
 #include "app/memory_monitor_app.h"
+#include "app/translation.h"
 #include "platform/linux/bus/session_bus.h"
 #include "platform/linux/desktop/display_choice.h"
 #include "platform/linux/desktop/display_guard.h"
@@ -58,6 +59,7 @@ int run(orvane::SingleInstance& instance, orvane::StartWish wish, const char* pr
   orvane::keepQtOffSilentBus();
   const QGuiApplication application(count, arguments.data());
   guard.reset();
+  orvane::loadTranslation();
   orvane::MemoryMonitorApp app(instance);
   return app.run(wish);
 }

@@ -10,6 +10,7 @@
 #include "app/load_windows.h"
 #include "app/product_settings.h"
 #include "app/status_icon.h"
+#include "app/translation.h"
 #include "platform/linux/applications/linux_applications.h"
 #include "platform/linux/bus/session_bus.h"
 #include "platform/linux/desktop/linux_appearance.h"
@@ -125,7 +126,8 @@ AppServices MemoryMonitorApp::Services::forDelegate() {
                     .timers = timers,
                     .clock = clock,
                     .random = random,
-                    .output = output},
+                    .output = output,
+                    .translate = translated},
           .application = application,
           .statusBar = statusBar,
           .loginItem = loginItem,

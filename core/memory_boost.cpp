@@ -59,8 +59,9 @@ std::optional<double> significantGainAtEnd(const MemoryStats& initial, const Mem
   return freed > 10.0 ? std::optional(freed) : std::nullopt;
 }
 
-std::string boostNotificationBody(double freedMB) {
-  return "Freed " + fixedText(freedMB, 0) + " MB of memory";
+std::string boostNotificationBody(double freedMB, const Translate& translate) {
+  return filled(translate("Freed %1 MB of memory", "notification; %1 is a number"),
+                {fixedText(freedMB, 0)});
 }
 
 }  // namespace orvane

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/memory_stats.h"
+#include "core/texts.h"
 #include "platform/dispatch.h"
 #include "platform/memory_claims.h"
 #include "platform/random_source.h"
@@ -41,6 +42,7 @@ void claimAndRelease(const MemoryStats& initial, MemoryClaims& claims, RandomSou
                                                          const MemoryStats& current);
 
 /// "Freed 60 MB of memory"
-[[nodiscard]] std::string boostNotificationBody(double freedMB);
+[[nodiscard]] std::string boostNotificationBody(double freedMB,
+                                                const Translate& translate = inEnglish);
 
 }  // namespace orvane

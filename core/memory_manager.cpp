@@ -8,6 +8,8 @@
 namespace orvane {
 namespace {
 
+constexpr const char* titleNote = "title of a notification";
+
 ProcessSortMode storedSortMode(const Preferences& preferences) {
   const auto text = preferences.text(sortModePreferenceKey);
   return text ? processSortModeFrom(*text).value_or(ProcessSortMode::current)
@@ -47,10 +49,11 @@ void MemoryManager::updateMemoryStats() {
 void MemoryManager::checkMemoryPressure() {
   if (!currentStats()) return;
   const ProcessInfo* top = topProcesses().empty() ? nullptr : &topProcesses().front();
-  const auto alert = pressureAlert(*currentStats(), alertThreshold, top);
+  const auto alert = pressureAlert(*currentStats(), alertThreshold, top, services_.translate);
   if (!alert || shouldShowAlert()) return;
   alertMessage_.set(alert->message);
-  sendNotification(pressureNotificationTitle, alert->notificationBody);
+  sendNotification(services_.translate(pressureNotificationTitle, titleNote),
+                   alert->notificationBody);
   shouldShowAlert_.set(true);
 }
 
@@ -146,7 +149,8 @@ void MemoryManager::checkBoostProgress(const MemoryStats& initial, int attempt, 
 
 void MemoryManager::reportBoost(double freedMB) {
   lastBoostAmount_.set(freedMB);
-  sendNotification(boostNotificationTitle, boostNotificationBody(freedMB));
+  sendNotification(services_.translate(boostNotificationTitle, titleNote),
+                   boostNotificationBody(freedMB, services_.translate));
 }
 
 }  // namespace orvane

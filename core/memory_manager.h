@@ -12,6 +12,7 @@
 #include "core/process_info.h"
 #include "core/process_memory_history.h"
 #include "core/process_sort_mode.h"
+#include "core/texts.h"
 #include "platform/clock.h"
 #include "platform/dispatch.h"
 #include "platform/memory_claims.h"
@@ -43,6 +44,7 @@ struct MemoryManagerServices {
   Clock& clock;
   RandomSource& random;
   StandardOutput& output;
+  Translate translate = inEnglish;
 };
 
 /// The one model object: the current sample, its history, the applications that use most memory,

@@ -5,6 +5,7 @@
 
 #include "core/memory_stats.h"
 #include "core/process_info.h"
+#include "core/texts.h"
 
 namespace orvane {
 
@@ -19,6 +20,7 @@ inline constexpr const char* pressureNotificationTitle = "Memory Pressure High";
 /// The alert for a sample whose usage is above `threshold` percent, naming `top` when there is
 /// one; none at or below the threshold and for a sample without memory.
 [[nodiscard]] std::optional<PressureAlert> pressureAlert(const MemoryStats& stats, double threshold,
-                                                         const ProcessInfo* top);
+                                                         const ProcessInfo* top,
+                                                         const Translate& translate = inEnglish);
 
 }  // namespace orvane

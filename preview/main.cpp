@@ -94,8 +94,9 @@ int main(int argc, char** argv) {
 
   PreviewStage stage;
   const bool dark = parser.isSet(QStringLiteral("dark"));
-  stage.setColors(dark ? orvane::ColorScheme::dark : orvane::ColorScheme::light,
-                  !parser.isSet(QStringLiteral("square")));
+  stage.setAppearance(
+      {.colorScheme = dark ? orvane::ColorScheme::dark : orvane::ColorScheme::light},
+      !parser.isSet(QStringLiteral("square")));
   found->run(stage);
   if (!parser.isSet(QStringLiteral("shot"))) return QGuiApplication::exec();
   return shoot(stage, *found, parser.value(QStringLiteral("shot")));

@@ -61,7 +61,7 @@ WindowController& PreviewStage::windows() {
       DesktopFunctions{.readFile = readFile,
                        .blendsTranslucentWindows = [this] { return roundWindows_; }},
       ProductFacts{.version = "0.1.0", .builtOn = "Qt 6 and GLib"});
-  windows_->setAppearance({.colorScheme = scheme_});
+  windows_->setAppearance(appearance_);
   return *windows_;
 }
 

@@ -23,9 +23,9 @@ class PreviewStage {
  public:
   PreviewStage();
 
-  /// Colours of the views that are made from now on.
-  void setColors(ColorScheme scheme, bool roundWindows) {
-    scheme_ = scheme;
+  /// How the views look that are made from now on.
+  void setAppearance(const AppearanceSettings& appearance, bool roundWindows) {
+    appearance_ = appearance;
     roundWindows_ = roundWindows;
   }
 
@@ -63,7 +63,7 @@ class PreviewStage {
   fakes::RecordingShell shell_;
   std::unique_ptr<WindowController> windows_;
   QQuickWindow* pictured_ = nullptr;
-  ColorScheme scheme_ = ColorScheme::light;
+  AppearanceSettings appearance_{.colorScheme = ColorScheme::light};
   bool roundWindows_ = true;
 };
 

@@ -83,12 +83,11 @@ class Accessibility(WindowCase):
         self.tab_to("Overview")
         self.assertEqual(self.focused(), [("page tab", "Overview")])
         self.press("Show Details")
-        self.wait_for_control("Hide Details")
+        self.check("Hide Details", "Memory Usage History", "100%", "25%")
         self.pointer.key("Right")
         self.wait_for("focus on the other tab", 3,
                       lambda: self.focused() == [("page tab", "Processes")])
         self.pointer.key("Left")
-        self.check("Memory Usage History", "100%", "25%")
         for name, text in (("About Orvane", "Version"), ("Check for Updates...", "Updates come")):
             self.choose("Orvane", name)
             self.check(text, "OK")
@@ -120,6 +119,15 @@ class Accessibility(WindowCase):
         self.seen.press(info)
         self.check("PID: \\d+", "Memory Usage Over Time", r"Current: \d+ MB", "Memory Details",
                    r"Physical Memory: \d+\.\d MB", "Active Threads: \\d+", "Application Location", r"/\S+")
+
+    def test_speaks_german(self):
+        self.orvane.stop()
+        self.orvane = self.start_orvane(environment={"LANGUAGE": "de", "LC_ALL": "de_DE.UTF-8"})
+        self.wait_for_control("Prozesse", 10)
+        self.check("Übersicht", "Speicher freigeben", "Mehr anzeigen")
+        self.orvane.item().activate()
+        self.check("Speichernutzung", "Einstellungen")
+        self.picture("german")
 
 
 if __name__ == "__main__":

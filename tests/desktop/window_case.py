@@ -6,10 +6,10 @@ from popover_case import PopoverCase
 class WindowCase(PopoverCase):
     TAB = "Overview"
 
-    def start_orvane(self, **options):
+    def start_orvane(self, environment=None, **options):
         # So that xdg-open goes by the files of the home, not by a desktop's own helpers.
-        return super().start_orvane(first_launch=True, environment={"XDG_CURRENT_DESKTOP": ""},
-                                    **options)
+        return super().start_orvane(first_launch=True, **options,
+                                    environment={"XDG_CURRENT_DESKTOP": ""} | (environment or {}))
 
     def setUp(self):
         super().setUp()

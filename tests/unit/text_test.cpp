@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/number_format.h"
+#include "core/texts.h"
 #include "core/utf8.h"
 #include "core/uuid.h"
 
@@ -20,6 +21,11 @@ TEST(FixedText, RoundsLikePrintf) {
   EXPECT_EQ(fixedText(-0.04, 1), "-0.0");
   EXPECT_EQ(fixedText(1e300, 0).size(), 301U);
   EXPECT_EQ(fixedText(1.0, 400), "") << "more than anything shows";
+}
+
+TEST(Filled, PutsEachValueInItsPlaceAndLooksIntoNone) {
+  EXPECT_EQ(filled("%2 of %1, 100% %3", {"%2", "b"}), "b of %2, 100% %3");
+  EXPECT_EQ(filled("%1%", {"5"}), "5%");
 }
 
 const std::string fffd = "\xEF\xBF\xBD";

@@ -15,6 +15,9 @@ say "layers and lengths"
 /usr/bin/python3 tools/lint/check_layers.py .
 /usr/bin/python3 tools/lint/check_lengths.py .
 
+say "translations"
+/usr/bin/python3 tools/lint/check_translations.py
+
 say "shell scripts"
 shellcheck dev .ci/run tools/lint/*.sh bench/program/*.sh
 

@@ -16,7 +16,7 @@ Item {
     readonly property real head: (1 + Math.cos(2 * Math.PI * share)) / 2
 
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: qsTr("Boosting...")
+    Accessible.name: qsTr("Boosting...", "while memory is being freed")
 
     Repeater {
         model: root.count

@@ -7,7 +7,7 @@ DialogWindow {
 
     required property WindowController windows
 
-    title: qsTr("About Orvane")
+    title: qsTr("About Orvane", "entry of the program's menu, and title of its window")
     contentWidth: 320
     contentHeight: body.height + 48
     onAccepted: close()
@@ -32,11 +32,11 @@ DialogWindow {
 
         Repeater {
             model: [
-                {text: qsTr("Orvane"), font: Theme.systemFont(18, Font.DemiBold), strong: true},
-                {text: qsTr("Version %1").arg(root.windows.version), font: Theme.subheadline, strong: false},
-                {text: qsTr("Memory usage at a glance."), font: Theme.subheadline, strong: true},
-                {text: qsTr("Free software under the MIT licence.\nCopyright © 2026 The Orvane team"), font: Theme.caption, strong: false},
-                {text: qsTr("Built on %1").arg(root.windows.builtOn), font: Theme.caption, strong: false}
+                {text: "Orvane", font: Theme.systemFont(18, Font.DemiBold), strong: true},
+                {text: qsTr("Version %1", "in About").arg(root.windows.version), font: Theme.subheadline, strong: false},
+                {text: qsTr("Memory usage at a glance.", "what the program is, in About"), font: Theme.subheadline, strong: true},
+                {text: qsTr("Free software under the MIT licence.\nCopyright © 2026 The Orvane team", "in About"), font: Theme.caption, strong: false},
+                {text: qsTr("Built on %1", "names and versions of libraries").arg(root.windows.builtOn), font: Theme.caption, strong: false}
             ]
             delegate: SpokenText {
                 required property var modelData
@@ -57,7 +57,7 @@ DialogWindow {
 
         ActionButton {
             anchors.horizontalCenter: parent.horizontalCenter
-            name: qsTr("OK")
+            name: qsTr("OK", "button: closes the window")
             fill: Theme.blue
             textColor: "white"
             onClicked: root.close()

@@ -10,7 +10,7 @@ Item {
     height: 6
     clip: true
     Accessible.role: Accessible.ProgressBar
-    Accessible.name: qsTr("Checking")
+    Accessible.name: qsTr("Checking", "name of the progress of an update check, for assistive technology")
 
     OnScreen {
         id: onScreen

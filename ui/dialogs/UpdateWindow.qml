@@ -7,7 +7,7 @@ DialogWindow {
 
     required property WindowController windows
 
-    title: qsTr("Software Update")
+    title: qsTr("Software Update", "title of a window")
     description: windows.update.headline + "\n" + windows.update.message
     contentWidth: 380
     contentHeight: Math.max(150, body.height + buttons.height + 56)

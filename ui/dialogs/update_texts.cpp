@@ -1,18 +1,25 @@
 #include "ui/dialogs/update_texts.h"
 
+#include <QCoreApplication>
+
 #include "ui/style/formats.h"
 
 namespace orvane {
 namespace {
 
+QString text(const char* english, const char* note) {
+  return QCoreApplication::translate("Views", english, note);
+}
+
 struct Describe {
   QString runningVersion;
 
   UpdateTexts operator()(const UpdateNotNeeded& /*newest*/) const {
-    return {.headline = QStringLiteral("Orvane is up to date"),
-            .message = QStringLiteral("Version %1 is the newest version.").arg(runningVersion),
+    return {.headline = text("Orvane is up to date", "headline"),
+            .message =
+                text("Version %1 is the newest version.", "of an update check").arg(runningVersion),
             .notes = {},
-            .primaryButton = QStringLiteral("OK"),
+            .primaryButton = text("OK", "button: closes the window"),
             .secondaryButton = {}};
   }
 
@@ -20,41 +27,43 @@ struct Describe {
     const QString size = offer.downloadBytes ? QStringLiteral(" (%1)").arg(Format::bytesInMB(
                                                    static_cast<double>(*offer.downloadBytes), 1))
                                              : QString();
-    return {.headline = QStringLiteral("A new version is available"),
-            .message = QStringLiteral("Orvane %1 can be downloaded%2. You have version %3.")
+    return {.headline = text("A new version is available", "headline"),
+            .message = text("Orvane %1 can be downloaded%2. You have version %3.",
+                            "%2 is empty or a size in brackets")
                            .arg(QString::fromStdString(offer.version), size, runningVersion),
             .notes = QString::fromStdString(offer.notes),
-            .primaryButton = QStringLiteral("Open Download Page"),
-            .secondaryButton = QStringLiteral("Later")};
+            .primaryButton = text("Open Download Page", "button"),
+            .secondaryButton = text("Later", "button: closes the window")};
   }
 
   UpdateTexts operator()(const UpdateByPackageManager& /*none*/) const {
-    return {.headline = QStringLiteral("Updates come with your system"),
-            .message = QStringLiteral("Your system's package manager keeps this copy of Orvane, "
-                                      "version %1, up to date.")
+    return {.headline = text("Updates come with your system", "headline"),
+            .message = text("Your system's package manager keeps this copy of Orvane, "
+                            "version %1, up to date.",
+                            "of an update check")
                            .arg(runningVersion),
             .notes = {},
-            .primaryButton = QStringLiteral("OK"),
+            .primaryButton = text("OK", "button: closes the window"),
             .secondaryButton = {}};
   }
 
   UpdateTexts operator()(const UpdateError& error) const {
-    return {.headline = QStringLiteral("The check didn't succeed"),
+    return {.headline = text("The check didn't succeed", "headline"),
             .message = QString::fromStdString(error.message),
             .notes = {},
-            .primaryButton = QStringLiteral("Try Again"),
-            .secondaryButton = QStringLiteral("Close")};
+            .primaryButton = text("Try Again", "button"),
+            .secondaryButton = text("Close", "button")};
   }
 };
 
 }  // namespace
 
 UpdateTexts updateCheckingTexts() {
-  return {.headline = QStringLiteral("Checking for updates..."),
+  return {.headline = text("Checking for updates...", "headline"),
           .message = {},
           .notes = {},
           .primaryButton = {},
-          .secondaryButton = QStringLiteral("Cancel"),
+          .secondaryButton = text("Cancel", "button: ends the check"),
           .checking = true};
 }
 

@@ -20,7 +20,7 @@ Item {
     implicitWidth: 180
     implicitHeight: 180
     Accessible.role: Accessible.Dial  // the toolkit gives a ProgressBar no value
-    Accessible.name: qsTr("Memory usage: %1").arg(usageText)
+    Accessible.name: qsTr("Memory usage: %1", "of a ring; %1 is a percentage, for assistive technology").arg(usageText)
 
     UsageColors {
         id: usageColors
@@ -141,7 +141,7 @@ Item {
 
             objectName: "caption"
             anchors.horizontalCenter: parent.horizontalCenter
-            text: root.processing ? qsTr("Boosting...") : qsTr("Used")
+            text: root.processing ? qsTr("Boosting...", "while memory is being freed") : qsTr("Used", "of memory")
             font: Theme.systemFont(10, Font.Medium)
         }
     }

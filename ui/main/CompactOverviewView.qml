@@ -72,21 +72,21 @@ Item {
 
             CompactStatCard {
                 width: cards.cardWidth
-                title: qsTr("Free")
+                title: "Free"
                 value: Format.bytesInGB(root.model.availableBytes, 1)
                 valueColor: Theme.green
             }
 
             CompactStatCard {
                 width: cards.cardWidth
-                title: qsTr("Used")
+                title: "Used"
                 value: Format.bytesInGB(root.model.usedBytes, 1)
                 valueColor: Theme.orange
             }
 
             CompactStatCard {
                 width: cards.cardWidth
-                title: qsTr("Total")
+                title: "Total"
                 value: Format.bytesInGB(root.model.totalBytes, 1)
                 valueColor: Theme.blue
             }

@@ -21,8 +21,8 @@ FocusScope {
         x: 20
         y: 12
         width: root.width - 40
-        name: qsTr("View")
-        segments: [qsTr("Overview"), qsTr("Processes")]
+        name: qsTr("View", "name of the tabs, for assistive technology")
+        segments: [qsTr("Overview", "title of a tab"), qsTr("Processes", "title of a tab")]
         currentIndex: root.selectedTab
         onChosen: index => root.selectedTab = index
     }

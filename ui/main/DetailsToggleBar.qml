@@ -8,7 +8,7 @@ PlainButton {
     required property bool open
 
     expanded: open
-    name: open ? qsTr("Hide Details") : qsTr("Show Details")
+    name: open ? qsTr("Hide Details", "button: closes what it opened") : qsTr("Show Details", "button: opens more of the view")
     implicitHeight: label.height + 24
     focusRadius: 0
 

@@ -17,9 +17,9 @@ Item {
     /// The history in words, for assistive technology; `format` makes a value's text.
     function summary(format: var): string {
         if (values.length === 0)
-            return qsTr("No values yet");
+            return qsTr("No values yet", "summary of an empty chart, for assistive technology");
         const range = [values[values.length - 1], Math.min(...values), Math.max(...values)];
-        return qsTr("Now %1, lowest %2, highest %3").arg(format(range[0])).arg(format(range[1])).arg(format(range[2]));
+        return qsTr("Now %1, lowest %2, highest %3", "summary of a chart, for assistive technology").arg(format(range[0])).arg(format(range[1])).arg(format(range[2]));
     }
 
     HistoryChart {

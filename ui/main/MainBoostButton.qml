@@ -7,7 +7,7 @@ PlainButton {
 
     readonly property real fill: enabled ? 1 : 0.6
 
-    name: qsTr("Boost Memory")
+    name: qsTr("Boost Memory", "button: frees memory for a moment")
     implicitHeight: label.height + 28
     focusRadius: 15
     focusInset: -3

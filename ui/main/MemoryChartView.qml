@@ -31,7 +31,7 @@ Item {
             Label {
                 id: title
 
-                text: qsTr("Memory Usage History")
+                text: qsTr("Memory Usage History", "title of a chart")
                 font: Theme.systemFont(11, Font.Medium)
             }
 

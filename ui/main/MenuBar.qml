@@ -45,7 +45,7 @@ FocusScope {
 
     height: 20
     Accessible.role: Accessible.MenuBar
-    Accessible.name: qsTr("Menu bar")
+    Accessible.name: qsTr("Menu bar", "name for assistive technology")
     Keys.onEscapePressed: leave()
     Keys.onLeftPressed: move(-1)
     Keys.onRightPressed: move(1)
@@ -75,52 +75,52 @@ FocusScope {
 
         MenuBarTitle {
             menu: popup
-            name: qsTr("Orvane")
+            name: "Orvane"
             isBold: true
 
             MenuEntry {
-                text: qsTr("About Orvane")
+                text: qsTr("About Orvane", "entry of the program's menu, and title of its window")
                 onTriggered: root.windows.showAbout()
             }
             MenuDivider {}
             MenuEntry {
-                text: qsTr("Check for Updates...")
+                text: qsTr("Check for Updates...", "entry of a menu")
                 shortcut: "Ctrl+U"
                 onTriggered: root.windows.checkForUpdates()
             }
             MenuDivider {}
             MenuEntry {
-                text: qsTr("Quit Orvane")
+                text: qsTr("Quit Orvane", "entry of a menu")
                 shortcut: "Ctrl+Q"
                 onTriggered: root.windows.quitApp()
             }
         }
         MenuBarTitle {
             menu: popup
-            name: qsTr("File")
+            name: qsTr("File", "title of a menu")
 
             MenuEntry {
-                text: qsTr("Close Window")
+                text: qsTr("Close Window", "entry of the File menu")
                 shortcut: "Ctrl+W"
                 onTriggered: root.Window.window.close()
             }
         }
         MenuBarTitle {
             menu: popup
-            name: qsTr("Window")
+            name: qsTr("Window", "title of a menu")
 
             MenuEntry {
-                text: qsTr("Minimize")
+                text: qsTr("Minimize", "entry of the Window menu")
                 shortcut: "Ctrl+M"
                 onTriggered: root.Window.window.showMinimized()
             }
         }
         MenuBarTitle {
             menu: popup
-            name: qsTr("Help")
+            name: qsTr("Help", "title of a menu")
 
             MenuEntry {
-                text: qsTr("Contact Support")
+                text: qsTr("Contact Support", "entry of the Help menu")
                 onTriggered: root.windows.openSupportEmail()
             }
         }

@@ -1,5 +1,6 @@
 #include "ui/model/memory_model.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -75,7 +76,8 @@ QString MemoryModel::topConsumersText() const {
   const std::size_t count = std::min(topConsumerCount, processes.size());
   double sum = 0;
   for (std::size_t i = 0; i < count; ++i) sum += bytes(processes[i].memoryUsage);
-  return QStringLiteral("Top %1 apps use %2 of memory")
+  return QCoreApplication::translate("Views", "Top %1 apps use %2 of memory",
+                                     "%1 is a number, %2 a percentage")
       .arg(count)
       .arg(Format::percent(Format::fraction(sum, usedBytes()) * 100, 1));
 }

@@ -42,7 +42,7 @@ PlainButton {
         anchors.left: bolt.right
         anchors.leftMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        text: root.processing ? qsTr("Boosting...") : qsTr("Boost Memory")
+        text: root.processing ? qsTr("Boosting...", "while memory is being freed") : qsTr("Boost Memory", "button: frees memory for a moment")
         font: Theme.systemFont(13)
         color: Theme.label
         opacity: root.enabled ? 1 : 0.6

@@ -11,7 +11,7 @@ PlainButton {
 
     implicitWidth: 22 + 16
     implicitHeight: gear.height + 16
-    name: qsTr("Settings")
+    name: qsTr("Settings", "name of the gear's menu")
     pressesAtOnce: true
     focusInset: 2
     onClicked: {
@@ -41,26 +41,26 @@ PlainButton {
         title: root.name
 
         MenuEntry {
-            text: qsTr("Show Window")
+            text: qsTr("Show Window", "entry of a menu, with a check mark")
             checkable: true
             checked: root.windows.isMainWindowVisible
             onTriggered: root.windows.isMainWindowVisible = !checked
         }
         MenuDivider {}
         MenuEntry {
-            text: qsTr("Launch at Login")
+            text: qsTr("Launch at Login", "entry of a menu, with a check mark")
             checkable: true
             checked: root.windows.launchAtLogin
             onTriggered: root.windows.launchAtLogin = !checked
         }
         MenuDivider {}
         MenuEntry {
-            text: qsTr("Check for Updates...")
+            text: qsTr("Check for Updates...", "entry of a menu")
             onTriggered: root.windows.checkForUpdates()
         }
         MenuDivider {}
         MenuEntry {
-            text: qsTr("Quit Orvane")
+            text: qsTr("Quit Orvane", "entry of a menu")
             onTriggered: root.windows.quitApp()
         }
     }

@@ -21,7 +21,7 @@ Item {
     Label {
         id: name
 
-        width: 70
+        width: 7 * font.pixelSize  // 70, more where texts are larger
         anchors.verticalCenter: parent.verticalCenter
         text: root.label
     }
@@ -44,7 +44,7 @@ Item {
     Label {
         id: value
 
-        width: 60
+        width: 6 * font.pixelSize
         anchors.right: parent.right
         anchors.baseline: name.baseline
         horizontalAlignment: Text.AlignRight

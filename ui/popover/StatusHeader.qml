@@ -41,7 +41,7 @@ Item {
                 SpokenText {
                     id: title
 
-                    text: qsTr("Memory Usage")
+                    text: qsTr("Memory Usage", "title of the popover")
                     font: Theme.systemFont(12, Font.DemiBold)
                     color: Theme.label
                 }
@@ -52,7 +52,7 @@ Item {
                     height: chevron.height
                     anchors.verticalCenter: title.verticalCenter
                     expanded: root.showDetails
-                    name: root.showDetails ? qsTr("Hide Details") : qsTr("Show Details")
+                    name: root.showDetails ? qsTr("Hide Details", "button: closes what it opened") : qsTr("Show Details", "button: opens more of the view")
                     focusInset: -3
                     focusRadius: 9
                     onClicked: root.showDetails = !root.showDetails

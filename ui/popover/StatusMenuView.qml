@@ -19,7 +19,7 @@ FocusScope {
     height: column.height
     focus: true
     Accessible.role: Accessible.Pane
-    Accessible.name: qsTr("Orvane")
+    Accessible.name: "Orvane"
     Accessible.focused: Window.activeFocusItem === root
     Keys.onEscapePressed: closeRequested()
 

@@ -31,7 +31,7 @@ Item {
         sourceComponent: Window {
             id: window
 
-            title: qsTr("Kill Process?")
+            title: qsTr("Kill Process?", "title of the question before an application is ended")
             flags: Qt.Dialog | Qt.FramelessWindowHint
             modality: Qt.WindowModal
             transientParent: loader.owner
@@ -139,7 +139,7 @@ Item {
                     objectName: "cancel"
                     anchors.bottom: parent.bottom
                     width: (content.width - 8) / 2
-                    name: qsTr("Cancel")
+                    name: qsTr("Cancel", "button: changes nothing")
                     textColor: Theme.label
                     focus: true
                     onClicked: root.dismiss()
@@ -152,7 +152,7 @@ Item {
                     anchors.bottom: parent.bottom
                     anchors.right: parent.right
                     width: cancel.width
-                    name: qsTr("Kill")
+                    name: qsTr("Kill", "button: ends an application at once")
                     fill: Theme.red
                     textColor: "white"
                     onClicked: {

@@ -14,7 +14,7 @@ Item {
 
         x: 20
         anchors.verticalCenter: buttons.verticalCenter
-        text: qsTr("Top Memory Consumers")
+        text: qsTr("Top Memory Consumers", "title of the list of applications")
         font: Theme.systemFont(11, Font.Medium)
         Accessible.role: Accessible.Heading
     }
@@ -31,8 +31,8 @@ Item {
 
             objectName: "sortMenu"
             symbol: "arrow.up.arrow.down"
-            name: qsTr("Sort by")
-            toolTip: qsTr("Sort by...")
+            name: qsTr("Sort by", "title of a menu")
+            toolTip: qsTr("Sort by...", "tooltip of a button with a menu")
             pressesAtOnce: true
             onClicked: menu.open()
 
@@ -43,23 +43,23 @@ Item {
                 title: sortButton.name
 
                 MenuEntry {
-                    text: qsTr("Sort by")
+                    text: qsTr("Sort by", "title of a menu")
                     isTitle: true
                 }
                 MenuEntry {
-                    text: qsTr("Current Memory")
+                    text: qsTr("Current Memory", "entry of the sort menu")
                     checkable: true
                     checked: root.model.sortMode === MemoryModel.CurrentMemory
                     onTriggered: root.model.sortMode = MemoryModel.CurrentMemory
                 }
                 MenuEntry {
-                    text: qsTr("Average Memory")
+                    text: qsTr("Average Memory", "entry of the sort menu")
                     checkable: true
                     checked: root.model.sortMode === MemoryModel.AverageMemory
                     onTriggered: root.model.sortMode = MemoryModel.AverageMemory
                 }
                 MenuEntry {
-                    text: qsTr("Peak Memory")
+                    text: qsTr("Peak Memory", "entry of the sort menu")
                     checkable: true
                     checked: root.model.sortMode === MemoryModel.PeakMemory
                     onTriggered: root.model.sortMode = MemoryModel.PeakMemory
@@ -70,8 +70,8 @@ Item {
         SymbolButton {
             objectName: "refresh"
             symbol: "arrow.clockwise"
-            name: qsTr("Refresh")
-            toolTip: qsTr("Refresh process list")
+            name: qsTr("Refresh", "name of a button, for assistive technology")
+            toolTip: qsTr("Refresh process list", "tooltip of a button")
             enabled: !root.model.hasSelection
             onClicked: root.model.updateTopProcesses()
         }

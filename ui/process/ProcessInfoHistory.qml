@@ -18,7 +18,7 @@ ProcessInfoSection {
         SpokenText {
             id: heading
 
-            text: qsTr("Memory Usage Over Time")
+            text: qsTr("Memory Usage Over Time", "title of a chart of one application")
             font: Theme.systemFont(11, Font.DemiBold)
             color: Theme.label
         }
@@ -45,17 +45,17 @@ ProcessInfoSection {
         Repeater {
             model: [
                 {
-                    caption: qsTr("Current"),
+                    caption: qsTr("Current", "caption of an application's memory now"),
                     figure: root.current,
                     color: Theme.blue
                 },
                 {
-                    caption: qsTr("Average"),
+                    caption: qsTr("Average", "caption of an application's average memory"),
                     figure: root.history.average,
                     color: Theme.label
                 },
                 {
-                    caption: qsTr("Peak"),
+                    caption: qsTr("Peak", "caption of an application's greatest memory"),
                     figure: root.history.peak,
                     color: Theme.orange
                 }

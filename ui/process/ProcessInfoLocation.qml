@@ -19,7 +19,7 @@ ProcessInfoSection {
         SpokenText {
             id: heading
 
-            text: qsTr("Application Location")
+            text: qsTr("Application Location", "heading above an application's path")
             font: Theme.systemFont(11, Font.DemiBold)
             color: Theme.label
         }
@@ -32,7 +32,7 @@ ProcessInfoSection {
             anchors.verticalCenter: heading.verticalCenter
             width: label.width
             height: heading.height
-            name: qsTr("Reveal")
+            name: qsTr("Reveal", "button: shows the application's file in the file manager")
             description: tip.text
             focusInset: -3
             onClicked: {
@@ -64,7 +64,7 @@ ProcessInfoSection {
                 id: tip
 
                 button: reveal
-                text: qsTr("Show in Finder")
+                text: qsTr("Show in Finder", "tooltip: in the file manager")
             }
         }
     }
@@ -102,7 +102,7 @@ ProcessInfoSection {
             activeFocusOnTab: true
             Accessible.role: Accessible.EditableText
             Accessible.readOnly: true
-            Accessible.name: qsTr("Path")
+            Accessible.name: qsTr("Path", "name of an application's path, for assistive technology")
             Accessible.description: root.record.path
             Keys.onPressed: event => {
                 event.accepted = event.matches(StandardKey.Copy);

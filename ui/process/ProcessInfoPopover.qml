@@ -22,7 +22,7 @@ FocusScope {
     implicitWidth: 360
     implicitHeight: column.height + 32
     Accessible.role: Accessible.Pane
-    Accessible.name: qsTr("Details of %1").arg(record.name)
+    Accessible.name: qsTr("Details of %1", "name of an application's details, for assistive technology").arg(record.name)
     onRecordChanged: readHistory()
 
     Connections {
@@ -54,7 +54,7 @@ FocusScope {
 
         ProcessInfoSection {
             SpokenText {
-                text: qsTr("Memory Details")
+                text: qsTr("Memory Details", "heading above figures of an application")
                 font: Theme.systemFont(11, Font.DemiBold)
                 color: Theme.label
             }
@@ -66,14 +66,14 @@ FocusScope {
                 MemoryInfoRow {
                     icon: "square.fill"
                     iconColor: Theme.blue
-                    label: qsTr("Physical Memory")
+                    label: qsTr("Physical Memory", "caption of a figure of an application")
                     value: Format.bytesInMB(root.record.privateBytes, 1)
                 }
 
                 MemoryInfoRow {
                     icon: "square.fill"
                     iconColor: Theme.purple
-                    label: qsTr("Virtual Memory")
+                    label: qsTr("Virtual Memory", "caption of a figure of an application")
                     value: Format.bytesInGB(root.record.virtualBytes, 2)
                 }
             }
@@ -95,7 +95,7 @@ FocusScope {
 
                 SpokenText {
                     anchors.verticalCenter: parent.verticalCenter
-                    text: qsTr("Process Details")
+                    text: qsTr("Process Details", "heading above figures of an application")
                     font: Theme.systemFont(11, Font.DemiBold)
                     color: Theme.label
                 }
@@ -104,7 +104,7 @@ FocusScope {
             MemoryInfoRow {
                 icon: "number"
                 iconColor: Theme.green
-                label: qsTr("Active Threads")
+                label: qsTr("Active Threads", "caption of a figure of an application")
                 value: root.record.threadCount
             }
         }

@@ -29,7 +29,7 @@ ScrollArea {
     backdrop: Theme.windowGradient
     fadesBelow: true
     Accessible.role: Accessible.List
-    Accessible.name: qsTr("Applications")
+    Accessible.name: qsTr("Applications", "name of the list, for assistive technology")
 
     ProcessKeyNavigation {
         model: root.model
@@ -107,7 +107,7 @@ ScrollArea {
         title: record ? record.name : ""
 
         MenuEntry {
-            text: qsTr("Kill Process")
+            text: qsTr("Kill Process", "button: ends an application at once, after a question")
             destructive: true
             onTriggered: root.killRequested(menu.record)
         }

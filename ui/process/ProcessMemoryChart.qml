@@ -9,7 +9,7 @@ Item {
 
     implicitHeight: 80
     Accessible.role: Accessible.Chart
-    Accessible.name: qsTr("Memory Usage Over Time")
+    Accessible.name: qsTr("Memory Usage Over Time", "title of a chart of one application")
     Accessible.description: plot.summary(value => Format.figureInMB(value, 0))
 
     SmoothRectangle {

@@ -91,8 +91,8 @@ Item {
         symbol: "info.circle.fill"
         pointSize: 14
         color: Theme.secondaryLabel
-        name: qsTr("Show details of %1").arg(root.record.name)
-        toolTip: qsTr("Show process details")
+        name: qsTr("Show details of %1", "name of a row's button, for assistive technology").arg(root.record.name)
+        toolTip: qsTr("Show process details", "tooltip of a row's button")
         onClicked: details.open()
     }
 

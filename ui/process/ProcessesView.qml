@@ -9,7 +9,7 @@ Item {
     required property WindowController windows
 
     Accessible.role: Accessible.Pane
-    Accessible.name: qsTr("Processes")
+    Accessible.name: qsTr("Processes", "title of a tab")
 
     ProcessHeader {
         id: header

@@ -12,7 +12,7 @@ Item {
 
     implicitHeight: 1 + Math.max(texts.height, buttons.height) + 28
     Accessible.role: Accessible.ToolBar
-    Accessible.name: qsTr("Selected application")
+    Accessible.name: qsTr("Selected application", "name of the bar below the list, for assistive technology")
 
     Shortcut {
         sequences: ["Escape"]
@@ -72,13 +72,13 @@ Item {
 
         ActionButton {
             objectName: "cancelSelection"
-            name: qsTr("Cancel")
+            name: qsTr("Cancel", "button: changes nothing")
             onClicked: root.cancelled()
         }
 
         ActionButton {
             objectName: "killSelection"
-            name: qsTr("Kill Process")
+            name: qsTr("Kill Process", "button: ends an application at once, after a question")
             symbol: "xmark.circle.fill"
             fill: Theme.red
             textColor: "white"

@@ -1,6 +1,7 @@
 #include "ui/process/process_text.h"
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QTextLayout>
 #include <algorithm>
@@ -16,7 +17,7 @@ constexpr int gridSteps = 3;
 constexpr int historyPointsPerMinute = 12;
 
 QString pidText(const ProcessRecord& record) {
-  return QStringLiteral("PID: %1").arg(record.pid());
+  return QCoreApplication::translate("Views", "PID: %1", "number of a process").arg(record.pid());
 }
 
 int lineCount(const QString& text, const QFont& font, double width) {
@@ -48,7 +49,9 @@ QString withoutMiddle(const QString& text, qsizetype kept) {
 
 QString ProcessText::historyDuration(int points) {
   const int minutes = points / historyPointsPerMinute;
-  return minutes < 1 ? QString() : QStringLiteral("Last %1 min").arg(minutes);
+  if (minutes < 1) return {};
+  return QCoreApplication::translate("Views", "Last %1 min", "how far a chart goes back")
+      .arg(minutes);
 }
 
 QStringList ProcessText::gridLabels(double peak, double minimum) {
@@ -72,10 +75,11 @@ QString ProcessText::location(const ProcessRecord& record) {
 }
 
 QString ProcessText::killQuestion(const ProcessRecord& record) {
-  // A name may contain "%1", which QString::arg would replace. The isolates keep a name written
-  // from right to left from turning what follows it.
-  return QStringLiteral("Are you sure you want to kill '\u2068") + record.name() +
-         QStringLiteral("\u2069'? Unsaved data will be lost.");
+  // The isolates keep a name written from right to left from turning what follows it.
+  return QCoreApplication::translate(
+             "Views", "Are you sure you want to kill '%1'? Unsaved data will be lost.",
+             "before an application is ended; %1 is its name")
+      .replace(QStringLiteral("%1"), QChar(0x2068) + record.name() + QChar(0x2069));
 }
 
 QString ProcessText::middleElided(const QString& text, const QFont& font, double width, int lines) {

@@ -9,7 +9,7 @@ Window {
     required property WindowController windows
     readonly property real barHeight: 20
 
-    title: qsTr("Orvane")
+    title: "Orvane"
     color: "transparent"
     visible: false
     width: 440

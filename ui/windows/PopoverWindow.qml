@@ -9,7 +9,7 @@ Window {
     required property WindowController windows
     required property point statusItem  ///< where the panel says its item is, in device pixels
 
-    title: qsTr("Orvane")
+    title: "Orvane"
     color: "transparent"
     visible: false
     width: view.width

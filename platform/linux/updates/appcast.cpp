@@ -1,5 +1,6 @@
 #include "platform/linux/updates/appcast.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QUrl>
@@ -124,6 +125,10 @@ std::string pageOf(const Item& item) {
 
 }  // namespace
 
+UpdateError updateError(const char* english, const char* note) {
+  return {QCoreApplication::translate("Updates", english, note).toStdString()};
+}
+
 UpdateResult readAppcast(const QByteArray& feed, const std::string& runningVersion) {
   QXmlStreamReader xml(feed);
   xml.setNamespaceProcessing(false);  // a prefix nobody declared is no reason to refuse a feed
@@ -143,9 +148,9 @@ UpdateResult readAppcast(const QByteArray& feed, const std::string& runningVersi
     newest = std::move(item);
   }
   if (!isRss || !xml.atEnd() || xml.hasError()) {
-    return UpdateError{"The update feed could not be understood."};
+    return updateError("The update feed could not be understood.");
   }
-  if (!newestRank) return UpdateError{"The update feed names no version."};
+  if (!newestRank) return updateError("The update feed names no version.");
   if (*newestRank <= versionRank(QString::fromStdString(runningVersion))) {
     return UpdateNotNeeded{runningVersion};
   }

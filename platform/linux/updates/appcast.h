@@ -8,6 +8,9 @@
 
 namespace orvane {
 
+/// An error in the user's language, from the English text and a note for who translates it.
+[[nodiscard]] UpdateError updateError(const char* english, const char* note = "of an update check");
+
 /// What an update feed means for the running version.
 ///
 /// A feed is an RSS 2.0 document whose items carry an enclosure with a version (with or without a

@@ -35,19 +35,20 @@ QNetworkRequest feedRequest(const QUrl& url, const std::string& version) {
   return request;
 }
 
-const char* messageFor(QNetworkReply::NetworkError error) {
+UpdateError errorFor(QNetworkReply::NetworkError error) {
   switch (error) {
     case QNetworkReply::SslHandshakeFailedError:
-      return "The update feed could not be reached over a secure connection.";
+      return updateError("The update feed could not be reached over a secure connection.");
     case QNetworkReply::RemoteHostClosedError:
-      return "The connection ended before the update feed was complete.";
+      return updateError("The connection ended before the update feed was complete.");
     case QNetworkReply::TooManyRedirectsError:
-      return "The update feed was redirected too often.";
+      return updateError("The update feed was redirected too often.");
     case QNetworkReply::InsecureRedirectError:
     case QNetworkReply::ProtocolUnknownError:
-      return "The update feed was redirected to an address that is not secure.";
+      return updateError("The update feed was redirected to an address that is not secure.");
     default:
-      return "The update feed could not be reached. Please check your network connection.";
+      return updateError(
+          "The update feed could not be reached. Please check your network connection.");
   }
 }
 
@@ -71,10 +72,10 @@ void LinuxSoftwareUpdater::checkForUpdates(std::function<void(const UpdateResult
   const QUrl url(QString::fromStdString(settings_.feedUrl), QUrl::StrictMode);
   if (settings_.feedUrl.empty()) return soon(UpdateByPackageManager{});
   if (url.scheme() != QLatin1String("https")) {
-    return soon(UpdateError{"The address of the update feed is not a secure one."});
+    return soon(updateError("The address of the update feed is not a secure one."));
   }
   QTimer::singleShot(longestCheck_, check_.get(),
-                     [this] { finish(UpdateError{"The update feed did not answer in time."}); });
+                     [this] { finish(updateError("The update feed did not answer in time.")); });
   download(url);
 }
 
@@ -86,7 +87,7 @@ void LinuxSoftwareUpdater::download(const QUrl& url) {
   reply->setReadBufferSize(longestFeed + 1);
   QObject::connect(reply, &QNetworkReply::readyRead, check_.get(), [this, reply] {
     if (reply->bytesAvailable() > longestFeed) {
-      finish(UpdateError{"The update feed is larger than it should be."});
+      finish(updateError("The update feed is larger than it should be."));
     }
   });
   QObject::connect(reply, &QNetworkReply::finished, check_.get(),
@@ -97,10 +98,12 @@ UpdateResult LinuxSoftwareUpdater::resultOf(QNetworkReply& reply) const {
   const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
   const bool failed = reply.error() != QNetworkReply::NoError;
   if (status >= (failed ? 400 : 300)) {
-    return UpdateError{"The server of the update feed answered with error " +
-                       std::to_string(status) + "."};
+    UpdateError error = updateError("The server of the update feed answered with error %1.",
+                                    "of an update check; %1 is a number");
+    error.message.replace(error.message.find("%1"), 2, std::to_string(status));
+    return error;
   }
-  if (failed) return UpdateError{messageFor(reply.error())};
+  if (failed) return errorFor(reply.error());
   return readAppcast(reply.readAll(), settings_.runningVersion);
 }
 
