@@ -21,7 +21,7 @@
 #include "platform/linux/memory/linux_memory_counters.h"
 #include "platform/linux/runtime/descriptor_limit.h"
 #include "platform/linux/runtime/linux_clock.h"
-#include "tests/fakes/fake_services.h"
+#include "testing/fake_services.h"
 
 namespace orvane {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-#include "tests/fakes/fake_services.h"
-#include "tests/fakes/recording_shell.h"
+#include "testing/fake_services.h"
+#include "testing/recording_shell.h"
 #include "ui/windows/window_controller.h"
 
 namespace orvane::preview {

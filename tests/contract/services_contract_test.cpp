@@ -6,9 +6,9 @@
 #include "platform/linux/desktop/linux_preferences.h"
 #include "platform/linux/runtime/in_process_notification_centre.h"
 #include "platform/linux/runtime/linux_dispatch.h"
-#include "tests/fakes/fake_notification_centre.h"
-#include "tests/fakes/fake_preferences.h"
-#include "tests/fakes/virtual_time.h"
+#include "testing/fake_notification_centre.h"
+#include "testing/fake_preferences.h"
+#include "testing/virtual_time.h"
 #include "tests/unit/test_bus.h"
 
 namespace orvane {

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QSignalSpy>
 
-#include "tests/fakes/fake_services.h"
+#include "testing/fake_services.h"
 #include "ui/model/memory_model.h"
 
 namespace orvane {

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "platform/linux/files/regular_file.h"
-#include "tests/fakes/fake_services.h"
-#include "tests/fakes/recording_shell.h"
+#include "testing/fake_services.h"
+#include "testing/recording_shell.h"
 #include "ui/painted/symbol.h"
 #include "ui/windows/window_controller.h"
 

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "app/support_request.h"
-#include "tests/fakes/fake_login_item.h"
-#include "tests/fakes/fake_services.h"
-#include "tests/fakes/fake_shell.h"
-#include "tests/fakes/fake_status_bar.h"
+#include "testing/fake_login_item.h"
+#include "testing/fake_services.h"
+#include "testing/fake_shell.h"
+#include "testing/fake_status_bar.h"
 
 namespace orvane {
 namespace {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/linux/applications/linux_applications.h"
-#include "tests/fakes/virtual_time.h"
+#include "testing/virtual_time.h"
 #include "tests/unit/child_process.h"
 #include "tests/unit/test_files.h"
 

@@ -5,7 +5,7 @@
 
 #include "core/memory_history.h"
 #include "core/process_memory_history.h"
-#include "tests/fakes/virtual_time.h"
+#include "testing/virtual_time.h"
 
 namespace orvane {
 namespace {

@@ -45,9 +45,11 @@ TEST_F(LinuxApplicationsTest, AnUnclaimedTreeIsNamedByItsFileInOneLineOfText) {
   EXPECT_FALSE(application->icon);
   EXPECT_FALSE(ledBy(child.pid()));
   for (int i = 0; i < 2; ++i) runOrphan({program, "600"});
-  LinuxApplications narrow(
-      {.x11 = nullptr, .applicationDirectories = {}, .descriptorLimit = 6, .isWatched = [] { return false; }}, time_,
-      time_);
+  LinuxApplications narrow({.x11 = nullptr,
+                            .applicationDirectories = {},
+                            .descriptorLimit = 6,
+                            .isWatched = [] { return false; }},
+                           time_, time_);
   const auto records = narrow.runningApplications();
   EXPECT_EQ(std::count_if(records.begin(), records.end(),
                           [](const auto& record) { return record.handle != nullptr; }),

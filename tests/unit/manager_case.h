@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "core/memory_manager.h"
-#include "tests/fakes/fake_services.h"
+#include "testing/fake_services.h"
 
 namespace orvane {
 

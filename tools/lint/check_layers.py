@@ -20,7 +20,8 @@ OWN_FOLDERS = {
     "platform": ("core/", "platform/*.h"),
     "platform/linux": ("core/", "platform/"),
     "ui": ("core/", "platform/*.h", "ui/"),
-    "preview": ("core/", "platform/*.h", "ui/", "preview/", "tests/fakes/"),
+    "preview": ("core/", "platform/*.h", "ui/", "preview/", "testing/"),
+    "testing": ("core/", "platform/*.h", "ui/", "app/", "testing/"),
     "app": ("core/", "platform/", "ui/", "app/"),
 }
 

@@ -17,7 +17,7 @@ class LayerRule(unittest.TestCase):
         ("platform/linux/a.cpp", "<QDBusConnection>"), ("platform/linux/a.cpp", "<unistd.h>"),
         ("app/a.cpp", '"platform/linux/bus/a.h"'),
         ("platform/linux/bus/a.cpp", '"platform/linux/files/a.h"'),
-        ("platform/linux/desktop/a.cpp", '"platform/linux/bus/a.h"'), ("app/a.cpp", "<malloc.h>"), ("preview/a.cpp", '"tests/fakes/a.h"'),
+        ("platform/linux/desktop/a.cpp", '"platform/linux/bus/a.h"'), ("app/a.cpp", "<malloc.h>"), ("preview/a.cpp", '"testing/a.h"'),
     ]
     BREAKS = [
         ("core/a.cpp", "<QString>"), ("core/a.cpp", "<unistd.h>"), ("core/a.h", '"ui/a.h"'),

@@ -10,7 +10,7 @@
 #include "app/application.h"
 #include "app/status_icon.h"
 #include "app/windows_module.h"
-#include "tests/fakes/fake_software_updater.h"
+#include "testing/fake_software_updater.h"
 
 namespace orvane::fakes {
 

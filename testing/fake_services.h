@@ -1,14 +1,14 @@
 #pragma once
 
 #include "core/memory_manager.h"
-#include "tests/fakes/fake_applications.h"
-#include "tests/fakes/fake_memory_claims.h"
-#include "tests/fakes/fake_memory_counters.h"
-#include "tests/fakes/fake_notification_centre.h"
-#include "tests/fakes/fake_preferences.h"
-#include "tests/fakes/fake_random_source.h"
-#include "tests/fakes/recording_services.h"
-#include "tests/fakes/virtual_time.h"
+#include "testing/fake_applications.h"
+#include "testing/fake_memory_claims.h"
+#include "testing/fake_memory_counters.h"
+#include "testing/fake_notification_centre.h"
+#include "testing/fake_preferences.h"
+#include "testing/fake_random_source.h"
+#include "testing/recording_services.h"
+#include "testing/virtual_time.h"
 
 namespace orvane::fakes {
 
