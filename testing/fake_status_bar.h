@@ -29,12 +29,12 @@ class FakeStatusBar : public StatusBar {
   struct Item : StatusBarItem {
     explicit Item(FakeStatusBar& shownBy) : panel(shownBy) {}
     void setTitle(const std::string& text) override { panel.title = text; }
-    void setIcon(std::vector<IconPixmap> icon) override {
-      panel.icon = std::move(icon);
+    void setIcon(std::vector<IconPixmap> to) override {
+      panel.icon = std::move(to);
       ++panel.iconCount;
     }
-    void setToolTip(const std::string& title, const std::string& /*text*/) override {
-      panel.toolTip = title;
+    void setToolTip(const std::string& to, const std::string& /*text*/) override {
+      panel.toolTip = to;
     }
     void setAction(std::function<void(ScreenPoint)> to) override { panel.action = std::move(to); }
     void setMenu(std::vector<StatusItemMenuEntry> to) override { panel.menu = std::move(to); }
