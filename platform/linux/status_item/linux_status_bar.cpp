@@ -34,6 +34,7 @@ class LinuxStatusBarItem : public StatusBarItem {
     if (bus_.isConnected()) exportObjects();
     QObject::connect(&registration_, &StatusNotifierRegistration::hostChanged, &itemExport_,
                      [this] {
+                       item_->setHost(registration_.host());
                        if (hostChanged_) hostChanged_();
                      });
     registration_.start();
@@ -71,7 +72,7 @@ class LinuxStatusBarItem : public StatusBarItem {
 
   [[nodiscard]] bool isShown() const override { return registration_.isShown(); }
 
-  [[nodiscard]] bool hostDrawsLabel() const override { return registration_.hostDrawsLabel(); }
+  [[nodiscard]] bool hostDrawsLabel() const override { return registration_.host().drawsLabels; }
 
   void setHostChanged(std::function<void()> handler) override { hostChanged_ = std::move(handler); }
 

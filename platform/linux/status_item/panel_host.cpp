@@ -5,7 +5,7 @@
 
 namespace orvane {
 
-bool panelDrawsLabels(std::string_view processName) {
+PanelHost panelHost(std::string_view processName) {
   // The kernel cuts names after 15 bytes; so do these.
   static constexpr std::array<std::string_view, 6> hosts = {
       "mate-panel",       // its notification area
@@ -15,7 +15,10 @@ bool panelDrawsLabels(std::string_view processName) {
       "indicator-appli",  // its predecessor
       "unity-panel-ser",
   };
-  return std::find(hosts.begin(), hosts.end(), processName) != hosts.end();
+  // "panel-NUMBER-systray", one of Xfce's plugins.
+  const bool isXfce = processName.starts_with("panel-") && processName.find("-systr") < 10;
+  return {.drawsLabels = std::ranges::find(hosts, processName) != hosts.end(),
+          .rereadsAll = isXfce};
 }
 
 }  // namespace orvane

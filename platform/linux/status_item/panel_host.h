@@ -4,8 +4,15 @@
 
 namespace orvane {
 
-/// True when the panel whose process has this name (as in /proc/PID/comm, at most 15 bytes) draws
-/// the label of a status item beside its icon. Unknown panels draw none.
-[[nodiscard]] bool panelDrawsLabels(std::string_view processName);
+/// What a panel does with a status item; an unknown one nothing of it.
+struct PanelHost {
+  bool drawsLabels = false;  ///< beside the icon
+  bool rereadsAll = false;   ///< asks for every property after each signal
+
+  bool operator==(const PanelHost&) const = default;
+};
+
+/// The panel whose process has this name (as in /proc/PID/comm, at most 15 bytes).
+[[nodiscard]] PanelHost panelHost(std::string_view processName);
 
 }  // namespace orvane

@@ -35,22 +35,43 @@ QString StatusNotifierAdaptor::labelGuide() {
 void StatusNotifierAdaptor::setLabel(const QString& label) {
   if (label == label_) return;
   label_ = label;
-  Q_EMIT XAyatanaNewLabel(label_, labelGuide());
-  Q_EMIT NewTitle();
+  noteChange(&Changes::label);
 }
 
 void StatusNotifierAdaptor::setIcon(const std::vector<orvane::IconPixmap>& icon) {
   StatusNotifierPixmaps pixmaps = busPixmaps(icon);
   if (pixmaps == icon_) return;
   icon_ = std::move(pixmaps);
-  Q_EMIT NewIcon();
+  noteChange(&Changes::icon);
 }
 
 void StatusNotifierAdaptor::setToolTip(const QString& title, const QString& text) {
   StatusNotifierToolTip toolTip{.iconName = {}, .icon = {}, .title = title, .text = text};
   if (toolTip == toolTip_) return;
   toolTip_ = std::move(toolTip);
-  Q_EMIT NewToolTip();
+  noteChange(&Changes::toolTip);
+}
+
+void StatusNotifierAdaptor::noteChange(bool Changes::*what) {
+  if (!changes_) {
+    changes_.emplace();
+    QMetaObject::invokeMethod(this, &StatusNotifierAdaptor::announceChanges, Qt::QueuedConnection);
+  }
+  (*changes_).*what = true;
+}
+
+void StatusNotifierAdaptor::announceChanges() {
+  const Changes changes = *std::exchange(changes_, std::nullopt);
+  if (host_.rereadsAll) {
+    Q_EMIT NewIcon();
+    return;
+  }
+  if (changes.label) {
+    Q_EMIT XAyatanaNewLabel(label_, labelGuide());
+    Q_EMIT NewTitle();
+  }
+  if (changes.icon) Q_EMIT NewIcon();
+  if (changes.toolTip) Q_EMIT NewToolTip();
 }
 
 void StatusNotifierAdaptor::setAction(std::function<void(ScreenPoint)> action) {

@@ -3,16 +3,19 @@
 #include <QtDBus/QDBusAbstractAdaptor>
 #include <QtDBus/QDBusObjectPath>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/linux/bus/bus_export.h"
+#include "platform/linux/status_item/panel_host.h"
 #include "platform/linux/status_item/status_notifier_types.h"
 #include "platform/status_bar.h"
 
 namespace orvane {
 
 /// Shows one item on the bus as org.kde.StatusNotifierItem, with the label that some panels draw
-/// beside the icon. A signal goes out only when something changed. Threads: main thread only.
+/// beside the icon. Signals go out once a turn of the event loop, and only for what changed.
+/// Threads: main thread only.
 class StatusNotifierAdaptor : public QDBusAbstractAdaptor {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
@@ -36,6 +39,8 @@ class StatusNotifierAdaptor : public QDBusAbstractAdaptor {
   /// `exported` is the object that is registered on the bus, and this adaptor's parent.
   StatusNotifierAdaptor(BusExport* exported, const QString& menuPath);
 
+  /// A panel that reads everything again at any signal is sent one for all changes.
+  void setHost(const PanelHost& host) { host_ = host; }
   void setLabel(const QString& label);
   void setIcon(const std::vector<orvane::IconPixmap>& icon);
   void setToolTip(const QString& title, const QString& text);
@@ -69,7 +74,19 @@ class StatusNotifierAdaptor : public QDBusAbstractAdaptor {
   void XAyatanaNewLabel(const QString& label, const QString& guide);
 
  private:
+  struct Changes {
+    bool label = false;
+    bool icon = false;
+    bool toolTip = false;
+  };
+
+  void noteChange(bool Changes::*what);
+  void announceChanges();
+
   BusExport& exported_;
+  PanelHost host_;
+  std::optional<Changes> changes_;  ///< since the last signals
+
   QDBusObjectPath menu_;
   QString label_;
   StatusNotifierPixmaps icon_;

@@ -4,8 +4,6 @@
 #include <fstream>
 #include <string>
 
-#include "platform/linux/status_item/panel_host.h"
-
 namespace orvane {
 namespace {
 
@@ -78,14 +76,14 @@ void StatusNotifierRegistration::setOwner(const QString& owner) {
 void StatusNotifierRegistration::identify() {
   call(busCall(QStringLiteral("GetConnectionUnixProcessID"), {owner_}),
        [this](const QDBusPendingReply<uint>& reply) {
-         setDrawsLabel(!reply.isError() && panelDrawsLabels(processName(reply.value())));
+         setHost(reply.isError() ? PanelHost{} : panelHost(processName(reply.value())));
          registerItem();
        });
 }
 
-void StatusNotifierRegistration::setDrawsLabel(bool drawsLabel) {
-  if (drawsLabel == drawsLabel_) return;
-  drawsLabel_ = drawsLabel;
+void StatusNotifierRegistration::setHost(const PanelHost& host) {
+  if (host == host_) return;
+  host_ = host;
   Q_EMIT hostChanged();
 }
 

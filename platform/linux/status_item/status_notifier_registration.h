@@ -6,6 +6,7 @@
 #include <QtDBus/QDBusMessage>
 
 #include "platform/linux/bus/session_bus.h"
+#include "platform/linux/status_item/panel_host.h"
 
 namespace orvane {
 
@@ -25,8 +26,8 @@ class StatusNotifierRegistration : public QObject {
   /// True while the item is in the list and some panel shows what is listed.
   [[nodiscard]] bool isShown() const { return isShown_; }
 
-  /// True while the list belongs to a panel that draws labels.
-  [[nodiscard]] bool hostDrawsLabel() const { return drawsLabel_; }
+  /// The panel that the list belongs to.
+  [[nodiscard]] const PanelHost& host() const { return host_; }
 
  Q_SIGNALS:
   void hostChanged();
@@ -40,7 +41,7 @@ class StatusNotifierRegistration : public QObject {
   void attach();
   void setOwner(const QString& owner);
   void identify();
-  void setDrawsLabel(bool drawsLabel);
+  void setHost(const PanelHost& host);
   void registerItem();
   void scheduleRetry();
   /// Sends a call and hands its answer to `handler`, unless the list changed hands meanwhile.
@@ -53,7 +54,7 @@ class StatusNotifierRegistration : public QObject {
   int retriesLeft_ = 0;
   unsigned generation_ = 0;
   bool isShown_ = false;
-  bool drawsLabel_ = false;
+  PanelHost host_;
 };
 
 }  // namespace orvane
