@@ -138,7 +138,7 @@ TEST_F(AppDelegateTest, TheTitleIsTheTruncatedUsageOfTheCurrentSampleAtEachTick)
   fakes_.time.advance(Duration{5.0});
   EXPECT_EQ(panel_.title, " 30%");
   EXPECT_EQ(panel_.toolTip, "Memory usage: 30%");
-  fakes_.counters.bytesPerPage = 256 * 1024;
+  fakes_.counters.bytesPerPage = 256U << 10U;
   delegate_->memoryManager()->updateMemoryStats();
   EXPECT_EQ(panel_.menu.front().text(), "Memory: 30% (7.3 of 24.4 GB)");
   fakes_.counters.counts.reset();

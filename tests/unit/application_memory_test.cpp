@@ -175,7 +175,7 @@ TEST_F(NextReadings, GoOnWhenTheApplicationBecomesSmall) {
 }
 
 TEST_F(NextReadings, OfHugeProcessesAreRarer) {
-  Tree tree{4 * 4295};
+  Tree tree{17180};
   EXPECT_THAT(next({&tree}), ElementsAre(17180));
   now_ += seconds(239);
   EXPECT_THAT(next({&tree}), IsEmpty());

@@ -89,7 +89,7 @@ TEST_F(DesktopEntriesTest, ReadsAgainWhenAFolderChanged) {
 TEST_F(DesktopEntriesTest, NoticesAFileEditedInPlaceWhenItsTurnHasCome) {
   constexpr std::size_t count = 2 * DesktopEntries::filesPerRefresh + 2;
   const auto write = [this](std::size_t number, const std::string& text) {
-    const std::string id = "app" + std::to_string(number);
+    std::string id = "app" + std::to_string(number);
     own_.write(id + ".desktop", text);
     return id;
   };

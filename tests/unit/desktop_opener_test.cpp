@@ -29,7 +29,7 @@ class DesktopOpener : public ::testing::Test {
 
   std::string opened() {
     EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(file("opened")); }));
-    const std::string line = readFile(file("opened"));
+    std::string line = readFile(file("opened"));
     std::filesystem::remove(file("opened"));
     return line;
   }

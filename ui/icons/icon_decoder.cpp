@@ -95,7 +95,7 @@ QImage decodeIcon(const QByteArray& bytes, QSize size) {
     chooseOneOfSeveral(reader, size);
     if (!isSmallEnough(reader, bytes)) return {};
   }
-  const QImage image = reader.read();
+  QImage image = reader.read();
   if (image.isNull() || image.size() == size) return image;
   return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }

@@ -28,7 +28,7 @@ bool isThemed(const QString& name) {
 }
 
 QImage themedIcon(const QString& name, QSize size) {
-  const QImage image = QIcon::fromTheme(name).pixmap(size, 1.0).toImage();
+  QImage image = QIcon::fromTheme(name).pixmap(size, 1.0).toImage();
   // Icons never grow by themselves: a theme may only have a smaller one.
   if (image.isNull() || image.size() == size) return image;
   return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

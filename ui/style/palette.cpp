@@ -21,8 +21,8 @@ QColor black(double opacity) {
 
 Palette::Palette(ColorScheme scheme, bool highContrast) {
   const bool isDark = scheme == ColorScheme::dark;
-#define ORVANE_CHOOSE_COLOR(name, light, dark) name = isDark ? dark : light;
-  ORVANE_COLORS(ORVANE_CHOOSE_COLOR)
+#define ORVANE_CHOOSE_COLOR(name, light, dark) name = isDark ? (dark) : (light);
+  ORVANE_COLORS(ORVANE_CHOOSE_COLOR)  // NOLINT(bugprone-branch-clone): some are the same in both
 #undef ORVANE_CHOOSE_COLOR
   if (!highContrast) return;
   label = isDark ? Qt::white : Qt::black;

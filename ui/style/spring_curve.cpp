@@ -58,7 +58,7 @@ QList<QPointF> springCurve(const Spring& spring) {
   };
   const auto value = [&](double x) { return 1 - motion.displacement(x * duration); };
   QList<QPointF> points;
-  points.reserve(3 * segmentCount);
+  points.reserve(qsizetype{3} * segmentCount);
   for (int i = 0; i < segmentCount; ++i) {
     const double from = i * width;
     const bool last = i + 1 == segmentCount;

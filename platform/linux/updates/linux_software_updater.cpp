@@ -18,7 +18,7 @@ namespace {
 
 // QXmlStreamReader compares each attribute of an element with all the others: for those that fit
 // into this it takes 0.15 s.
-constexpr qint64 longestFeed = 64 * 1024;
+constexpr qint64 longestFeed = 64LL << 10U;
 constexpr int mostRedirects = 3;
 
 QNetworkRequest feedRequest(const QUrl& url, const std::string& version) {
