@@ -22,7 +22,7 @@ Column {
         width: root.width - 40
         spacing: 10
 
-        MemoryCounters {
+        CounterRows {
             CompactMemoryBar {
                 required property var modelData
 

@@ -14,7 +14,7 @@ Column {
     rightPadding: 12
     spacing: 4
 
-    MemoryCounters {
+    CounterRows {
         MenuMemoryRow {
             required property var modelData
 
