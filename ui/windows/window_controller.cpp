@@ -1,5 +1,6 @@
 #include "ui/windows/window_controller.h"
 
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPalette>
@@ -22,6 +23,8 @@ namespace {
 
 // At most, from the press on the panel that takes the focus away to the panel's Activate.
 constexpr int sameClickMilliseconds = 400;
+// At most, from showing a window to the window manager's word where it is.
+constexpr int placingMilliseconds = 1000;
 
 /// Not in QML: the first `Qt.Window | ...` there makes a table of all of Qt's enumerators, 0.2 MB.
 Qt::WindowFlags flagsOf(WindowKind kind) {
@@ -43,6 +46,16 @@ void bringToFront(QWindow& window) {
   window.showNormal();
   window.raise();
   window.requestActivate();
+}
+
+/// Puts a hidden window's frame there. xfwm4 moves a window that isn't wholly on the screen when it
+/// shows it; what it is told afterwards it does.
+void restorePlace(QWindow& window, QPoint frame) {
+  window.setFramePosition(frame);
+  const auto placeAgain = [&window, frame, end = QDeadlineTimer(placingMilliseconds)] {
+    if (!end.hasExpired() && window.framePosition() != frame) window.setFramePosition(frame);
+  };
+  QObject::connect(&window, &QWindow::yChanged, &window, placeAgain, Qt::SingleShotConnection);
 }
 
 bool isOnWayland() {
@@ -205,7 +218,7 @@ bool WindowController::showMainWindow() {
     main->setHeight(fittingHeight(main->height(), screenArea(*main->screen())));
     main->setPosition(centredPosition(main->size(), main->screen()->availableGeometry()));
   } else if (!main->isVisible() && framePlace_ && !screens.isEmpty()) {
-    main->setFramePosition(windowPosition(*framePlace_, main->size(), screens));
+    restorePlace(*main, windowPosition(*framePlace_, main->size(), screens));
   }
   bringToFront(*main);
   return true;
