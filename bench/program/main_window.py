@@ -7,7 +7,7 @@ import time
 from bench.program.figures import Row, cpu_seconds, main_thread_seconds, memory
 from tools.desktop.processes import wait_for
 
-FRAME_LINE = "polish="  # the toolkit's own line for each frame it drew
+FRAME_LINE = "polish="  # Qt Quick's own line for each frame it drew
 SWITCHES = 8
 # Points in the window's content.
 OVERVIEW, PROCESSES, BOOST = (120, 44), (320, 44), (220, 402)

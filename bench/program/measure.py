@@ -1,6 +1,6 @@
 """Measures the running program on a virtual desktop: measure.py BUILD_DIR [--seconds N]
 
-Each figure stands beside its bound, and beside the same figure of an empty window of the same toolkit
+Each figure stands beside its bound, and beside the same figure of an empty window of Qt Quick
 (and of a small task manager where one is installed), measured in the same run.
 """
 

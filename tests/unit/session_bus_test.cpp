@@ -67,7 +67,7 @@ TEST(SessionBus, waitsForASilentBusWithoutHoldingAnybodyUp) {
   QElapsedTimer clock;
   clock.start();
   keepQtOffSilentBus();
-  EXPECT_GE(clock.elapsed(), 250) << "the toolkit was not kept off";
+  EXPECT_GE(clock.elapsed(), 250) << "Qt was not kept off";
   SessionBus().start();
   for (const bool dies : {false, true}) {
     daemon.pause();

@@ -19,7 +19,7 @@ Item {
 
     implicitWidth: 180
     implicitHeight: 180
-    Accessible.role: Accessible.Dial  // the toolkit gives a ProgressBar no value
+    Accessible.role: Accessible.Dial  // Qt gives a ProgressBar no value
     Accessible.name: qsTr("Memory usage: %1", "of a ring; %1 is a percentage, for assistive technology").arg(usageText)
 
     UsageColors {

@@ -18,7 +18,7 @@ Item {
 
     implicitWidth: 50
     implicitHeight: 50
-    Accessible.role: Accessible.Dial  // the toolkit gives a ProgressBar no value
+    Accessible.role: Accessible.Dial  // Qt gives a ProgressBar no value
     Accessible.name: qsTr("Memory usage: %1", "of a ring; %1 is a percentage, for assistive technology").arg(usageText)
 
     UsageColors {

@@ -8,7 +8,7 @@ namespace orvane {
 /// shown next. One over 1 KiB is none.
 inline void keepActivationToken(const QByteArray& token) {
   constexpr qsizetype longest = 1024;
-  // Where the toolkit looks for it.
+  // QWindow::requestActivate looks for it there.
   if (!token.isEmpty() && token.size() <= longest) qputenv("XDG_ACTIVATION_TOKEN", token);
 }
 

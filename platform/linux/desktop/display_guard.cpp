@@ -26,7 +26,7 @@ QByteArray displayLine(const char* problem) {
   return line + ")\n";
 }
 
-/// No clean end: half a toolkit could not take part in it.
+/// No clean end: a QGuiApplication made by half could not take part in it.
 [[noreturn]] void giveUp(const QByteArray& line) {
   [[maybe_unused]] const auto written =
       ::write(STDERR_FILENO, line.constData(), static_cast<std::size_t>(line.size()));

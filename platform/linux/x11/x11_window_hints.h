@@ -8,9 +8,9 @@ namespace orvane {
 /// happens on other platforms.
 void skipTaskbar(QWindow& window);
 
-/// Lets an X11 window that was minimised once come back as a window when it is shown again: the
-/// toolkit writes that it is to start minimised, and doesn't take that back. Call it while the
-/// window is hidden; nothing happens on other platforms.
+/// Lets an X11 window that was minimised once come back as a window when it is shown again:
+/// QWindow::showMinimized writes "iconic" to WM_HINTS, and showNormal doesn't take that back. Call
+/// it while the window is hidden; nothing happens on other platforms.
 void forgetMinimized(QWindow& window);
 
 /// True when translucent windows show what is behind them: on X11 while a compositor runs, always
