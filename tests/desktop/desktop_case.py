@@ -4,18 +4,16 @@ import os
 import pathlib
 import re
 import subprocess
-import sys
 import time
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT))
-from tools.desktop.orvane import Orvane  # noqa: E402
-from tools.desktop.pointer import Pointer  # noqa: E402
-from tools.desktop.processes import wait_for  # noqa: E402
-from tools.desktop.session import Session  # noqa: E402
-from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
+from tools.desktop.orvane import Orvane
+from tools.desktop.pointer import Pointer
+from tools.desktop.processes import wait_for
+from tools.desktop.session import Session
+from tools.desktop.virtual_desktop import VirtualDesktop
 
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAM = pathlib.Path(os.environ.get("ORVANE_PROGRAM", ROOT / "build/release/orvane"))
 VERSION = re.search(r"VERSION (\d+\.\d+\.\d+)", (ROOT / "CMakeLists.txt").read_text())[1]
 PICTURES = pathlib.Path(os.environ.get("ORVANE_PICTURES", ROOT / "build/test-screenshots"))

@@ -1,9 +1,8 @@
 """All that is shown, as assistive technology has it: popover, main window, list, details, dialogs."""
 
 import re
-import unittest
 
-from window_case import WindowCase
+from tests.desktop.window_case import WindowCase
 
 CONTROLS = {"push button", "button", "toggle button", "page tab", "list item", "menu item",
             "check menu item", "text", "entry"}
@@ -128,7 +127,3 @@ class Accessibility(WindowCase):
         self.orvane.item().activate()
         self.check("Speichernutzung", "Einstellungen")
         self.picture("german")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,10 +3,9 @@
 import subprocess
 import sys
 import time
-import unittest
 
-from desktop_case import ROOT
-from window_case import WindowCase
+from tests.desktop.desktop_case import ROOT
+from tests.desktop.window_case import WindowCase
 
 FREEDESKTOP, GNOME = "org.freedesktop.appearance", "org.gnome.desktop.interface"
 DARK, LIGHT = f"{FREEDESKTOP} color-scheme uint32 1", f"{FREEDESKTOP} color-scheme uint32 2"
@@ -74,7 +73,3 @@ class Appearance(WindowCase):
         self.wait_for("larger text", 3, lambda: self.seen.rectangle(
             self.control("Memory Usage"))[3] > height)
         self.picture("large-popover")
-
-
-if __name__ == "__main__":
-    unittest.main()

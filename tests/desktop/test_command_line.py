@@ -4,9 +4,8 @@ import os
 import signal
 import socket
 import subprocess
-import unittest
 
-from desktop_case import PROGRAM, VERSION, DesktopCase
+from tests.desktop.desktop_case import PROGRAM, VERSION, DesktopCase
 
 NOTHING = {"DISPLAY": "", "WAYLAND_DISPLAY": "", "QT_QPA_PLATFORM": ""}
 
@@ -89,7 +88,3 @@ class CommandLine(DesktopCase):
             running.process.wait(timeout=5)
             following.wait_for_item()
             running = following
-
-
-if __name__ == "__main__":
-    unittest.main()

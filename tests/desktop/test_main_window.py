@@ -1,10 +1,9 @@
 """The main window of the running program: closed and shown again, its menu bar."""
 
-import unittest
 import urllib.parse
 
-from desktop_case import VERSION
-from window_case import WindowCase
+from tests.desktop.desktop_case import VERSION
+from tests.desktop.window_case import WindowCase
 
 MAIL_PROGRAM = """[Desktop Entry]
 Type=Application
@@ -104,8 +103,7 @@ class MainWindow(WindowCase):
         self.wait_for_control("Updates come with your system")
         self.picture("updates")
         self.pointer.key("Control_L", "q")
-        self.wait_for("end of the program", 5, lambda: not self.orvane.is_running())
-        self.assertEqual(self.orvane.process.returncode, 0)
+        self.assertEqual(self.orvane.process.wait(timeout=5), 0)
         self.assertIn("mainWindowVisible=true", self.orvane.preferences())
         self.assertEqual(self.orvane.lines(), [])
 
@@ -127,7 +125,3 @@ class MainWindow(WindowCase):
             "subject": ["Orvane Support Request"],
             "body": ["Hello Orvane Team,\n\nI need assistance with the following:\n\n"]})
         self.assertEqual(self.orvane.lines(), [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -7,7 +7,7 @@ import shutil
 import socket
 import unittest
 
-from desktop_case import PROGRAM, DesktopCase, Orvane, VirtualDesktop, wait_for
+from tests.desktop.desktop_case import PROGRAM, DesktopCase, Orvane, VirtualDesktop, wait_for
 
 from tools.desktop.orvane import meminfo, replace_in_place
 from tools.desktop.session import Session
@@ -116,7 +116,3 @@ class XServerOnDemand(DesktopCase):
             orvane.wait_for_item()
             # The first list is built within five seconds and may still be read when it is there.
             self.assertEqual(select.select(waiting, [], [], 7)[0], [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,13 +1,16 @@
-"""The popover of the running program, by mouse, by keyboard and through assistive technology."""
+"""The popover of the running program and its gear menu, by mouse, keyboard and assistive technology."""
 
 import time
-import unittest
 
-from popover_case import PopoverCase
+from tests.desktop.desktop_case import PROGRAM
+from tests.desktop.window_case import PopoverCase
 
 # Touching 2 GiB for the first time can take a virtual machine many seconds.
 BOOST_SECONDS = 60
 ROWS = ("Free", "Active", "Inactive", "Wired", "Compressed")
+LOGIN = "Launch at Login"
+UNWRITABLE = "Failed to enable launch at login: Filename refers to a directory"
+MISSING = "Failed to disable launch at login: No such file or directory"
 
 
 class Popover(PopoverCase):
@@ -61,12 +64,64 @@ class Popover(PopoverCase):
         self.wait_for_control(self.CONTROL)
         self.assertTrue(28 <= self.popover()[1] <= 60)
 
+    def test_login_entry_follows_the_toggle(self):
+        entry = self.orvane.autostart_entry
+        # What can't be done or undone is an error, and the choice stays.
+        entry.mkdir(parents=True)
+        self.assertTrue(self.toggle_login())
+        entry.rmdir()
+        self.assertFalse(self.toggle_login())
+        self.wait_for("two lines", 2, lambda: self.orvane.lines() == [UNWRITABLE, MISSING])
+
+        self.assertTrue(self.toggle_login())
+        self.wait_for("login entry", 2, entry.exists)
+        self.assertIn(f'Exec="{PROGRAM}"', entry.read_text())
+        self.assertIn("launchAtLogin=true", self.orvane.preferences())
+        self.assertFalse(self.toggle_login())
+        self.assertFalse(entry.exists())
+        self.assertEqual(len(self.orvane.lines()), 2)
+
+    def test_menu_gives_way_to_another_program(self):
+        self.open_menu()
+        editor = self.desktop.start_program(["mousepad"])
+        self.addCleanup(editor.wait)
+        self.addCleanup(editor.kill)
+        self.wait_until_gone(LOGIN)
+        self.wait_until_gone("Settings")
+        self.pointer.key("x")  # the keyboard is the editor's
+        self.wait_for("typed letter", 5, lambda: any(
+            title.startswith("*Untitled") for title in self.client_windows()))
+
+    def test_menu_by_keyboard_and_quit(self):
+        self.open_menu()
+        self.picture("menu")
+        for key in ("Down", "Down", "Return"):
+            self.pointer.key(key)
+        self.wait_for("login entry", 2, self.orvane.autostart_entry.exists)
+        self.press("Settings")
+        self.press("Quit Orvane")
+        self.assertEqual(self.orvane.process.wait(timeout=5), 0)
+        self.assertEqual(self.orvane.lines(), [])
+
     def popover(self):
         """The popover's window: (x, y, width, height)."""
         return next(self.seen.rectangle(node) for node in self.seen.everything(self.orvane.pid)
                     if node.get_role_name() in ("window", "frame")
                     and self.seen.has_state(node, "showing"))
 
+    def open_menu(self):
+        self.open_popover()
+        self.click("Settings")
+        self.wait_for_control(LOGIN)
 
-if __name__ == "__main__":
-    unittest.main()
+    def toggle_login(self):
+        """Gives whether the menu shows the login item as checked afterwards."""
+        self.open_menu()
+        self.click(LOGIN)
+        self.wait_until_gone(LOGIN)
+        self.click("Settings")
+        checked = self.seen.has_state(self.wait_for_control(LOGIN), "checked")
+        self.pointer.key("Escape")
+        self.wait_until_gone(LOGIN)
+        self.close_popover()
+        return checked

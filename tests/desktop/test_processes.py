@@ -1,14 +1,13 @@
 """The list of applications of the running program, with real ones in it."""
 
-import unittest
-
-from window_case import WindowCase
+from tests.desktop.window_case import WindowCase
 
 from tools.desktop.processes import run_alone
 
 # With enough lines to scroll back to that it is high up in the list.
 TERMINAL = ["xterm", "-geometry", "40x10+0+600", "-sl", "60000", "-e", "sh", "-c",
             "seq 60000; exec sleep 600"]
+setUpModule = run_alone
 
 
 class Processes(WindowCase):
@@ -56,6 +55,7 @@ class Processes(WindowCase):
         self.wait_until_gone("Kill")
         self.assertEqual([terminal.poll() for terminal in self.terminals], [None, None])
 
+        self.wait_for("keyboard in the list", 3, lambda: self.is_active("Orvane"))
         self.pointer.key("Return")
         self.wait_for_control("Kill")
         self.pointer.key("Tab")
@@ -82,8 +82,3 @@ class Processes(WindowCase):
             text.startswith('"xterm"') for _, text in self.seen.of_role(manager.pid, "status bar")))
         self.wait_until_gone("Reveal")
         self.picture("file-manager")
-
-
-if __name__ == "__main__":
-    run_alone()
-    unittest.main()

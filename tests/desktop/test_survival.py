@@ -1,9 +1,8 @@
 """What docs/reliability.md says of the running program under odd conditions."""
 
 import subprocess
-import unittest
 
-from desktop_case import PROGRAM, DesktopCase, Orvane
+from tests.desktop.desktop_case import PROGRAM, DesktopCase, Orvane
 
 
 class Survival(DesktopCase):
@@ -28,7 +27,3 @@ class Survival(DesktopCase):
         orvane = self.start_through_shell('exec "$0" --show <&- >&- 2>&-')
         self.wait_for("window", 10, lambda: "Orvane" in self.client_windows())
         self.assertEqual(orvane.stop(), 0)
-
-
-if __name__ == "__main__":
-    unittest.main()

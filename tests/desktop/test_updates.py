@@ -6,11 +6,10 @@ import os
 import pathlib
 import ssl
 import threading
-import unittest
 
-import desktop_case
-from desktop_case import VERSION
-from window_case import WindowCase
+from tests.desktop import desktop_case
+from tests.desktop.desktop_case import VERSION
+from tests.desktop.window_case import WindowCase
 
 desktop_case.PROGRAM = pathlib.Path(os.environ["ORVANE_FEED_PROGRAM"])
 NEWER = VERSION + ".1"
@@ -54,7 +53,3 @@ class Updates(WindowCase):
         self.wait_for_control(f"What changed in {NEWER}.")
         self.picture("newer")
         self.assertEqual(self.orvane.lines(), [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,6 +1,80 @@
-"""The main window and its menu bar, for the tests that use them."""
+"""Opening the popover and the main window and finding their controls, for the tests that use them."""
 
-from popover_case import PopoverCase
+from tests.desktop.desktop_case import DesktopCase
+
+from tools.desktop.panel import find_item
+
+
+class PopoverCase(DesktopCase):
+    CONTROL = "Settings"  # is there whenever the popover is, and nowhere else
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        # AT-SPI connects once, to the desktop that exists now.
+        from tools.desktop import accessibility
+        cls.seen = accessibility
+
+    def setUp(self):
+        self.orvane = self.start_orvane()
+        self.orvane.wait_for_item()
+        self.item_point = find_item(self.desktop)
+
+    def control(self, name):
+        return self.seen.find(self.orvane.pid, name)
+
+    def wait_for_control(self, name, seconds=5):
+        try:
+            return self.wait_for(name, seconds, lambda: self.control(name))
+        except TimeoutError:
+            self.fail(f"no {name!r} among {self.seen.names(self.orvane.pid)}")
+
+    def wait_until_gone(self, name):
+        self.wait_for(f"end of {name}", 5, lambda: not self.control(name))
+
+    def middle(self, name):
+        """The middle of a control once it stands still."""
+        self.wait_for_control(name)
+        last = []
+
+        def still():
+            node = self.control(name)
+            last.append(self.seen.rectangle(node) if node else None)
+            return len(last) > 1 and last[-1] == last[-2] and last[-1]
+
+        x, y, width, height = self.wait_for(f"still {name}", 5, still)
+        return x + width // 2, y + height // 2
+
+    def click(self, name):
+        self.pointer.click(*self.middle(name))
+
+    def press(self, name):
+        """Through assistive technology."""
+        self.assertTrue(self.seen.press(self.wait_for_control(name)), name)
+
+    def open_popover(self):
+        self.pointer.click(*self.item_point)
+        self.wait_for_control(self.CONTROL)
+        self.wait_for("focus in the popover", 3, self.has_focus)
+
+    def has_focus(self):
+        return any(self.seen.has_state(node, "active") for node in
+                   self.seen.everything(self.orvane.pid) if node.get_role_name() in ("window", "frame"))
+
+    def has_keyboard(self, name):
+        node = self.control(name)
+        return node and self.seen.has_state(node, "focused")
+
+    def tab_to(self, name):
+        """Moves the keyboard to a control, as a user without a mouse would."""
+        self.wait_for_control(name)
+        self.wait_for(f"keyboard on {name}", 10,
+                      lambda: self.has_keyboard(name) or self.pointer.key("Tab"), interval=0.3)
+
+    def close_popover(self):
+        if self.control(self.CONTROL):
+            self.pointer.key("Escape")
+            self.wait_until_gone(self.CONTROL)
 
 
 class WindowCase(PopoverCase):

@@ -18,7 +18,7 @@ def adopt_orphans():
 
 
 def run_alone():
-    """Starts the script again where no other process is to be seen, if the system lets us: what the
+    """Starts the tests again where no other process is to be seen, if the system lets us: what the
     user has running is none of a test's business."""
     if "ORVANE_ALONE" in os.environ:
         return
@@ -28,7 +28,7 @@ def run_alone():
     possible = subprocess.run([*unshare, "true"], stderr=subprocess.DEVNULL, check=False)
     if possible.returncode == 0:
         os.environ["ORVANE_ALONE"] = "1"
-        os.execvp("unshare", [*unshare, sys.executable, *sys.argv])
+        os.execvp("unshare", [*unshare, *sys.orig_argv])
 
 
 def start(command, own_input=subprocess.DEVNULL, **options):
