@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 
 #include "platform/linux/desktop/linux_preferences.h"
@@ -9,7 +8,7 @@
 #include "testing/fake_notification_centre.h"
 #include "testing/fake_preferences.h"
 #include "testing/virtual_time.h"
-#include "tests/unit/test_bus.h"
+#include "tests/unit/test_support.h"
 
 namespace orvane {
 namespace {
@@ -22,10 +21,7 @@ struct LinuxServices {
   InProcessNotificationCentre centre{queue};
   LinuxPreferences preferences{directory.path("orvane.conf")};
 
-  static void advance(Duration duration) {
-    const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(duration);
-    runEventLoopFor(static_cast<int>(milliseconds.count()));
-  }
+  static void advance(Duration duration) { QTest::qWait(qRound(duration.count() * 1000)); }
 };
 
 struct FakeServices {

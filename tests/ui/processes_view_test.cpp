@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "tests/ui/view_case.h"
-#include "tests/unit/test_files.h"
+#include "tests/unit/test_support.h"
 #include "ui/model/process_record.h"
 
 namespace orvane {
@@ -73,9 +73,9 @@ TEST_F(Processes, MovesTheSelectionByKeyAndScrollsToItAwayFromOpenDetails) {
   for (int i = 0; i < 10; ++i) QTest::keyClick(openWindow(), Qt::Key_Down);
   EXPECT_EQ(selectedPid(), 10);
   EXPECT_EQ(highlightedRows(), 1);
-  EXPECT_TRUE(eventually([] { return openWindow() == nullptr; })) << "details of a hidden row";
+  EXPECT_TRUE(waitUntil([] { return openWindow() == nullptr; })) << "details of a hidden row";
   const double end = list.property("contentHeight").toDouble() - list.height();
-  EXPECT_TRUE(eventually([&] { return qAbs(scrolled() - end) < 1; })) << scrolled();
+  EXPECT_TRUE(waitUntil([&] { return qAbs(scrolled() - end) < 1; })) << scrolled();
 }
 
 TEST_F(Processes, TakesTheArrowsFromEveryWindowExactlyWhileOnScreen) {
@@ -144,11 +144,11 @@ TEST_F(Processes, KillsOnlyAfterTheQuestion) {
   pressKey(Qt::Key_Return);
   ASSERT_NE(openWindow(), nullptr);
   QTest::keyClick(openWindow(), Qt::Key_Escape);
-  EXPECT_TRUE(eventually([] { return openWindow() == nullptr; }));
+  EXPECT_TRUE(waitUntil([] { return openWindow() == nullptr; }));
   pressKey(Qt::Key_Return);
   ASSERT_NE(openWindow(), nullptr);
   view_->hide();
-  EXPECT_TRUE(eventually([] { return openWindow() == nullptr; })) << "goes with its window";
+  EXPECT_TRUE(waitUntil([] { return openWindow() == nullptr; })) << "goes with its window";
   EXPECT_TRUE(services_.applications.killed.empty());
   view_->show();
   settle();
@@ -194,10 +194,10 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
   sample();
   ASSERT_EQ(openWindow(), details);
   EXPECT_TRUE(item("historySection", details).isVisible());
-  EXPECT_TRUE(eventually([&] { return details->height() > height; }));
+  EXPECT_TRUE(waitUntil([&] { return details->height() > height; }));
   click(item("reveal", details));
   EXPECT_EQ(shell_.revealed, std::vector<std::string>{"/usr/bin/a1"});
-  EXPECT_TRUE(eventually([] { return openWindow() == nullptr; })) << "the file manager's turn";
+  EXPECT_TRUE(waitUntil([] { return openWindow() == nullptr; })) << "the file manager's turn";
   details = openDetails(1);
   ASSERT_NE(details, nullptr);
   services_.applications.paths.clear();
@@ -206,7 +206,7 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
   EXPECT_FALSE(item("locationSection", details).isVisible());
   EXPECT_FALSE(item("threadSection", details).isVisible());
   const auto middle = [this] { return row(1)->mapToGlobal({0, row(1)->height() / 2}).y(); };
-  EXPECT_TRUE(eventually([&] {
+  EXPECT_TRUE(waitUntil([&] {
     return row(1)->y() > row(2)->y() &&
            qAbs(details->y() + details->height() / 2.0 - middle()) <= 1;
   }));

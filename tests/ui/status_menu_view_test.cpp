@@ -30,7 +30,7 @@ TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
   const int closed = view_->height();
   EXPECT_EQ(find("details"), nullptr);
   press(item("detailsButton"));
-  ASSERT_TRUE(eventually([this] { return item("header").property("expansion") == 1.0; }));
+  ASSERT_TRUE(waitUntil([this] { return item("header").property("expansion") == 1.0; }));
   expectSymbols();
   QVariantList shares;
   std::vector<std::string> texts;
@@ -42,9 +42,9 @@ TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
   EXPECT_EQ(shares, (QVariantList{0.25, 0.375, 0.1875, 0.1875, 0.0625}));
   EXPECT_THAT(texts, testing::ElementsAre("4.0 GB", "6.0 GB", "3.0 GB", "3.0 GB", "1.0 GB"));
   const auto grown = [&] { return view_->height() - closed == item("details").height() - 4; };
-  EXPECT_TRUE(eventually(grown)) << "the window takes the height of its content";
+  EXPECT_TRUE(waitUntil(grown)) << "the window takes the height of its content";
   press(item("detailsButton"));
-  EXPECT_TRUE(eventually([&] { return view_->height() == closed && find("details") == nullptr; }));
+  EXPECT_TRUE(waitUntil([&] { return view_->height() == closed && find("details") == nullptr; }));
 }
 
 TEST_F(StatusMenuViewTest, FiguresAndColoursFollowTheModel) {
@@ -62,7 +62,7 @@ TEST_F(StatusMenuViewTest, FiguresAndColoursFollowTheModel) {
   const int before = view_->height();
   services_.counters.counts.reset();
   sample();
-  EXPECT_TRUE(eventually([&] { return before - view_->height() == 74; })) << "no sample";
+  EXPECT_TRUE(waitUntil([&] { return before - view_->height() == 74; })) << "no sample";
   EXPECT_EQ(find("header"), nullptr);
   EXPECT_TRUE(item("boostButton").isEnabled());
 }
@@ -73,7 +73,7 @@ TEST_F(StatusMenuViewTest, BoostSpinsUntilItEndsAndThenEasesBack) {
   EXPECT_EQ(shell_.boosts, 1);
   EXPECT_FALSE(item("boostButton").isEnabled());
   EXPECT_EQ(text(item("boostButton")), "Boosting...");
-  ASSERT_TRUE(eventually([this] { return item("bolt").scale() > 1.02; }));
+  ASSERT_TRUE(waitUntil([this] { return item("bolt").scale() > 1.02; }));
   EXPECT_GT(item("bolt").rotation(), 10);
   EXPECT_DOUBLE_EQ(item("boostArcs").rotation(), item("bolt").rotation());
   EXPECT_LE(item("bolt").scale(), 1.2);
@@ -86,10 +86,10 @@ TEST_F(StatusMenuViewTest, BoostSpinsUntilItEndsAndThenEasesBack) {
   EXPECT_EQ(shell_.boosts, 1) << "disabled";
 
   services_.time.advance(Duration{2});
-  EXPECT_TRUE(eventually([this] { return find("boostArcs") == nullptr; }));
+  EXPECT_TRUE(waitUntil([this] { return find("boostArcs") == nullptr; }));
   EXPECT_EQ(text(item("boostButton")), "Boost Memory");
   const auto rests = [this] { return item("bolt").rotation() == 0 && item("bolt").scale() == 1; };
-  EXPECT_TRUE(eventually(rests));
+  EXPECT_TRUE(waitUntil(rests));
 }
 
 TEST_F(StatusMenuViewTest, OnlyTheControlUnderThePointerLightsUp) {
@@ -100,7 +100,7 @@ TEST_F(StatusMenuViewTest, OnlyTheControlUnderThePointerLightsUp) {
   };
   for (const auto& lit : {std::pair("gearMenu", "boostButton"), {"boostButton", "gearMenu"}}) {
     QTest::mouseMove(view_, place(item(lit.first)).center().toPoint());
-    EXPECT_TRUE(eventually([&] { return qAbs(light(lit.first) - 0.05) < 0.005; })) << lit.first;
+    EXPECT_TRUE(waitUntil([&] { return qAbs(light(lit.first) - 0.05) < 0.005; })) << lit.first;
     EXPECT_EQ(light(lit.second), 0) << lit.second;
   }
 }

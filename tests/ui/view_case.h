@@ -13,6 +13,7 @@
 #include "platform/linux/files/regular_file.h"
 #include "testing/fake_services.h"
 #include "testing/recording_shell.h"
+#include "tests/unit/test_support.h"
 #include "ui/painted/symbol.h"
 #include "ui/windows/window_controller.h"
 
@@ -53,11 +54,6 @@ class ViewCase : public testing::Test {
   void sample() {
     services_.time.advance(samplingInterval);
     settle();
-  }
-  /// However slow the machine is.
-  template <typename Condition>
-  static bool eventually(Condition condition) {
-    return QTest::qWaitFor(condition, 20000);
   }
 
   /// All items of a name, from the top of the tree, in the order in which they were made.

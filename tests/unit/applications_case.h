@@ -1,7 +1,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <deque>
 #include <filesystem>
 #include <fstream>
@@ -10,13 +15,53 @@
 #include <vector>
 
 #include "platform/linux/applications/linux_applications.h"
+#include "platform/linux/files/file_descriptor.h"
 #include "testing/virtual_time.h"
-#include "tests/unit/child_process.h"
-#include "tests/unit/test_files.h"
+#include "tests/unit/test_support.h"
 
 namespace orvane {
 
 namespace fs = std::filesystem;
+
+/// A program run for a test, in a process group of its own that ends with the object.
+class ChildProcess {
+ public:
+  explicit ChildProcess(std::vector<std::string> arguments) {
+    std::vector<char*> pointers;
+    for (auto& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    pid_ = ::fork();
+    if (pid_ == 0) {
+      ::setpgid(0, 0);
+      ::execvp(pointers[0], pointers.data());
+      ::_exit(127);
+    }
+    ::setpgid(pid_, pid_);
+    pidfd_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0)));
+  }
+  ~ChildProcess() {
+    ::kill(-pid_, SIGKILL);
+    wait();
+  }
+
+  [[nodiscard]] pid_t pid() const { return pid_; }
+
+  /// Waits until it has exited; it stays a zombie.
+  [[nodiscard]] bool hasExited() const {
+    pollfd ended{.fd = pidfd_.get(), .events = POLLIN, .revents = 0};
+    return ::poll(&ended, 1, 20000) == 1;
+  }
+
+  void wait() {
+    if (!waited_) ::waitpid(pid_, nullptr, 0);
+    waited_ = true;
+  }
+
+ private:
+  pid_t pid_ = -1;
+  FileDescriptor pidfd_;
+  bool waited_ = false;
+};
 
 /// Running applications as this machine really has them, with desktop entries of the test's own.
 class LinuxApplicationsTest : public testing::Test {
@@ -83,7 +128,7 @@ class LinuxApplicationsTest : public testing::Test {
   std::optional<RunningApplication> awaitLeader(const std::string& name,
                                                 const std::string& program) {
     std::optional<RunningApplication> application;
-    eventually([&] {
+    (void)waitUntil([&] {
       application = find([&](const auto& each) {
         return each.localizedName == name && each.executablePath == folder_ / program;
       });

@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "platform/linux/files/regular_file.h"
-#include "tests/unit/test_files.h"
+#include "tests/unit/test_support.h"
 
 namespace orvane {
 namespace {

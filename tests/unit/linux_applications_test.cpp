@@ -1,7 +1,8 @@
-// Running applications as this machine really has them.
+// Running applications as this machine really has them, and what those of several processes hold.
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 
@@ -66,13 +67,13 @@ TEST_F(LinuxApplicationsTest, NamesakesAreToldApart) {
   ASSERT_TRUE(awaitLeader(name, "twin"));
   EXPECT_EQ(ledBy(first.pid())->distinction, "");
   const ChildProcess second({program, "601"});
-  ASSERT_TRUE(eventually([&] { return ledBy(second.pid()).has_value(); }));
+  ASSERT_TRUE(waitUntil([&] { return ledBy(second.pid()).has_value(); }));
   EXPECT_EQ(ledBy(first.pid())->distinction, "twin 600");
   EXPECT_EQ(ledBy(second.pid())->distinction, "twin 601");
   const auto other = addProgram("other-twin");
   addEntry("other-twin", other, "Name=" + name + '\n');
   const ChildProcess third({other, "600"});
-  ASSERT_TRUE(eventually([&] { return ledBy(third.pid()).has_value(); }));
+  ASSERT_TRUE(waitUntil([&] { return ledBy(third.pid()).has_value(); }));
   EXPECT_EQ(ledBy(third.pid())->distinction, "other-twin");
   EXPECT_EQ(ledBy(first.pid())->distinction, "twin 600");
 }
@@ -128,7 +129,7 @@ TEST_F(LinuxApplicationsTest, OtherUsersProcessesAreNoApplications) {
   }
   const ChildProcess child(
       {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", "--", program, "600"});
-  ASSERT_TRUE(eventually([&] {
+  ASSERT_TRUE(waitUntil([&] {
     std::error_code error;
     return fs::read_symlink("/proc/" + std::to_string(child.pid()) + "/exe", error) == program;
   }));
@@ -150,14 +151,123 @@ TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
     for (const pid_t pid : {parent.pid(), other.pid()}) {
       std::ofstream(scope / "cgroup.procs") << pid << std::flush;
     }
-    EXPECT_TRUE(eventually([&] {
+    EXPECT_TRUE(waitUntil([&] {
       const auto application = ledBy(parent.pid());
       return application && application->localizedName == "The org.example.My-App" &&
              application->figures.threadCount == 2;
     }));
   }
-  EXPECT_TRUE(eventually([&] { return fs::remove(scope, error); }));
+  EXPECT_TRUE(waitUntil([&] { return fs::remove(scope, error); }));
   fs::remove(slice, error);
+}
+
+constexpr std::uint64_t mebibyte = 1 << 20;
+
+class ProcessTreesTest : public LinuxApplicationsTest {
+ protected:
+  /// MB that the model is told of a new list; none for an application that isn't in it.
+  double figure(pid_t pid) {
+    const auto application = ledBy(pid);
+    const auto bytes = application ? application->figures.residentSize.value() : 0;
+    return static_cast<double>(bytes) / static_cast<double>(mebibyte);
+  }
+
+  static std::vector<pid_t> treeOf(pid_t root) {
+    std::vector<pid_t> processes{root};
+    const std::string self = std::to_string(root);
+    std::ifstream children("/proc/" + self + "/task/" + self + "/children");
+    for (pid_t child = 0; children >> child;) {
+      const auto below = treeOf(child);
+      processes.insert(processes.end(), below.begin(), below.end());
+    }
+    return processes;
+  }
+
+  /// MB that the kernel says the processes hold, by their own parts of what they share.
+  static double proportionalSize(const std::vector<pid_t>& processes) {
+    double sum = 0;
+    for (const pid_t pid : processes) {
+      std::ifstream file("/proc/" + std::to_string(pid) + "/smaps_rollup");
+      for (std::string key; file >> key;) {
+        double kibibytes = 0;
+        if (key == "Pss:" && file >> kibibytes) sum += kibibytes / 1024;
+      }
+    }
+    return sum;
+  }
+  static double proportionalSize(pid_t root) { return proportionalSize(treeOf(root)); }
+};
+
+TEST_F(ProcessTreesTest, FiguresAreTheProportionalSizesHoweverMemoryIsShared) {
+  // Loaded before the workers were forked; shared, each worker filling its part of it.
+  const std::string lines[] = {
+      "block = bytearray(100 << 20)\nblock[::4096] = b'x' * len(block[::4096])\nfork(lambda i: "
+      "None)",
+      "block = mmap.mmap(-1, 160 << 20)\n"
+      "def fill(i):\n"
+      "  for at in range(i * 40 << 20, (i + 1) * 40 << 20, 4096): block[at] = 1\n"
+      "fork(fill)"};
+  const std::string prologue =
+      "import mmap, os, sys, time\n"
+      "def fork(work):\n"
+      "  for i in range(4):\n"
+      "    if os.fork() == 0:\n"
+      "      work(i); os.open(sys.argv[1] + str(i), os.O_CREAT); time.sleep(600)\n";
+  for (const auto& line : lines) {
+    const auto program = addPython("workers");
+    addEntry("workers", program);
+    const auto ready = (folder_ / "ready").string();
+    const ChildProcess child({program, "-c", prologue + line + "\ntime.sleep(600)", ready});
+    ASSERT_TRUE(waitUntil([&] {
+      return fs::exists(ready + "0") && fs::exists(ready + "1") && fs::exists(ready + "2") &&
+             fs::exists(ready + "3");
+    }));
+    const auto used = proportionalSize(child.pid());
+    ASSERT_TRUE(awaitLeader("The workers", "workers"));
+    EXPECT_LT(figure(child.pid()), 1.3 * used) << "before anything was read: " << line;
+    // The machine's other programs may have to be read first.
+    EXPECT_TRUE(waitUntil([&] {
+      time_.runPending();
+      return named("The workers") && std::abs(figure(child.pid()) - used) < 0.1 * used;
+    })) << line
+        << ": " << figure(child.pid()) << " of " << used;
+    for (int i = 0; i < 4; ++i) fs::remove(ready + std::to_string(i));
+    fs::remove(program);
+  }
+}
+
+TEST_F(ProcessTreesTest, AKilledApplicationLeavesNextToNothingBehind) {
+  const auto program = addPython("hog");
+  const auto ready = (folder_ / "hog-ready").string();
+  const auto run = program +
+                   " -c 'import os, time; block = bytearray(60 << 20); "
+                   "block[::4096] = b\"x\" * len(block[::4096]); "
+                   "os.open(\"" +
+                   ready + "\", os.O_CREAT); time.sleep(600)'";
+  const auto script = addScript("late", "sleep 0.2\n" + run + "\n:\n");
+  addEntry("late", script);
+  const std::string runs =
+      "import subprocess, sys; subprocess.run(sys.argv[1] + '; :', shell=True)";
+  const std::pair<std::string, std::vector<std::string>> trees[] = {
+      {"The late", {script}},
+      {"runner", {addPython("runner"), "-c", runs, run}},
+      {"hog", {"timeout", "600", "sh", "-c", run + "; :"}},
+      {"hog", {"bwrap", "--dev-bind", "/", "/", "--unshare-pid", "sh", "-c", run + "; :"}}};
+  for (const auto& [name, command] : trees) {
+    SCOPED_TRACE(command[0]);
+    const pid_t root = runOrphan(command);
+    ASSERT_TRUE(waitUntil([&] { return fs::exists(ready); }));
+    const auto processes = treeOf(root);
+    ASSERT_GE(processes.size(), 2U);
+    const auto application = awaitLeader(name, "hog");
+    ASSERT_TRUE(application);
+    EXPECT_TRUE(std::count(processes.begin(), processes.end(), application->processIdentifier));
+    EXPECT_EQ(application->figures.threadCount, processes.size());
+    const double before = proportionalSize(processes);
+    application->handle->kill();
+    EXPECT_TRUE(waitUntil([&] { return proportionalSize(processes) <= 0.1 * before; }));
+    fs::remove(ready);
+  }
 }
 
 }  // namespace

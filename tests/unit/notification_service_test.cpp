@@ -56,7 +56,6 @@ class NotificationServiceTest : public testing::Test {
   }
 
   TestBus daemon_;
-  ScopedEnvironment address_{"DBUS_SESSION_BUS_ADDRESS", daemon_.address()};
   SessionBus bus_{nullptr, {std::chrono::milliseconds(20), std::chrono::milliseconds(2000)}};
   LinuxNotificationService service_{bus_, [] { return false; }};
 };
@@ -96,7 +95,7 @@ TEST_F(NotificationServiceTest, aBusThatGoesAwayEndsWhatWasAsked) {
   service_.add({"id", {"t", "b", true}}, [&](const Error& error) { answers.push_back(error); });
   daemon_.kill();
   EXPECT_TRUE(waitUntil([&] { return !answers.empty(); }));
-  runEventLoopFor(50);
+  QTest::qWait(50);
   EXPECT_THAT(answers, testing::ElementsAre(testing::Ne(std::nullopt)));
 }
 

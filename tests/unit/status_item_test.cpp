@@ -105,7 +105,6 @@ class StatusItemTest : public testing::Test {
   }
 
   TestBus bus_;
-  ScopedEnvironment address_{"DBUS_SESSION_BUS_ADDRESS", bus_.address()};
   ScopedEnvironment runtime_{"XDG_RUNTIME_DIR", std::nullopt};
   bool checked_ = false;
   std::string figure_ = "20%";
@@ -137,17 +136,17 @@ TEST_F(StatusItemTest, ShowsItsStateToThePanelAndTellsItOfClicks) {
   EXPECT_TRUE(waitUntil([&] { return clicked == std::vector{1200, 14, 7, 8}; }));
   for (int i = 0; i < 2000; ++i) click(0, 0);
   panel.property("Id");
-  runEventLoopFor(20);
+  QTest::qWait(20);
   EXPECT_LT(clicked.size(), 1000U) << "of a flood most are dropped";
 }
 
 TEST_F(StatusItemTest, RegistersWithLateRestartedAndHesitantPanels) {
-  runEventLoopFor(50);
+  QTest::qWait(50);
   auto panel = std::make_unique<FakePanel>(bus_);
   EXPECT_TRUE(waitUntil([&] { return item_->isShown(); }));
   panel.reset();
   FakePanel successor(bus_, 1, false);
-  runEventLoopFor(100);
+  QTest::qWait(100);
   EXPECT_FALSE(item_->isShown()) << "a list that nobody shows";
   successor.showsItems = true;
   Q_EMIT successor.StatusNotifierHostRegistered();

@@ -19,14 +19,14 @@ class Desktop {
     const std::string display = files_.path("display"), managed = files_.path("managed");
     server_.emplace(std::vector<std::string>{
         "sh", "-c", "exec Xvfb -displayfd 3 -nolisten tcp -screen 0 800x600x24 3> " + display});
-    EXPECT_TRUE(eventually([&] { return readFile(display).ends_with('\n'); }));
+    EXPECT_TRUE(waitUntil([&] { return readFile(display).ends_with('\n'); }));
     const std::string number = readFile(display);
     ::setenv("DISPLAY", (":" + number.substr(0, number.find('\n'))).c_str(), 1);
     ::setenv("QT_QPA_PLATFORM", "xcb", 1);
     ::setenv("LC_ALL", "C.UTF-8", 1);
     // Windows shown while the window manager starts can stay unmanaged.
     manager_.emplace(std::vector<std::string>{"openbox", "--startup", "touch " + managed});
-    EXPECT_TRUE(eventually([&] { return fs::exists(managed); }));
+    EXPECT_TRUE(waitUntil([&] { return fs::exists(managed); }));
     qt_.emplace(count_, name_.data());
   }
 
@@ -64,7 +64,7 @@ TEST_F(X11ApplicationsTest, ProgramsAreNamedByTheirEntriesElseByTheirWindows) {
                   {strange.pid(), "Strange", {}}};
   for (const auto& [pid, name, icon] : expected) {
     std::optional<RunningApplication> found;
-    ASSERT_TRUE(eventually([&, id = pid] {
+    ASSERT_TRUE(waitUntil([&, id = pid] {
       QCoreApplication::processEvents();
       found = ledBy(id);
       return found && found->activationPolicy == ActivationPolicy::regular;
@@ -89,7 +89,7 @@ TEST_F(X11ApplicationsTest, TellsWindowsFromPartsOfTheDesktop) {
   };
   const ChildProcess first(terminal("ordinary"));
   const ChildProcess second(terminal("panel"));
-  ASSERT_TRUE(eventually([&] { return has(windows, "ordinary") && has(windows, "panel"); }));
+  ASSERT_TRUE(waitUntil([&] { return has(windows, "ordinary") && has(windows, "panel"); }));
   EXPECT_EQ(windows.windows().front().className, "XTerm");
   for (int i = 0; i < 3; ++i) has(windows, "");
   EXPECT_FALSE(windows.update()) << "nothing changed";
@@ -98,17 +98,17 @@ TEST_F(X11ApplicationsTest, TellsWindowsFromPartsOfTheDesktop) {
                            "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"});
   ASSERT_TRUE(dock.hasExited());
   X11Windows later(x11Connection());
-  ASSERT_TRUE(eventually([&] { return has(later, "ordinary"); }));
+  ASSERT_TRUE(waitUntil([&] { return has(later, "ordinary"); }));
   ASSERT_TRUE(has(later, "panel"));
   for (const auto& window : later.windows()) {
     EXPECT_EQ(window.isDesktopPart, window.instance != "ordinary");
   }
   // What runs in an ordinary terminal is a part of it; what a panel starts is not.
   EXPECT_TRUE(
-      eventually([&] { return threadsOf(first.pid()) == 2 && threadsOf(second.pid()) == 1; }));
+      waitUntil([&] { return threadsOf(first.pid()) == 2 && threadsOf(second.pid()) == 1; }));
 
   ::kill(second.pid(), SIGKILL);
-  EXPECT_TRUE(eventually([&] { return !has(windows, "panel"); }));
+  EXPECT_TRUE(waitUntil([&] { return !has(windows, "panel"); }));
   EXPECT_FALSE(X11Windows(nullptr).update());
 }
 

@@ -1,16 +1,22 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <iterator>
 #include <latch>
+#include <string>
 #include <thread>
 #include <vector>
 
+#include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/runtime/linux_background_queue.h"
 #include "platform/linux/runtime/linux_dispatch.h"
-#include "tests/unit/test_bus.h"
+#include "platform/linux/runtime/linux_standard_output.h"
+#include "tests/unit/test_support.h"
 
 namespace orvane {
 namespace {
@@ -41,7 +47,7 @@ TEST(MainQueue, itsEndDropsWhatIsPending) {
     queue.async(block);
     for (const double seconds : {0.001, 600.0}) queue.after(Duration{seconds}, block);
   }
-  runEventLoopFor(10);
+  QTest::qWait(10);
   EXPECT_FALSE(ran);
   EXPECT_EQ(held.use_count(), 1) << "and releases what the blocks held";
 }
@@ -85,6 +91,26 @@ TEST(BackgroundQueue, itsEndWakesSleepersWaitsForThemAndDropsTheRest) {
   }
   EXPECT_EQ(finished, 2);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(1));
+}
+
+struct Pipe {
+  std::array<int, 2> ends{};
+  const int failure = ::pipe2(ends.data(), O_CLOEXEC);
+  FileDescriptor reader{ends[0]}, writer{ends[1]};
+};
+
+TEST(StandardOutput, printsOneLineAndSurvivesReadersThatLeftOrStandStill) {
+  Pipe pipe;
+  LinuxStandardOutput(pipe.writer.get()).printLine("two\nlines\r\033\177");
+  std::array<char, 100> buffer{};
+  const ssize_t count = ::read(pipe.reader.get(), buffer.data(), buffer.size());
+  EXPECT_EQ(std::string_view(buffer.data(), static_cast<std::size_t>(count)), "two lines   \n");
+  Pipe left;
+  left.reader = FileDescriptor();
+  LinuxStandardOutput(left.writer.get()).printLine("nobody listens: must not end the program");
+  Pipe stuck;
+  LinuxStandardOutput full(stuck.writer.get());
+  for (int i = 0; i < 2000; ++i) full.printLine(std::string(100, 'x'));  // must not wait
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QtCore/qtestsupport_core.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QtCore/QByteArray>
 #include <QtCore/QTemporaryDir>
 #include <chrono>
 #include <cstdlib>
@@ -18,6 +18,12 @@
 #include <string_view>
 
 namespace orvane {
+
+/// Runs the event loop until `condition` holds; false when it doesn't, however slow the machine is.
+template <typename Condition>
+bool waitUntil(Condition condition) {
+  return QTest::qWaitFor(condition, 20000);
+}
 
 /// A directory of its own for one test.
 class TestDirectory {
@@ -46,9 +52,8 @@ inline std::string makePipe(const std::string& path) {
 /// Runs `work` beside the test. False when it waits for something of `obstacle`, a pipe or a
 /// folder, which is removed then so that it ends all the same.
 inline bool endsDespite(const std::string& obstacle, const std::function<void()>& work) {
-  using namespace std::chrono_literals;
   const auto ended = std::async(std::launch::async, work);
-  if (ended.wait_for(10s) == std::future_status::ready) return true;
+  if (ended.wait_for(std::chrono::seconds(10)) == std::future_status::ready) return true;
   const int writer = ::open(obstacle.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
   std::filesystem::remove(obstacle);
   if (writer >= 0) ::close(writer);
@@ -65,10 +70,6 @@ inline std::string testData(const std::string& name) {
   return readFile(ORVANE_TEST_DATA "/" + name);
 }
 
-inline QByteArray appcast(const std::string& name) {
-  return QByteArray::fromStdString(testData("appcasts/" + name));
-}
-
 /// Sets (or, with none, removes) an environment variable until the end of the scope.
 class ScopedEnvironment {
  public:
@@ -76,9 +77,8 @@ class ScopedEnvironment {
     if (const char* previous = std::getenv(name)) previous_ = previous;
     assign(value);
   }
-  ScopedEnvironment(const ScopedEnvironment&) = delete;
-  ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
   ~ScopedEnvironment() { assign(previous_); }
+  Q_DISABLE_COPY_MOVE(ScopedEnvironment)
 
  private:
   void assign(const std::optional<std::string>& value) const {

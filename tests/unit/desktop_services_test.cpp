@@ -1,0 +1,226 @@
+#include <gio/gdesktopappinfo.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+#include "platform/linux/bus/session_bus.h"
+#include "platform/linux/desktop/linux_desktop_opener.h"
+#include "platform/linux/desktop/linux_login_item.h"
+#include "platform/linux/desktop/linux_preferences.h"
+#include "platform/linux/memory/linux_memory_claims.h"
+#include "platform/linux/runtime/linux_standard_output.h"
+#include "tests/unit/test_bus.h"
+
+namespace orvane {
+namespace {
+
+using namespace std::string_literals;
+
+class PreferencesTest : public testing::Test {
+ protected:
+  std::string write(const std::string& name, const std::string& content) {
+    return directory_.write(name, content);
+  }
+  /// Stores a mode; it holds for this run whatever becomes of the file.
+  static void storeMode(const std::string& path) {
+    LinuxPreferences preferences(path);
+    preferences.setText("processSortMode", "average");
+    EXPECT_EQ(preferences.text("processSortMode"), "average") << path;
+    QTest::qWait(20);
+  }
+  static std::optional<std::string> storedMode(const std::string& path) {
+    return LinuxPreferences(path).text("processSortMode");
+  }
+
+  TestDirectory directory_;
+  const std::string good_ = "[General]\nkept=yes\n\n[other]\nkey=1\n";
+};
+
+TEST_F(PreferencesTest, SurviveTheProgramAndKeepForeignKeys) {
+  const std::string path = write("o.conf", good_);
+  LinuxPreferences(path).setBoolean("launchAtLogin", true);
+  EXPECT_NE(readFile(path).find("launchAtLogin=true"), std::string::npos) << "written at once";
+  storeMode(path);
+  EXPECT_EQ(storedMode(path), "average");
+  EXPECT_EQ(LinuxPreferences(path).boolean("launchAtLogin"), true);
+  EXPECT_EQ(LinuxPreferences(path).text("kept"), "yes");
+  EXPECT_NE(readFile(path).find("[other]\nkey=1"), std::string::npos);
+}
+
+TEST_F(PreferencesTest, OfAnotherKindReadAsNone) {
+  const LinuxPreferences preferences(
+      write("o.conf", "[General]\na=1\nb=TRUE\nc=\nd=one, two\ne=@Variant(\\0)\nf=@Size(1 2)\n"));
+  for (const char* key : {"a", "b", "c", "d", "e", "f", "absent"}) {
+    EXPECT_EQ(preferences.boolean(key), std::nullopt) << key;
+  }
+  for (const char* key : {"d", "f", "absent"}) EXPECT_EQ(preferences.text(key), std::nullopt);
+}
+
+TEST_F(PreferencesTest, KeepACorruptFileBesideTheNewOneOrLeaveItAlone) {
+  for (const std::string& content : {"[General]\nlaunchAtLogin=true\nnonsense without equals\n"s,
+                                     "[General]\na=b\n\0\0\0\0"s, "\x89PNG\r\n\x1a\n\0\0"s}) {
+    const TestDirectory folder;  // the library remembers files that it has read
+    const std::string path = folder.write("o.conf", content);
+    const std::string blocked = folder.write("blocked.conf", content);
+    folder.write("blocked.conf.corrupt/in-the-way", "x");
+    for (const std::string& each : {path, blocked}) storeMode(each);
+    EXPECT_EQ(readFile(path + ".corrupt"), content);
+    EXPECT_EQ(storedMode(path), "average");
+    EXPECT_EQ(readFile(blocked), content) << "it can't be kept";
+  }
+  const std::string file = write("file", "x");
+  storeMode(file + "/o.conf");
+  EXPECT_EQ(readFile(file), "x");
+  const std::string huge = write("huge.conf", good_ + std::string(1 << 20, '\n'));
+  storeMode(huge);
+  EXPECT_EQ(readFile(huge).find("average"), std::string::npos);
+}
+
+TEST_F(PreferencesTest, WaitForNobodyWhateverIsInTheWay) {
+  const std::string pipe = makePipe(directory_.path("pipe.conf"));
+  const std::string locked = write("locked.conf", good_);
+  const std::string lock = makePipe(locked + ".lock");
+  const std::string shut = write("shut.conf", good_);
+  const std::string folder = shut + ".lock";
+  std::filesystem::create_directory(folder);
+  const std::string taken = write("taken.conf", good_);
+  const std::string other = write("taken.conf.lock", "1\norvane\nanother host\n");
+  const std::string stale = write("stale.conf", good_);
+  write("stale.conf.lock", "0\n");
+  const std::string removal = makePipe(stale + ".lock.rmlock");
+  for (const auto& [path, obstacle] :
+       {std::pair(pipe, pipe), {locked, lock}, {shut, folder}, {taken, other}, {stale, removal}}) {
+    EXPECT_TRUE(endsDespite(obstacle, [&path = path] { storeMode(path); })) << path;
+  }
+  EXPECT_EQ(readFile(locked), good_);
+  LinuxPreferences preferences(locked);
+  preferences.setText("processSortMode", "average");
+  std::filesystem::remove(lock);
+  preferences.setBoolean("launchAtLogin", true);
+  EXPECT_EQ(storedMode(locked), "average") << "once it is gone";
+}
+
+TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
+  const TestDirectory directory;
+  for (const char* name : {"plain", "with space", "d$ol\"lar`s\\back", "ümläut'"}) {
+    const std::string program = directory.write(name, "#!/bin/sh\n: > \"$0.started\"\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    LinuxLoginItem item(program, directory.path("autostart"));
+    ASSERT_EQ(item.registerItem(), std::nullopt);
+
+    const std::unique_ptr<GDesktopAppInfo, decltype(&g_object_unref)> entry(
+        g_desktop_app_info_new_from_filename(directory.path("autostart/orvane.desktop").c_str()),
+        g_object_unref);
+    ASSERT_TRUE(entry) << name;
+    ASSERT_TRUE(g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, nullptr)) << name;
+    EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(program + ".started"); })) << name;
+  }
+  EXPECT_NE(autostartEntry("/p%f").find("TryExec=/p%f\nExec=\"/p%%f\"\n"), std::string::npos)
+      << "no field code, and no start of a program that is gone";
+}
+
+TEST(LoginItem, registersAsOftenAsAskedAndUnregistersOnce) {
+  const TestDirectory directory;
+  LinuxLoginItem item("/usr/bin/orvane", directory.path("autostart"));
+  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
+  for (const int time : {1, 2}) EXPECT_EQ(item.registerItem(), std::nullopt) << time;
+  EXPECT_EQ(item.unregisterItem(), std::nullopt);
+  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
+}
+
+TEST(LoginItem, theEntryIsReplacedWholeAlsoThroughASymbolicLink) {
+  const TestDirectory directory;
+  const std::string kept = directory.write("kept.desktop", "old");
+  std::filesystem::create_directory(directory.path("autostart"));
+  std::filesystem::create_symlink(kept, directory.path("autostart/orvane.desktop"));
+  std::ifstream reader(kept);
+  LinuxLoginItem item("/usr/bin/orvane", directory.path("autostart"));
+  ASSERT_EQ(item.registerItem(), std::nullopt);
+  const std::string left = directory.write("autostart/orvane.desktop.aBcDeF", "[Desktop Ent");
+  const std::string own =
+      directory.write("autostart/orvane.desktop.backup", "[Desktop Entry]\nMine");
+  const LinuxLoginItem next("/usr/bin/orvane", directory.path("autostart"));
+  EXPECT_FALSE(std::filesystem::exists(left)) << "of a write that was killed";
+  EXPECT_TRUE(std::filesystem::exists(own));
+  EXPECT_EQ(readFile(kept), autostartEntry("/usr/bin/orvane"));
+  std::ostringstream held;
+  held << reader.rdbuf();
+  EXPECT_EQ(held.str(), "old") << "written into, not replaced";
+}
+
+/// An empty desktop whose xdg-open writes down what it is called with.
+class DesktopOpener : public ::testing::Test {
+ protected:
+  DesktopOpener() {
+    std::ofstream(file("xdg-open"))
+        << "#!/bin/sh\nprintf '%s|' \"$@\" \"$(ulimit -n)\" \"$(cat /proc/self/oom_score_adj)\" "
+           "\"$PWD\" \"$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 | uniq)\" "
+           "\"$((0x$(sed -n 's/^SigIgn:.//p' /proc/$$/status) & 0x1000))\" > "
+        << file("part") << "\nmv " << file("part") << ' ' << file("opened") << "\necho noise\n";
+    std::filesystem::permissions(file("xdg-open"), std::filesystem::perms::owner_all);
+  }
+
+  [[nodiscard]] std::string file(const std::string& name) const { return directory_.path(name); }
+
+  std::string opened() {
+    EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(file("opened")); }));
+    std::string line = readFile(file("opened"));
+    std::filesystem::remove(file("opened"));
+    return line;
+  }
+
+  TestDirectory directory_;
+  ScopedEnvironment path_{"PATH",
+                          directory_.path() + ":" + qEnvironmentVariable("PATH").toStdString()};
+};
+
+TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
+  rlimit limit{};
+  getrlimit(RLIMIT_NOFILE, &limit);
+  const std::string before = std::to_string(limit.rlim_cur);
+  std::string adjustment = readFile("/proc/self/oom_score_adj");
+  adjustment.pop_back();
+  SessionBus bus;
+  LinuxDesktopOpener opener(bus);
+  limit.rlim_cur -= 10;
+  setrlimit(RLIMIT_NOFILE, &limit);
+  const LinuxStandardOutput ignoresBrokenPipes;
+  LinuxMemoryClaims claims;
+  auto claim = claims.claim(1024);  // as during a boost
+  const std::string mail = "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)";
+  for (const std::string& url : {std::string("--help"), std::string("https://a b"), mail}) {
+    opener.openUrl(url);
+  }
+  EXPECT_EQ(opened(), mail + "|" + before + "|" + adjustment + "|" +
+                          std::filesystem::current_path().string() + "|/dev/null|0|");
+  limit.rlim_cur += 10;
+  setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+TEST_F(DesktopOpener, OpensTheFolderWhereNoFileManagerAnswers) {
+  EXPECT_EQ(fileAddress("/a b/#1?%/\xff\xc3\xa9~"), "file:///a%20b/%231%3F%25/%FF%C3%A9~");
+  const TestBus daemon;
+  SessionBus bus;
+  LinuxDesktopOpener opener(bus);
+  const std::string program = directory_.write("a program", "x");
+  const std::string folder = "file://" + directory_.path();
+  opener.revealFile(program);
+  EXPECT_TRUE(opened().starts_with(folder)) << "no bus yet";
+  bus.start();
+  ASSERT_TRUE(waitUntil([&] { return bus.isConnected(); }));
+  opener.revealFile(program);
+  EXPECT_TRUE(opened().starts_with(folder)) << "nobody on it";
+  for (const auto& path : {file("missing/program"), std::string("relative"), file("missing")}) {
+    opener.revealFile(path);
+  }
+  EXPECT_TRUE(opened().starts_with(folder)) << "only the folder that exists";
+}
+
+}  // namespace
+}  // namespace orvane
