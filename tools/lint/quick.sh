@@ -19,7 +19,7 @@ say "translations"
 /usr/bin/python3 tools/lint/check_translations.py
 
 say "shell scripts"
-shellcheck dev .ci/run tools/lint/*.sh bench/program/*.sh
+shellcheck dev .ci/run tools/lint/*.sh packaging/*.sh bench/program/*.sh
 
 say "desktop entry"
 desktop-file-validate packaging/orvane.desktop

@@ -1,0 +1,75 @@
+"""The Debian package in a bare system: installed with what it depends on alone, started from its menu
+entry, removed again. Needs root, mmdebstrap and the network; ORVANE_PACKAGE and ORVANE_SUITE say which.
+"""
+
+import os
+import pathlib
+import re
+import shlex
+import subprocess
+import tempfile
+
+from tests.desktop.desktop_case import DesktopCase, Orvane, wait_for
+from tools.desktop.orvane import in_mount_namespace
+
+PACKAGE, SUITE = pathlib.Path(os.environ["ORVANE_PACKAGE"]), os.environ["ORVANE_SUITE"]
+# What package management itself keeps, and the caches of the libraries that came along.
+KEPT = re.compile(r"/(var/(cache|log|lib/(apt|dpkg|systemd))/|etc/ld\.so\.cache|run/|tmp/|root/)")
+
+
+class Package(DesktopCase):
+    def inside(self, *command):
+        """The command as it runs in the bare system, on this desktop."""
+        mounts = [["-t", "proc", "proc", f"{self.root}/proc"], ["--rbind", "/dev", f"{self.root}/dev"],
+                  ["--bind", "/etc/resolv.conf", f"{self.root}/etc/resolv.conf"],
+                  ["--mkdir", "--bind", str(self.desktop.folder), f"{self.root}{self.desktop.folder}"]]
+        return in_mount_namespace(mounts, ["chroot", str(self.root), *command])
+
+    def apt(self, *arguments):
+        done = subprocess.run(
+            self.inside("env", "DEBIAN_FRONTEND=noninteractive", "apt-get", "-y", "-q",
+                        "--no-install-recommends", *arguments),
+            stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+
+    def files(self):
+        found = subprocess.check_output(["find", ".", "-xdev"], cwd=self.root, text=True).splitlines()
+        return {name[1:] for name in found if not KEPT.match(name[1:])}
+
+    def start_from_menu(self, errors):
+        entry = (self.root / "usr/share/applications/orvane.desktop").read_text()
+        starter = self.desktop.folder / "starter"
+        command = "exec " + re.search("^Exec=(.*)$", entry, re.MULTILINE)[1]
+        starter.write_text(f"#!/bin/sh\nexec {shlex.join(self.inside('sh', '-c', command))}\n")
+        starter.chmod(0o755)
+        orvane = Orvane(self.desktop, starter, self.session, first_launch=True, errors=errors)
+        self.addCleanup(orvane.stop)
+        return orvane
+
+    def test_installs_starts_and_leaves_nothing(self):
+        folder = tempfile.TemporaryDirectory(prefix="orvane-package-")
+        self.addCleanup(folder.cleanup)
+        self.root = pathlib.Path(folder.name) / "root"
+        subprocess.run(["mmdebstrap", "--quiet", "--variant=apt", "--dpkgopt=force-unsafe-io", SUITE,
+                        str(self.root)], check=True)
+        bare = self.files()
+        (self.root / "tmp/orvane.deb").write_bytes(PACKAGE.read_bytes())
+        self.apt("update")
+        self.apt("install", "/tmp/orvane.deb")
+        icon = self.root / "usr/share/icons/hicolor/256x256/apps/orvane.png"
+        self.assertTrue(icon.read_bytes().startswith(b"\x89PNG"))
+
+        with open(self.desktop.folder / "errors", "w+") as errors:
+            orvane = self.start_from_menu(errors)
+            self.assertIsNotNone(orvane.wait_for_item(20).percentage())
+            wait_for("main window", 20, lambda: "Orvane" in self.client_windows())
+            wait_for("its drawing", 10, lambda: self.desktop.screen.colours(500, 200, 280, 280) > 20)
+            self.picture("window-" + SUITE)
+            self.assertEqual(orvane.stop(), 0)
+            errors.seek(0)
+            self.assertEqual(errors.read(), "")
+        self.assertIn("hasLaunchedBefore", orvane.preferences())
+
+        self.apt("purge", "--autoremove", "orvane")
+        self.assertEqual(self.files() - bare, set())
+        self.assertTrue(orvane.preferences())
