@@ -107,7 +107,11 @@ void AppDelegate::setupStatusItem() {
       if (const auto self = weak.lock()) self->togglePopover(item);
     });
     statusItem_->setHostChanged([weak] {
-      if (const auto self = weak.lock()) self->updateStatusIcon(self->isBoosting_);
+      const auto self = weak.lock();
+      if (!self) return;
+      self->panelScheme_ = self->services_.panelScheme();
+      self->ticksOfPanel_ = 0;
+      self->updateStatusIcon(self->isBoosting_);
     });
     statusItem_->setMenu(menuEntries());
   }
@@ -128,25 +132,28 @@ void AppDelegate::updateStatusTitle() {
                                  {percentText(*percent)}),
                           "Orvane");
   statusItem_->refreshMenu();
-  redrawNumber(*percent);
+  refreshIcon(*percent);
+}
+
+void AppDelegate::refreshIcon(int percent) {
+  const bool showsNumber = !isBoosting_ && !statusItem_->hostDrawsLabel();
+  const bool isNewNumber = std::exchange(shownPercent_, percent) != percent && showsNumber;
+  const bool isDue = ticksOfPanel_++ % panelSchemeTicks == 0;
+  const auto panel = isDue ? services_.panelScheme() : panelScheme_;
+  if (std::exchange(panelScheme_, panel) != panel || isNewNumber) updateStatusIcon(isBoosting_);
 }
 
 /// Panels that draw no label get the number as the icon.
-void AppDelegate::redrawNumber(int percent) {
-  const bool changed = std::exchange(shownPercent_, percent) != percent;
-  if (changed && !isBoosting_ && !statusItem_->hostDrawsLabel())
-    statusItem_->setIcon(restingIcon());
-}
-
 std::vector<IconPixmap> AppDelegate::restingIcon() const {
   const bool needsNumber = shownPercent_ && !statusItem_->hostDrawsLabel();
-  return needsNumber ? services_.icons.percentage(*shownPercent_) : services_.icons.normal();
+  return needsNumber ? services_.icons.percentage(*shownPercent_, panelScheme_)
+                     : services_.icons.normal(panelScheme_);
 }
 
 void AppDelegate::updateStatusIcon(bool boosting) {
   isBoosting_ = boosting;
   if (!statusItem_) return;
-  auto icon = boosting ? services_.icons.boosting() : restingIcon();
+  auto icon = boosting ? services_.icons.boosting(panelScheme_) : restingIcon();
   if (boosting || !icon.empty()) statusItem_->setIcon(std::move(icon));
 }
 

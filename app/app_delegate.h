@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,6 +22,8 @@ inline constexpr Duration statusTitleInterval{5.0};
 /// How long a panel may take for the item, before the main window is shown instead.
 inline constexpr Duration panelPatience{10.0};
 inline constexpr Duration restartDelay{0.3};
+/// Of the title's timer, from one question for the panel's colours to the next.
+inline constexpr int panelSchemeTicks = 12;
 
 inline constexpr const char* hasLaunchedBeforeKey = "hasLaunchedBefore";
 inline constexpr const char* mainWindowVisibleKey = "mainWindowVisible";
@@ -36,6 +39,11 @@ struct AppServices {
   DesktopOpener& desktop;
   WindowLoader loadWindows;
   const StatusIcons& icons;
+  /// Whether the panel is light or dark, as far as the desktop tells. Asked when an item gets a
+  /// panel, at the next tick, when that is painted, and once a minute from then on.
+  std::function<std::optional<ColorScheme>()> panelScheme = [] {
+    return std::optional<ColorScheme>();
+  };
   std::string supportAddress;
 };
 
@@ -102,7 +110,8 @@ class AppDelegate : public NotificationDelegate,
   void showMainWindowAtLaunch();
   void showMainWindowWithoutPanel();
   void observeBoost();
-  void redrawNumber(int percent);
+  /// Draws the icon anew where the number or the panel looks different now.
+  void refreshIcon(int percent);
   [[nodiscard]] std::vector<IconPixmap> restingIcon() const;
   [[nodiscard]] bool preference(const char* key) const;
   [[nodiscard]] std::vector<StatusItemMenuEntry> menuEntries();
@@ -120,6 +129,8 @@ class AppDelegate : public NotificationDelegate,
 
   std::unique_ptr<RepeatingTimer> titleTimer_;
   std::optional<int> shownPercent_;
+  std::optional<ColorScheme> panelScheme_;
+  int ticksOfPanel_ = 0;  ///< since the panel became another one
   bool isBoosting_ = false;
 };
 

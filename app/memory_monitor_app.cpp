@@ -31,6 +31,7 @@
 #include "platform/linux/runtime/linux_standard_output.h"
 #include "platform/linux/runtime/termination_signals.h"
 #include "platform/linux/status_item/linux_status_bar.h"
+#include "platform/linux/x11/x11_panels.h"
 
 namespace orvane {
 namespace {
@@ -143,6 +144,7 @@ AppServices MemoryMonitorApp::Services::forDelegate() {
                     shell, manager);
               },
           .icons = icons,
+          .panelScheme = x11PanelScheme,
           .supportAddress = std::string(supportAddress)};
 }
 

@@ -17,9 +17,19 @@ namespace {
 
 constexpr std::array<int, 6> iconSizes = {16, 22, 24, 32, 44, 48};
 
-const QColor badgeColor(38, 40, 46);
-const QColor hairlineColor(255, 255, 255, 96);
-const QColor drawingColor(255, 255, 255);
+/// What a picture is drawn in.
+struct BadgeColors {
+  QColor ground;
+  QColor hairline;  ///< inside the border
+  QColor drawing;
+};
+
+BadgeColors badgeColors(std::optional<ColorScheme> panel) {
+  const QColor dark(38, 40, 46);
+  const QColor light(226, 228, 233);
+  if (panel == ColorScheme::dark) return {light, light, dark};
+  return {dark, panel ? dark : QColor(255, 255, 255, 96), QColor(255, 255, 255)};
+}
 
 IconPixmap pixmapOf(const QImage& image) {
   IconPixmap pixmap{.width = image.width(), .height = image.height(), .pixels = {}};
@@ -56,15 +66,16 @@ std::vector<IconPixmap> inAllSizes(const Drawing& draw) {
   return icon;
 }
 
-/// The dark ground that makes a light drawing stand out on any panel. The hairline lies inside it.
-void drawBadge(QPainter& painter, int size) {
+/// The ground that makes the drawing stand out on the panel.
+void drawBadge(QPainter& painter, int size, const BadgeColors& colors) {
   const double line = std::max(1.0, std::round(size / 22.0));
   const QRectF outer(0, 0, size, size);
   const double radius = size * 0.23;
   painter.setPen(Qt::NoPen);
-  painter.setBrush(badgeColor);
+  painter.setBrush(colors.ground);
   painter.drawRoundedRect(outer, radius, radius);
-  painter.setPen(QPen(hairlineColor, line));
+  if (colors.hairline == colors.ground) return;
+  painter.setPen(QPen(colors.hairline, line));
   painter.setBrush(Qt::NoBrush);
   const double inset = line / 2;
   painter.drawRoundedRect(outer.adjusted(inset, inset, -inset, -inset), radius - inset,
@@ -72,10 +83,10 @@ void drawBadge(QPainter& painter, int size) {
 }
 
 /// A drawing of one colour on the badge.
-std::vector<IconPixmap> drawnIcon(const QString& resource) {
+std::vector<IconPixmap> drawnIcon(const QString& resource, const BadgeColors& colors) {
   QSvgRenderer renderer(resource);
-  return inAllSizes([&renderer](QPainter& painter, int size) {
-    drawBadge(painter, size);
+  return inAllSizes([&renderer, &colors](QPainter& painter, int size) {
+    drawBadge(painter, size, colors);
     if (!renderer.isValid()) return;
     QImage drawing(size, size, QImage::Format_ARGB32_Premultiplied);
     drawing.fill(Qt::transparent);
@@ -83,70 +94,76 @@ std::vector<IconPixmap> drawnIcon(const QString& resource) {
     const double margin = std::round(size / 11.0);
     renderer.render(&inner, QRectF(margin, margin, size - 2 * margin, size - 2 * margin));
     inner.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    inner.fillRect(drawing.rect(), drawingColor);
+    inner.fillRect(drawing.rect(), colors.drawing);
     inner.end();
     painter.drawImage(0, 0, drawing);
   });
 }
 
-/// Where the digits go, in whole pixels.
+/// Where the digits go, in whole pixels; the widths and gaps of a number come to an even sum, as
+/// the sizes are, so that it stands in the middle.
 struct NumberLayout {
+  int size;
   double stroke;
   double height;
-  double digitWidth;
-  double oneWidth;
-  double gap;
+  std::array<double, 3> digitWidth;  ///< in numbers of one, two and three digits
+  std::array<double, 3> gap;
+  double firstOfThree;  ///< width of the 1 in 100
 };
 
-NumberLayout numberLayout(int size, int digits) {
-  const double unit = size / 22.0;
-  const double stroke = std::max(2.0, std::round(2 * unit));
-  const bool narrow = digits > 2;
-  return {.stroke = stroke,
-          .height = std::round(13 * unit),
-          .digitWidth = std::round((narrow ? 6.4 : 8) * unit),
-          .oneWidth = std::round((size < 22 ? 2.6 : 3.6) * unit),
-          .gap = std::max(1.0, std::round((narrow ? 1 : 2) * unit))};
-}
+constexpr std::array<NumberLayout, 6> numberLayouts = {{
+    {16, 2, 10, {6, 5, 5}, {0, 2, 1}, 2},
+    {22, 2, 14, {8, 7, 6}, {0, 2, 1}, 4},
+    {24, 2, 14, {8, 8, 6}, {0, 2, 1}, 4},
+    {32, 3, 18, {12, 10, 9}, {0, 2, 1}, 4},
+    {44, 4, 28, {16, 14, 12}, {0, 4, 2}, 8},
+    {48, 4, 28, {16, 16, 13}, {0, 4, 2}, 8},
+}};
 
-void drawNumber(QPainter& painter, int size, int number) {
+void drawNumber(QPainter& painter, int size, int number, const QColor& color) {
   const std::string digits = std::to_string(number);
-  const NumberLayout layout = numberLayout(size, static_cast<int>(digits.size()));
-  const bool narrow = digits.size() > 2;
+  const NumberLayout& layout =
+      *std::find_if(numberLayouts.begin(), numberLayouts.end(),
+                    [size](const NumberLayout& one) { return one.size == size; });
+  const std::size_t more = digits.size() - 1;
+  const bool narrow = more == 2;
   const auto widthOf = [&](char digit) {
-    return narrow && digit == '1' ? layout.oneWidth : layout.digitWidth;
+    return narrow && digit == '1' ? layout.firstOfThree : layout.digitWidth.at(more);
   };
-  double total = layout.gap * static_cast<double>(digits.size() - 1);
+  double total = layout.gap.at(more) * static_cast<double>(more);
   for (const char digit : digits) total += widthOf(digit);
-  double x = std::round((size - total) / 2);
-  const double y = std::round((size - layout.height) / 2);
-  painter.setPen(QPen(drawingColor, layout.stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  double x = (size - total) / 2;
+  const double y = (size - layout.height) / 2;
+  painter.setPen(QPen(color, layout.stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
   const double inset = layout.stroke / 2;
   for (const char digit : digits) {
     QRectF box = QRectF(x, y, widthOf(digit), layout.height).adjusted(inset, inset, -inset, -inset);
     if (digit == '1' && !narrow) box.adjust(box.width() * 0.2, 0, -box.width() * 0.3, 0);
     painter.drawPath(digitShape(digit - '0', box));
-    x += widthOf(digit) + layout.gap;
+    x += widthOf(digit) + layout.gap.at(more);
   }
 }
 
 }  // namespace
 
-std::vector<IconPixmap> StatusIconPainter::normal() const {
+std::vector<IconPixmap> StatusIconPainter::normal(std::optional<ColorScheme> panel) const {
   const QString resource = QStringLiteral(":/orvane/StatusIcon.svg");
   if (!QFile::exists(resource)) return {};
-  return drawnIcon(resource);
+  return drawnIcon(resource, badgeColors(panel));
 }
 
-std::vector<IconPixmap> StatusIconPainter::boosting() const {
-  return drawnIcon(QStringLiteral(":/orvane/bolt.fill.svg"));
+std::vector<IconPixmap> StatusIconPainter::boosting(std::optional<ColorScheme> panel) const {
+  return drawnIcon(QStringLiteral(":/orvane/bolt.fill.svg"), badgeColors(panel));
 }
 
-std::vector<IconPixmap> StatusIconPainter::percentage(int percent) const {
-  return inAllSizes([number = std::clamp(percent, 0, 100)](QPainter& painter, int size) {
-    drawBadge(painter, size);
-    drawNumber(painter, size, number);
+std::vector<IconPixmap> StatusIconPainter::percentage(int percent,
+                                                      std::optional<ColorScheme> panel) const {
+  const BadgeColors colors = badgeColors(panel);
+  const int number = std::clamp(percent, 0, 100);
+  return inAllSizes([&colors, number](QPainter& painter, int size) {
+    drawBadge(painter, size, colors);
+    drawNumber(painter, size, number, colors.drawing);
   });
 }
 

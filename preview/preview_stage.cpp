@@ -27,7 +27,6 @@ PreviewStage::PreviewStage() {
 }
 
 void PreviewStage::setMemory(const MachineMemory& memory) {
-  // 4 kB pages: a 16 GB machine has 4 million of them, so one page is far below 0.01 %.
   services_.counters.bytesPerPage = 4096;
   const auto pages = [](double gigabytes) {
     return static_cast<std::uint32_t>(std::llround(gigabytes * gibibyte / 4096));
@@ -40,10 +39,11 @@ void PreviewStage::setMemory(const MachineMemory& memory) {
 }
 
 void PreviewStage::setUsage(double percent) {
-  const double used = 16 * percent / 100;
-  setMemory({.free = (16 - used) * 0.4,
+  constexpr double total = 15.625;  // 4,096,000 pages
+  const double used = total * percent / 100;
+  setMemory({.free = (total - used) * 0.4,
              .active = used * 0.7,
-             .inactive = (16 - used) * 0.6,
+             .inactive = (total - used) * 0.6,
              .wired = used * 0.3,
              .compressed = 1.2});
 }

@@ -29,9 +29,9 @@ class PreviewStage {
     roundWindows_ = roundWindows;
   }
 
-  /// Memory of the next samples. Usage is exact to 0.01 %.
+  /// Memory of the next samples, in whole pages of 4 kB.
   void setMemory(const MachineMemory& memory);
-  /// 16 GB of which `percent` are used.
+  /// 15.625 GB, of which every whole percentage is a whole number of pages.
   void setUsage(double percent);
   /// No sample can be read from now on.
   void failSampling() { services_.counters.counts.reset(); }

@@ -11,6 +11,7 @@ std::vector<Scenario> scenarios() {
   add(mainWindowScenarios());
   add(processScenarios());
   add(dialogScenarios());
+  add(panelScenarios());
   return all;
 }
 

@@ -20,6 +20,7 @@ struct Scenario {
 [[nodiscard]] std::vector<Scenario> mainWindowScenarios();
 [[nodiscard]] std::vector<Scenario> processScenarios();
 [[nodiscard]] std::vector<Scenario> dialogScenarios();
+[[nodiscard]] std::vector<Scenario> panelScenarios();
 
 /// All of them.
 [[nodiscard]] std::vector<Scenario> scenarios();

@@ -86,18 +86,25 @@ struct FakeWindowLoader {
   FakeSoftwareUpdater* updater = nullptr;
 };
 
-/// Icons that can be told apart by their width: 1 normal, 2 bolt, 1000 + n the number n.
+/// Icons that can be told apart by their width: 1 normal, 2 bolt, 1000 + n the number n, and
+/// 10,000 more for a dark panel.
 class FakeIcons : public StatusIcons {
  public:
-  [[nodiscard]] std::vector<IconPixmap> normal() const override { return of(1); }
-  [[nodiscard]] std::vector<IconPixmap> boosting() const override { return of(2); }
-  [[nodiscard]] std::vector<IconPixmap> percentage(int percent) const override {
-    return of(1000 + percent);
+  [[nodiscard]] std::vector<IconPixmap> normal(std::optional<ColorScheme> panel) const override {
+    return of(1, panel);
+  }
+  [[nodiscard]] std::vector<IconPixmap> boosting(std::optional<ColorScheme> panel) const override {
+    return of(2, panel);
+  }
+  [[nodiscard]] std::vector<IconPixmap> percentage(
+      int percent, std::optional<ColorScheme> panel) const override {
+    return of(1000 + percent, panel);
   }
 
  private:
-  static std::vector<IconPixmap> of(int width) {
-    return {{.width = width, .height = 1, .pixels = {}}};
+  static std::vector<IconPixmap> of(int width, std::optional<ColorScheme> panel) {
+    const int more = panel == ColorScheme::dark ? 10000 : 0;
+    return {{.width = width + more, .height = 1, .pixels = {}}};
   }
 };
 

@@ -48,6 +48,31 @@ void openDetailsUnscrolled(PreviewStage& stage) {
   openDetails(stage);
 }
 
+void comeBack(PreviewStage& stage) {
+  openDetailsUnscrolled(stage);
+  for (const int tab : {1, 0}) stage.item("content").setProperty("selectedTab", tab);
+}
+
+void machineOf(PreviewStage& stage, double gigabytes) {
+  stage.setMemory({.free = 0.1 * gigabytes,
+                   .active = 0.55 * gigabytes,
+                   .inactive = 0.15 * gigabytes,
+                   .wired = 0.2 * gigabytes,
+                   .compressed = 0.05 * gigabytes});
+  addApplications(stage, 3);
+  stage.manager();
+  stage.advance(5);
+  openDetails(stage);
+}
+
+void smallMachine(PreviewStage& stage) {
+  machineOf(stage, 2);
+}
+
+void largeMachine(PreviewStage& stage) {
+  machineOf(stage, 12288);
+}
+
 void calm(PreviewStage& stage) {
   showMain(stage);
 }
@@ -136,6 +161,9 @@ std::vector<Scenario> mainWindowScenarios() {
       {"main-details", "details just opened, not scrolled yet", openDetailsUnscrolled, 380},
       {"main-details-scrolled", "details with ten applications", openDetailsUnscrolled,
        transitionTime},
+      {"main-details-back", "coming back to open details from the list", comeBack},
+      {"main-2gb", "details of a machine of 2 GB", smallMachine, transitionTime},
+      {"main-12tb", "details of a machine of 12 TB", largeMachine, transitionTime},
       {"main-details-rising", "details with 60 rising samples and three applications", rising,
        transitionTime},
       {"main-details-flat", "details with 60 equal samples and two applications", flat,

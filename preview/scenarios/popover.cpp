@@ -56,6 +56,23 @@ void compressedLarge(PreviewStage& stage) {
   expand(stage);
 }
 
+void smallCounters(PreviewStage& stage) {
+  stage.setMemory(
+      {.free = 15.6, .active = 0.08, .inactive = 0.08, .wired = 0.08, .compressed = 0.08});
+  expand(stage);
+}
+
+void smallMachine(PreviewStage& stage) {
+  stage.setMemory({.free = 0.2, .active = 1.1, .inactive = 0.3, .wired = 0.3, .compressed = 0.4});
+  expand(stage);
+}
+
+void largeMachine(PreviewStage& stage) {
+  stage.setMemory(
+      {.free = 1024, .active = 9216, .inactive = 1024, .wired = 1024, .compressed = 1100});
+  expand(stage);
+}
+
 void totalZero(PreviewStage& stage) {
   stage.setMemory({.free = 0, .active = 0, .inactive = 0, .wired = 0, .compressed = 0});
   expand(stage);
@@ -96,6 +113,9 @@ std::vector<Scenario> popoverScenarios() {
       {"boosting-opened", "popover opened while a boost runs: nothing spins", openedWhileBoosting},
       {"details", "popover with its details", details, 900},
       {"compressed-large", "details with much compressed memory", compressedLarge, 900},
+      {"counters-small", "counters of 0.5 %", smallCounters, 900},
+      {"machine-2gb", "details of a machine of 2 GB", smallMachine, 900},
+      {"machine-12tb", "details of a machine of 12 TB", largeMachine, 900},
       {"total-zero", "details of a machine without memory", totalZero, 900},
       {"menu-open", "the popover's menu", openMenu},
       {"toggles-on", "the popover's menu with both toggles on", togglesOn},

@@ -29,6 +29,7 @@ class AppDelegateTest : public testing::Test {
                                      .desktop = opener_,
                                      .loadWindows = windows_.loader(),
                                      .icons = icons_,
+                                     .panelScheme = [this] { return panelScheme_; },
                                      .supportAddress = supportAddress_});
     delegate_->applicationDidFinishLaunching(wish);
   }
@@ -51,6 +52,7 @@ class AppDelegateTest : public testing::Test {
   fakes::RecordingDesktopOpener opener_;
   fakes::FakeWindowLoader windows_{journal_};
   fakes::FakeIcons icons_;
+  std::optional<ColorScheme> panelScheme_;
   std::string supportAddress_ = "help@example.org";
   std::shared_ptr<AppDelegate> delegate_;
 };
@@ -163,6 +165,11 @@ TEST_F(AppDelegateTest, TheIconIsTheNumberWhereThePanelDrawsNoLabel) {
   panel_.hostChanged();
   EXPECT_EQ(shownIcon(), 1);
   EXPECT_EQ(showUsage(44), drawn + 2);
+  panelScheme_ = ColorScheme::dark;
+  EXPECT_EQ(showUsage(44), drawn + 2) << "asked at each tick";
+  fakes_.time.advance(Duration{60.0});
+  EXPECT_EQ(panel_.iconCount, drawn + 3) << "the panel looks different";
+  EXPECT_EQ(shownIcon(), 10001);
 }
 
 TEST_F(AppDelegateTest, TheBoltStandsFromTheRequestUntilTheBoostIsComplete) {

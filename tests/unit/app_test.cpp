@@ -19,7 +19,7 @@ bool isLight(std::uint32_t pixel) {
 
 TEST(StatusIcon, EveryDrawingComesInTheSizesOfPanels) {
   const StatusIconPainter painter;
-  for (const auto& icon : {painter.normal(), painter.boosting(), painter.percentage(57)}) {
+  for (const auto& icon : {painter.normal({}), painter.boosting({}), painter.percentage(57, {})}) {
     std::set<int> sizes;
     for (const auto& [width, height, pixels] : icon) {
       sizes.insert(width);
@@ -28,8 +28,10 @@ TEST(StatusIcon, EveryDrawingComesInTheSizesOfPanels) {
     }
     EXPECT_EQ(sizes, (std::set<int>{16, 22, 24, 32, 44, 48}));
   }
-  EXPECT_NE(painter.normal(), painter.boosting());
-  EXPECT_EQ(painter.percentage(250), painter.percentage(100)) << "out of range";
+  EXPECT_NE(painter.normal({}), painter.boosting({}));
+  EXPECT_EQ(painter.percentage(250, {}), painter.percentage(100, {})) << "out of range";
+  for (const auto panel : {ColorScheme::light, ColorScheme::dark})
+    EXPECT_EQ(isLight(painter.percentage(5, panel)[1].pixels[33]), panel == ColorScheme::dark);
 }
 
 // In the rows and columns next to the border there is badge only, so that no digit is cut.
@@ -37,7 +39,7 @@ TEST(StatusIcon, EveryNumberDiffersAndStaysInsideItsBadge) {
   const StatusIconPainter painter;
   std::map<int, std::set<std::vector<std::uint32_t>>> pictures;
   for (int percent = 0; percent <= 100; ++percent) {
-    for (const auto& [width, height, pixels] : painter.percentage(percent)) {
+    for (const auto& [width, height, pixels] : painter.percentage(percent, {})) {
       pictures[width].insert(pixels);
       const auto last = static_cast<std::size_t>(width - 1);
       for (std::size_t i = 0; i < pixels.size(); ++i) {

@@ -3,7 +3,8 @@
 from .processes import wait_for
 from .virtual_desktop import PANEL_HEIGHT
 
-BADGE = bytes((46, 40, 38))  # blue, green, red of the item's ground
+# Blue, green, red of the item's ground: on a dark panel, and on one not known yet.
+BADGES = (bytes((233, 228, 226)), bytes((46, 40, 38)))
 
 
 def find_item(desktop):
@@ -23,7 +24,7 @@ def badge_point(desktop):
     width, height = desktop.screen.width, PANEL_HEIGHT
     pixels = desktop.screen.area(0, 0, width, height)
     places = [divmod(at, width) for at in range(width * height)
-              if pixels[4 * at:4 * at + 3] == BADGE]
+              if pixels[4 * at:4 * at + 3] in BADGES]
     if len(places) < 60:
         return None
     rows, columns = zip(*places)

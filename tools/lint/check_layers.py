@@ -20,7 +20,7 @@ OWN_FOLDERS = {
     "platform": ("core/", "platform/*.h"),
     "platform/linux": ("core/", "platform/"),
     "ui": ("core/", "platform/*.h", "ui/"),
-    "preview": ("core/", "platform/*.h", "ui/", "preview/", "testing/"),
+    "preview": ("core/", "platform/*.h", "ui/", "preview/", "testing/", "app/status_icon.h"),
     "testing": ("core/", "platform/*.h", "ui/", "app/", "testing/"),
     "app": ("core/", "platform/", "ui/", "app/"),
 }
