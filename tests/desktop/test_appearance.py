@@ -7,12 +7,6 @@ import time
 from tests.desktop.desktop_case import ROOT
 from tests.desktop.window_case import WindowCase
 
-FREEDESKTOP, GNOME = "org.freedesktop.appearance", "org.gnome.desktop.interface"
-DARK, LIGHT = f"{FREEDESKTOP} color-scheme uint32 1", f"{FREEDESKTOP} color-scheme uint32 2"
-CONTRAST = f"{FREEDESKTOP} contrast uint32 1"
-STILL = f"{GNOME} enable-animations false"
-LARGE = f"{GNOME} text-scaling-factor 1.5"
-
 
 class Appearance(WindowCase):
     def setUp(self):
@@ -33,13 +27,13 @@ class Appearance(WindowCase):
 
     def test_follows_the_desktop_at_once(self):
         self.wait_for("light window", 5, lambda: self.brightness() > 230)
-        self.say(DARK)
+        self.say("org.freedesktop.appearance color-scheme uint32 1")
         self.wait_for("dark window", 5, lambda: self.brightness() < 60)
         self.picture("dark")
         self.open_popover()
         self.picture("dark-popover")
         self.close_popover()
-        self.say(LIGHT)
+        self.say("org.freedesktop.appearance color-scheme uint32 2")
         self.wait_for("light window", 5, lambda: self.brightness() > 230)
 
     def test_contrast_motion_and_size(self):
@@ -57,10 +51,10 @@ class Appearance(WindowCase):
             return self.control("Boosting...") and self.desktop.screen.area(*gauge) == before
 
         self.assertGreater(line(), 150)
-        self.say(CONTRAST)
+        self.say("org.freedesktop.appearance contrast uint32 1")
         self.wait_for("strong line", 5, lambda: line() < 20)
         self.picture("contrast")
-        self.say(STILL)
+        self.say("org.gnome.desktop.interface enable-animations false")
         self.open_popover()
         _, _, _, height = self.seen.rectangle(self.control("Memory Usage"))
         self.close_popover()
@@ -68,7 +62,7 @@ class Appearance(WindowCase):
         self.wait_for_control("Boosting...")
         self.wait_for("still arcs", 5, still)
         self.picture("still")
-        self.say(LARGE)
+        self.say("org.gnome.desktop.interface text-scaling-factor 1.5")
         self.open_popover()
         self.wait_for("larger text", 3, lambda: self.seen.rectangle(
             self.control("Memory Usage"))[3] > height)

@@ -13,19 +13,6 @@ from tools.desktop.orvane import meminfo, replace_in_place
 from tools.desktop.session import Session
 
 
-class NoNotifications(DesktopCase):
-    notifications = False
-
-    def test_alert_without_a_service_is_one_line(self):
-        file = self.desktop.folder / "meminfo"
-        file.write_text(meminfo(90))
-        orvane = self.start_orvane(meminfo_file=file)
-        lines = self.wait_for("two lines", 10, lambda: len(orvane.lines()) > 1 and orvane.lines())
-        self.assertRegex(lines[0], r"^Error requesting notification permissions: .+")
-        self.assertRegex(lines[1], r"^Error sending notification: .+")
-        self.assertEqual(len(lines), 2)
-
-
 class NoPanel(DesktopCase):
     panel = False
 

@@ -7,10 +7,9 @@
 namespace {
 
 void trustFeed() {
-  QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-  configuration.setCaCertificates(
-      QSslCertificate::fromPath(QStringLiteral(ORVANE_FEED_CERTIFICATE)));
-  QSslConfiguration::setDefaultConfiguration(configuration);
+  auto ssl = QSslConfiguration::defaultConfiguration();
+  ssl.setCaCertificates(QSslCertificate::fromPath(QStringLiteral(ORVANE_FEED_CERTIFICATE)));
+  QSslConfiguration::setDefaultConfiguration(ssl);
 }
 
 }  // namespace

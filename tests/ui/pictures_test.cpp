@@ -34,9 +34,8 @@ TEST(ChartPoints, LieEvenlyBetweenTheEdges) {
                {{100, 200}, 100, 200, {{0, 100}, {330, 0}}},
                {{70, 70}, 70, 70, {{0, 50}, {330, 50}}},
                {{notANumber, 50}, 0, 100, {{0, 100}, {330, 50}}}};
-  for (const auto& c : cases) {
+  for (const auto& c : cases)
     EXPECT_EQ(chartPoints(c.values, c.minimum, c.maximum, {330, 100}), c.points);
-  }
   EXPECT_DOUBLE_EQ(chartPoints(QList<double>(60, 50.0), 0, 100, {330, 100}).back().x(), 330);
 }
 
@@ -53,9 +52,8 @@ class PaintedTest : public testing::Test {
     item.setPosition(place.topLeft());
     item.setSize(place.size());
   }
-  static void set(QQuickItem& item,
-                  std::initializer_list<std::pair<const char*, QVariant>> inputs) {
-    for (const auto& [name, value] : inputs) EXPECT_TRUE(item.setProperty(name, value)) << name;
+  static void set(QQuickItem& item, std::initializer_list<std::pair<const char*, QVariant>> to) {
+    for (const auto& [name, value] : to) EXPECT_TRUE(item.setProperty(name, value)) << name;
   }
   QImage picture() {
     window_->show();
@@ -185,9 +183,8 @@ TEST_F(Icons, FillTheirPlaceWhateverTheirShapeAndFormat) {
   for (const auto& [name, bytes] : files) {
     const QImage icon = request(folder_.write(name, bytes.toStdString()), {36, 40});
     ASSERT_EQ(icon.size(), QSize(36, 40)) << name;
-    for (const QPoint at : {QPoint(0, 0), QPoint(18, 20), QPoint(35, 39)}) {
+    for (const QPoint at : {QPoint(0, 0), QPoint(18, 20), QPoint(35, 39)})
       EXPECT_EQ(icon.pixel(at), red) << name;
-    }
   }
   // Crisp at any size: the line of one point is eight whole pixels.
   const auto line =
@@ -199,9 +196,8 @@ TEST_F(Icons, FillTheirPlaceWhateverTheirShapeAndFormat) {
 
 TEST_F(Icons, OfSeveralSizesTheNextLargerIsTaken) {
   const QByteArray file = severalPictures({{16, red}, {48, blue}, {128, red}});
-  for (const auto& [side, color] : {std::pair(36, blue), {48, blue}, {12, red}, {400, red}}) {
+  for (const auto& [side, color] : {std::pair(36, blue), {48, blue}, {12, red}, {400, red}})
     EXPECT_EQ(decodeIcon(file, {side, side}).pixel(5, 5), color) << side;
-  }
 }
 
 TEST_F(Icons, ThatCannotBeShownAreNoPictureAtOnceAndPrintNothing) {
@@ -247,9 +243,8 @@ TEST_F(Icons, HaveAnAddressOnlyWhereThereIsAFile) {
       "image://application/" + QUrl::toPercentEncoding(QString::fromStdString(good)).toStdString());
   const std::string pipe = makePipe(folder_.path("pipe.png"));
   const std::string outside = "../../../../../../../.." + folder_.path("a name%20");
-  for (const auto& name : {pipe, folder_.path(), folder_.path("x"), std::string(), outside}) {
+  for (const auto& name : {pipe, folder_.path(), folder_.path("x"), std::string(), outside})
     EXPECT_TRUE(IconProvider::source(name).isEmpty()) << name;
-  }
 }
 
 }  // namespace

@@ -25,9 +25,8 @@ class Processes : public ViewCase {
 
   [[nodiscard]] QList<QQuickItem*> rows() const { return findAll(view_->contentItem(), "row"); }
   QQuickItem* row(int pid) {
-    for (auto* row : rows()) {
+    for (auto* row : rows())
       if (row->property("record").value<ProcessRecord>().pid() == pid) return row;
-    }
     return nullptr;
   }
   QQuickWindow* openDetails(int pid) {
@@ -38,8 +37,7 @@ class Processes : public ViewCase {
   void pressKey(Qt::Key key) {
     view_->requestActivate();  // no window manager gives the keyboard back after a dialog
     settle();
-    QTest::keyClick(view_, key);
-    settle();
+    pressKeys(view_, {key});
   }
 
   int selectedPid() const {
@@ -115,9 +113,7 @@ TEST_F(Processes, ARebuildMatchesTheSelectionToNoRow) {
   };
   QQuickWindow* menu = openSortMenu();
   ASSERT_NE(menu, nullptr);
-  for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
-    QTest::keyClick(menu, key);
-  settle();
+  pressKeys(menu, {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
   EXPECT_EQ(manager_->processSortMode(), ProcessSortMode::peak);
   EXPECT_EQ(selectedPid(), 2) << "the arrows are the menu's";
   menu = openSortMenu();
@@ -172,9 +168,7 @@ TEST_F(Processes, TheContextMenuAsksAboutItsOwnRow) {
   QQuickWindow* menu = openWindow();
   ASSERT_NE(menu, nullptr);
   EXPECT_EQ(menu->position(), view_->mapToGlobal(at.toPoint()) + QPoint(0, 1));
-  QTest::keyClick(menu, Qt::Key_Down);
-  QTest::keyClick(menu, Qt::Key_Return);
-  settle();
+  pressKeys(menu, {Qt::Key_Down, Qt::Key_Return});
   ASSERT_NE(openWindow(), nullptr);
   EXPECT_EQ(selectedPid(), 1);
   click(item("kill", openWindow()));
@@ -210,8 +204,7 @@ TEST_F(Processes, ShowsDetailsThatFollowTheHistoryAndTheRow) {
     return row(1)->y() > row(2)->y() &&
            qAbs(details->y() + details->height() / 2.0 - middle()) <= 1;
   }));
-  QTest::keyClick(details, Qt::Key_Escape);
-  settle();
+  pressKeys(details, {Qt::Key_Escape});
   EXPECT_EQ(openWindow(), nullptr);
 }
 

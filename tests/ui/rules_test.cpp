@@ -12,11 +12,12 @@
 namespace orvane {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(ProcessText, TruncatesGridLabels) {
-  EXPECT_EQ(ProcessText::gridLabels(200, 100), QStringLiteral("200 166 133 100").split(u' '));
-  EXPECT_EQ(ProcessText::gridLabels(99.9, 99.9), QStringLiteral("99 99 99 99").split(u' '));
-  EXPECT_EQ(ProcessText::gridLabels(1234567.9, 0.5),
-            QStringLiteral("1234567 823045 411522 0").split(u' '));
+  EXPECT_EQ(ProcessText::gridLabels(200, 100), u"200 166 133 100"_s.split(u' '));
+  EXPECT_EQ(ProcessText::gridLabels(99.9, 99.9), u"99 99 99 99"_s.split(u' '));
+  EXPECT_EQ(ProcessText::gridLabels(1234567.9, 0.5), u"1234567 823045 411522 0"_s.split(u' '));
 }
 
 TEST(ProcessText, CutsAPathInItsMiddleOnly) {
@@ -26,23 +27,21 @@ TEST(ProcessText, CutsAPathInItsMiddleOnly) {
   EXPECT_EQ(ProcessText::middleElided(fits, font, width, 2), fits);
 
   const QString cut = ProcessText::middleElided(
-      QStringLiteral("/start/") + QString(500, QLatin1Char('b')) + QStringLiteral("/end"), font,
-      width, 2);
-  EXPECT_TRUE(cut.startsWith(QStringLiteral("/start/")) && cut.endsWith(QStringLiteral("/end")));
+      u"/start/"_s + QString(500, QLatin1Char('b')) + u"/end"_s, font, width, 2);
+  EXPECT_TRUE(cut.startsWith(u"/start/"_s) && cut.endsWith(u"/end"_s));
   EXPECT_GE(cut.size(), 36);
   EXPECT_LE(cut.size(), 40);
 }
 
 TEST(ProcessText, CopiesWhatACutPathStandsFor) {
-  const QString text = QStringLiteral("/start/of/the/way/end");
-  const QString cut = QStringLiteral("/sta\u2026/end");
-  EXPECT_EQ(ProcessText::uncutPart(text, text, 1, 6), QStringLiteral("start"));
+  const QString text = u"/start/of/the/way/end"_s;
+  const QString cut = u"/sta\u2026/end"_s;
+  EXPECT_EQ(ProcessText::uncutPart(text, text, 1, 6), u"start"_s);
   EXPECT_EQ(ProcessText::uncutPart(text, cut, 0, 9), text);
-  EXPECT_EQ(ProcessText::uncutPart(text, cut, 1, 4), QStringLiteral("sta"));
-  EXPECT_EQ(ProcessText::uncutPart(text, cut, 6, 9), QStringLiteral("end"));
-  EXPECT_EQ(ProcessText::uncutPart(text, cut, 4, 5), QStringLiteral("rt/of/the/way"));
-  EXPECT_EQ(ProcessText::uncutPart(text, cut, 2, 6),
-            QStringLiteral("ta") + QStringLiteral("rt/of/the/way/"));
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 1, 4), u"sta"_s);
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 6, 9), u"end"_s);
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 4, 5), u"rt/of/the/way"_s);
+  EXPECT_EQ(ProcessText::uncutPart(text, cut, 2, 6), u"tart/of/the/way/"_s);
   EXPECT_EQ(ProcessText::uncutPart(text, cut, 3, 3), QString());
 }
 
@@ -67,9 +66,8 @@ TEST(PopupPlacement, StaysBesideItsAnchorAndInsideTheScreen) {
       {"beside at the top", {100, 0, 40, 20}, {200, 100}, trailing, {140, 0}},
       {"on a second screen", {1500, 100, 40, 20}, {200, 150}, below, {1500, 120}, second},
   };
-  for (const auto& [what, anchor, size, edge, expected, screen] : cases) {
+  for (const auto& [what, anchor, size, edge, expected, screen] : cases)
     EXPECT_EQ(placePopup(anchor, size, screen, edge), QRect(expected, size)) << what;
-  }
 }
 
 TEST(MenuChoice, SkipsWhatCantBeChosenAndGoesRound) {
@@ -111,12 +109,10 @@ TEST(PopoverGeometry, LiesBesideThePanelAndInsideTheScreen) {
   }
   const ScreenArea small{{0, 0, 320, 200}, {0, 20, 320, 180}};
   EXPECT_EQ(popoverRectangle({300, 10}, {340, 400}, small).topLeft(), QPoint(6, 26)) << "too large";
-  const QList<ScreenArea> screens = {{whole, whole},
-                                     {{1280, 0, 1920, 1080}, {1280, 0, 1920, 1040}}};
+  const QList<ScreenArea> both = {{whole, whole}, {{1280, 0, 1920, 1080}, {1280, 0, 1920, 1040}}};
   const QPoint item(2000, 1060);
-  EXPECT_EQ(popoverRectangle(item, popoverSize, screenAt(item, screens)),
-            QRect(1850, 814, 300, 220));
-  EXPECT_EQ(&screenAt({5000, 5000}, screens), &screens.first());
+  EXPECT_EQ(popoverRectangle(item, popoverSize, screenAt(item, both)), QRect(1850, 814, 300, 220));
+  EXPECT_EQ(&screenAt({5000, 5000}, both), &both.first());
 }
 
 TEST(PopoverGeometry, KeepsItsDistanceFromThePanelsOfEachMonitor) {
@@ -170,9 +166,8 @@ TEST(ItemLocation, TakesTheMostCredibleSource) {
                {"a report in the middle", QPoint(600, 400), {640, 400}, {1279, 0}},
                {"a report in device pixels", {}, {2200, 24}, {1100, 12}, dense},
                {"nothing but the corner at the panel", {}, {}, {1279, 799}, panelBelow}};
-  for (const auto& [what, pointer, reported, item, screens] : cases) {
+  for (const auto& [what, pointer, reported, item, screens] : cases)
     EXPECT_EQ(statusItemLocation(pointer, reported, screens), item) << what;
-  }
 }
 
 TEST(Spring, EasingFollowsTheFormulaAndSettles) {

@@ -27,7 +27,7 @@ class LongLanguage : public QTranslator {
   [[nodiscard]] bool isEmpty() const override { return false; }
 };
 
-struct ShownText {
+struct Shown {
   QString text;
   QRectF place;    ///< in the window, of what is drawn
   QRectF visible;  ///< what of it nothing cuts off
@@ -70,8 +70,7 @@ QString faultOf(const QQuickItem& item, const QRectF& place) {
   return {};
 }
 
-void collect(const QQuickItem& in, QRectF sight, std::vector<ShownText>& texts,
-             QStringList& faults) {
+void collect(const QQuickItem& in, QRectF sight, std::vector<Shown>& texts, QStringList& faults) {
   if (!in.isVisible() || in.opacity() == 0) return;
   if (in.clip()) sight &= in.mapRectToScene({QPointF(), in.size()});
   if (isText(in) && !in.property("text").toString().isEmpty()) {
@@ -85,14 +84,13 @@ void collect(const QQuickItem& in, QRectF sight, std::vector<ShownText>& texts,
 }
 
 QStringList faultsIn(const QQuickWindow& window) {
-  std::vector<ShownText> texts;
+  std::vector<Shown> texts;
   QStringList faults;
   collect(*window.contentItem(), QRectF(QPointF(), window.size()), texts, faults);
   for (std::size_t i = 0; i < texts.size(); ++i) {
-    for (std::size_t j = i + 1; j < texts.size(); ++j) {
+    for (std::size_t j = i + 1; j < texts.size(); ++j)
       if (texts[i].visible.intersects(texts[j].visible))
         faults << texts[i].text + QStringLiteral(": lies on ") + texts[j].text;
-    }
   }
   return faults;
 }

@@ -17,10 +17,6 @@ class StatusMenuViewTest : public ViewCase {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(view_));
     QTest::qWait(20);
   }
-  static void pressKeys(QWindow* window, std::initializer_list<Qt::Key> keys) {
-    for (const Qt::Key key : keys) QTest::keyClick(window, key);
-    settle();
-  }
 };
 
 TEST_F(StatusMenuViewTest, DetailsSlideOutWithABarACategory) {
@@ -78,9 +74,8 @@ TEST_F(StatusMenuViewTest, BoostSpinsUntilItEndsAndThenEasesBack) {
   EXPECT_DOUBLE_EQ(item("boostArcs").rotation(), item("bolt").rotation());
   EXPECT_LE(item("bolt").scale(), 1.2);
   int paintings = 0;
-  for (const auto* child : item("boostArcs").childItems()) {
+  for (const auto* child : item("boostArcs").childItems())
     if (const auto* arc = qobject_cast<const GradientArc*>(child)) paintings += arc->paintCount();
-  }
   EXPECT_EQ(paintings, 2) << "two arcs, turned as images";
   press(item("boostButton"));
   EXPECT_EQ(shell_.boosts, 1) << "disabled";

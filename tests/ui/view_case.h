@@ -103,6 +103,10 @@ class ViewCase : public testing::Test {
     actions->doAction(QAccessibleActionInterface::pressAction());
     settle();
   }
+  static void pressKeys(QWindow* window, std::initializer_list<Qt::Key> keys) {
+    for (const Qt::Key key : keys) QTest::keyClick(window, key);
+    settle();
+  }
   static void click(QQuickItem& target) {
     QTest::mouseClick(target.window(), Qt::LeftButton, {}, place(target).center().toPoint());
     settle();
@@ -110,9 +114,8 @@ class ViewCase : public testing::Test {
   /// The menu, dialog or popover that is open; null when none is.
   static QQuickWindow* openWindow() {
     for (QWindow* window : QGuiApplication::topLevelWindows()) {
-      if (window->isVisible() && window->transientParent() != nullptr) {
+      if (window->isVisible() && window->transientParent() != nullptr)
         return qobject_cast<QQuickWindow*>(window);
-      }
     }
     return nullptr;
   }

@@ -11,9 +11,8 @@ namespace {
 class MainWindowTest : public ViewCase {
  protected:
   void addApplications(int count) {
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
       services_.applications.add(100 + i, "Application " + std::to_string(i), 1024 * megabyte);
-    }
   }
   void show() {
     createWindows();
@@ -55,17 +54,15 @@ TEST_F(MainWindowTest, FiguresAreThoseOfTheSample) {
   sample();
   EXPECT_EQ(text(item("percentage")), "0.0%") << "a machine without memory";
   EXPECT_EQ(accessibleName(item("freeBytesBar")), "Free 0.00 GB (0.0%)");
-  for (const auto* bar : view_->findChildren<ShareBar*>()) {
+  for (const auto* bar : view_->findChildren<ShareBar*>())
     EXPECT_TRUE(waitUntil([bar] { return bar->share() == 0; }));
-  }
 }
 
 TEST_F(MainWindowTest, OpenedDetailsScrollIntoViewAfterAPause) {
   addApplications(3);
   show();
   sample();
-  EXPECT_EQ(item("scrollArea").property("furthest"), 0)
-      << "nothing is hidden while they are closed";
+  EXPECT_EQ(item("scrollArea").property("furthest"), 0) << "nothing is hidden so far";
   bool betweenPixels = false;
   QObject::connect(view_, &QQuickWindow::beforeSynchronizing, [&] {
     const double y = find("freeBytesBar") == nullptr ? 0 : place(item("chartCard")).y();

@@ -36,9 +36,8 @@ class AppDelegateTest : public testing::Test {
 
   [[nodiscard]] int shownIcon() const { return panel_.icon.at(0).width; }
   [[nodiscard]] const StatusItemMenuEntry& entry(const std::string& label) const {
-    for (const auto& entry : panel_.menu) {
+    for (const auto& entry : panel_.menu)
       if (entry.label == label) return entry;
-    }
     throw std::out_of_range(label);
   }
   void clickItem() const { panel_.action({}); }

@@ -13,8 +13,7 @@ namespace orvane {
 namespace {
 
 bool isLight(std::uint32_t pixel) {
-  return (pixel >> 24) > 200 && (pixel >> 16 & 0xff) > 200 && (pixel >> 8 & 0xff) > 200 &&
-         (pixel & 0xff) > 200;
+  return std::min({pixel >> 24, pixel >> 16 & 0xff, pixel >> 8 & 0xff, pixel & 0xff}) > 200;
 }
 
 TEST(StatusIcon, EveryDrawingComesInTheSizesOfPanels) {

@@ -14,9 +14,8 @@ std::string groups(std::vector<GroupedProcess> processes) {
   std::string text;
   for (const auto& group : groupApplications(processes)) {
     text += (text.empty() ? "" : ", ") + std::to_string(processes[group.leader].pid);
-    for (const std::size_t member : group.members) {
+    for (const std::size_t member : group.members)
       if (member != group.leader) text += ' ' + std::to_string(processes[member].pid);
-    }
     EXPECT_TRUE(std::count(group.members.begin(), group.members.end(), group.leader));
   }
   return text;
@@ -25,8 +24,7 @@ std::string groups(std::vector<GroupedProcess> processes) {
 const int editor = 0;
 const int browser = 0;
 
-GroupedProcess process(std::int32_t pid, std::int32_t parent,
-                       ProcessRole role = ProcessRole::program) {
+GroupedProcess process(int pid, int parent, ProcessRole role = ProcessRole::program) {
   return {.pid = pid,
           .parent = parent,
           .processGroup = pid,
@@ -41,22 +39,21 @@ GroupedProcess process(std::int32_t pid, std::int32_t parent,
 }
 
 /// What runs another program, of so many bytes.
-GroupedProcess running(std::string_view program, std::int32_t pid, std::int32_t parent,
-                       std::uint64_t residentSize) {
+GroupedProcess running(std::string_view program, int pid, int parent, std::uint64_t residentSize) {
   auto result = process(pid, parent);
   result.program = program;
   result.residentSize = residentSize;
   return result;
 }
 
-GroupedProcess application(std::int32_t pid, std::int32_t parent, const void* name) {
+GroupedProcess application(int pid, int parent, const void* name) {
   auto result = process(pid, parent);
   result.claimed = result.visible = true;
   result.application = name;
   return result;
 }
 
-GroupedProcess windowOwner(std::int32_t pid, std::int32_t parent) {
+GroupedProcess windowOwner(int pid, int parent) {
   auto result = application(pid, parent, nullptr);
   result.ownsWindow = true;
   return result;
@@ -68,15 +65,10 @@ GroupedProcess inUnit(GroupedProcess process, std::string_view unit, bool isAppl
   return process;
 }
 
-GroupedProcess inScope(GroupedProcess process) {
-  return inUnit(process, "/a.scope", true);
-}
+const auto inScope = [](GroupedProcess process) { return inUnit(process, "/a.scope", true); };
+const auto inService = [](GroupedProcess process) { return inUnit(process, "/a.service", false); };
 
-GroupedProcess inService(GroupedProcess process) {
-  return inUnit(process, "/a.service", false);
-}
-
-GroupedProcess helperOf(GroupedProcess process, std::int32_t processGroup) {
+GroupedProcess helperOf(GroupedProcess process, int processGroup) {
   process.processGroup = processGroup;
   return process;
 }
@@ -121,8 +113,7 @@ TEST(ApplicationGrouping, SessionRootsDontSwallowWhatTheyStart) {
                     process(12, 11, ProcessRole::sessionRoot), process(15, 12), process(16, 15)}),
             "10, 11, 12, 15 16");
   // Whatever the first process of the machine or of a container is.
-  EXPECT_EQ(groups({process(1, 0), process(10, 1), process(11, 10), process(12, 1)}),
-            "1, 10 11, 12");
+  EXPECT_EQ(groups({process(1, 0), process(2, 1), process(3, 2), process(4, 1)}), "1, 2 3, 4");
 }
 
 TEST(ApplicationGrouping, LaunchersKeepTheirHelpersOnly) {
@@ -140,7 +131,7 @@ TEST(ApplicationGrouping, LaunchersKeepTheirHelpersOnly) {
                     application(26, 20, &browser)}),
             "20 21 22, 23, 24 25, 26");
   // In a service, or a unit of its own, no less; a launcher isn't gathered by what started it.
-  for (const auto in : {inService, inScope}) {
+  for (const auto in : {+inService, +inScope}) {
     EXPECT_EQ(groups({process(19, 1), in(panel), in(plugin), in(process(24, 20)),
                       in(process(25, 24)), in(process(30, 1))}),
               "19, 20 22, 24 25, 30");
@@ -197,8 +188,7 @@ TEST(ApplicationGrouping, WhoHoldsTheMemoryLeads) {
   EXPECT_EQ(groups({runner, script, running("server", 12, 11, 300)}), "12 10 11");
   EXPECT_EQ(groups({runner, script, running("tool", 12, 11, 50)}), "10 11 12");
   // A fork of it in between, and the same interpreter with another program, are nothing else.
-  EXPECT_EQ(groups({runner, running("runner", 11, 10, 2), running("server", 12, 11, 300)}),
-            "12 10 11");
+  EXPECT_EQ(groups({runner, running("runner", 11, 10, 2), running("db", 12, 11, 300)}), "12 10 11");
   auto first = runner;
   auto second = running("runner", 11, 10, 300);
   first.image = 1;

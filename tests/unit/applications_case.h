@@ -74,16 +74,14 @@ class LinuxApplicationsTest : public testing::Test {
                       time_, time_) {}
 
   void addEntry(const std::string& id, const std::string& exec, const std::string& more = "") {
-    std::ofstream(folder_ / (id + ".desktop")) << "[Desktop Entry]\nType=Application\nName=The "
-                                               << id << "\nIcon=" << id << "\nExec=" << exec << '\n'
-                                               << more;
+    directory_.write(id + ".desktop", "[Desktop Entry]\nType=Application\nName=The " + id +
+                                          "\nIcon=" + id + "\nExec=" + exec + "\n" + more);
   }
 
   std::string addScript(const std::string& name, const std::string& lines) {
-    const fs::path path = folder_ / name;
-    std::ofstream(path) << "#!/bin/bash\n" << lines;
+    const std::string path = directory_.write(name, "#!/bin/bash\n" + lines);
     fs::permissions(path, fs::perms::owner_all);
-    return path.string();
+    return path;
   }
 
   /// A copy of a program with a name and an executable of its own.
@@ -105,29 +103,22 @@ class LinuxApplicationsTest : public testing::Test {
     return pid;
   }
 
+  using Found = std::optional<RunningApplication>;
+
   template <typename Condition>
-  std::optional<RunningApplication> find(Condition fits) {
-    for (auto& application : applications_.runningApplications()) {
+  Found find(Condition fits) {
+    for (auto& application : applications_.runningApplications())
       if (fits(application)) return application;
-    }
     return {};
   }
-  std::optional<RunningApplication> ledBy(pid_t pid) {
-    return find([&](const auto& application) { return application.processIdentifier == pid; });
-  }
-  /// Of this name and led by one of the test's own programs: other runs of the tests may have
-  /// namesakes.
-  std::optional<RunningApplication> named(const std::string& name) {
-    return find([&](const auto& application) {
-      return application.localizedName == name &&
-             application.executablePath.starts_with(folder_.string());
-    });
+  Found ledBy(pid_t pid) {
+    return find([&](const auto& each) { return each.processIdentifier == pid; });
   }
 
-  /// Waits until the application exists and is led by this program of the test's.
-  std::optional<RunningApplication> awaitLeader(const std::string& name,
-                                                const std::string& program) {
-    std::optional<RunningApplication> application;
+  /// Waits until the application exists and is led by this program of the test's: other runs of
+  /// the tests may have namesakes.
+  Found awaitLeader(const std::string& name, const std::string& program) {
+    Found application;
     (void)waitUntil([&] {
       application = find([&](const auto& each) {
         return each.localizedName == name && each.executablePath == folder_ / program;

@@ -41,9 +41,7 @@ TEST_F(DesktopEntriesTest, FindsByIdAndFile) {
   EXPECT_FALSE(entries_.byId("org.example.Agent")->visible);
   EXPECT_EQ(idOf(entries_.byFile("/any/where/applications/kde/tool.desktop")), "kde-tool");
   EXPECT_EQ(idOf(entries_.byFile("/home/u/Desktop/cat.desktop")), "cat");
-  for (const char* id : {"", "gone", "deleted", "broken", "tool"}) {
-    EXPECT_FALSE(entries_.byId(id)) << id;
-  }
+  for (auto id : {"", "gone", "deleted", "broken", "tool"}) EXPECT_FALSE(entries_.byId(id)) << id;
 }
 
 TEST_F(DesktopEntriesTest, FindsByWindowClassAndCommand) {
@@ -112,13 +110,11 @@ TEST_F(DesktopEntriesTest, PassesOverWhatOnlyLooksLikeAFile) {
   const std::string pipe = makePipe(own_.path("pipe.desktop"));
   own_.write("folder.desktop/inner.desktop", application + "Name=Inner\nExec=ls\n");
   fs::create_symlink("circle.desktop", own_.path("circle.desktop"));
-  own_.write("huge.desktop", application + "Exec=ls\n" + std::string(std::size_t{1} << 20U, '#'));
+  own_.write("big.desktop", application + "Exec=ls\n" + std::string(std::size_t{1} << 20U, '#'));
   own_.write("good.desktop", application + "Name=Good\nExec=ls\n");
   fs::create_directory_symlink(own_.path(), own_.path("link"));
   ASSERT_TRUE(endsDespite(pipe, [this] { EXPECT_TRUE(entries_.refresh()); }));
-  for (const char* id : {"pipe", "folder.desktop", "circle", "huge"}) {
-    EXPECT_FALSE(entries_.byId(id)) << id;
-  }
+  for (auto id : {"pipe", "folder.desktop", "circle", "big"}) EXPECT_FALSE(entries_.byId(id)) << id;
   EXPECT_TRUE(entries_.byId("folder.desktop-inner"));
   EXPECT_TRUE(entries_.byId("link-good"));
   EXPECT_FALSE(entries_.byId("link-folder.desktop-inner")) << "a link may lead to everything";

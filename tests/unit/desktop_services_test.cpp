@@ -20,6 +20,7 @@
 namespace orvane {
 namespace {
 
+namespace fs = std::filesystem;
 using namespace std::string_literals;
 
 class PreferencesTest : public testing::Test {
@@ -56,9 +57,8 @@ TEST_F(PreferencesTest, SurviveTheProgramAndKeepForeignKeys) {
 TEST_F(PreferencesTest, OfAnotherKindReadAsNone) {
   const LinuxPreferences preferences(
       write("o.conf", "[General]\na=1\nb=TRUE\nc=\nd=one, two\ne=@Variant(\\0)\nf=@Size(1 2)\n"));
-  for (const char* key : {"a", "b", "c", "d", "e", "f", "absent"}) {
+  for (const char* key : {"a", "b", "c", "d", "e", "f", "absent"})
     EXPECT_EQ(preferences.boolean(key), std::nullopt) << key;
-  }
   for (const char* key : {"d", "f", "absent"}) EXPECT_EQ(preferences.text(key), std::nullopt);
 }
 
@@ -88,7 +88,7 @@ TEST_F(PreferencesTest, WaitForNobodyWhateverIsInTheWay) {
   const std::string lock = makePipe(locked + ".lock");
   const std::string shut = write("shut.conf", good_);
   const std::string folder = shut + ".lock";
-  std::filesystem::create_directory(folder);
+  fs::create_directory(folder);
   const std::string taken = write("taken.conf", good_);
   const std::string other = write("taken.conf.lock", "1\norvane\nanother host\n");
   const std::string stale = write("stale.conf", good_);
@@ -101,53 +101,45 @@ TEST_F(PreferencesTest, WaitForNobodyWhateverIsInTheWay) {
   EXPECT_EQ(readFile(locked), good_);
   LinuxPreferences preferences(locked);
   preferences.setText("processSortMode", "average");
-  std::filesystem::remove(lock);
+  fs::remove(lock);
   preferences.setBoolean("launchAtLogin", true);
   EXPECT_EQ(storedMode(locked), "average") << "once it is gone";
 }
 
-TEST(LoginItem, theEntryStartsTheProgramWhateverItsPath) {
-  const TestDirectory directory;
+TEST(LoginItem, theEntryStartsTheProgramWhateverItsPathUntilItIsRemoved) {
+  const TestDirectory folder;
   for (const char* name : {"plain", "with space", "d$ol\"lar`s\\back", "ümläut'"}) {
-    const std::string program = directory.write(name, "#!/bin/sh\n: > \"$0.started\"\n");
-    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-    LinuxLoginItem item(program, directory.path("autostart"));
-    ASSERT_EQ(item.registerItem(), std::nullopt);
+    const std::string program = folder.write(name, "#!/bin/sh\n: > \"$0.started\"\n");
+    fs::permissions(program, fs::perms::owner_all);
+    ASSERT_EQ(LinuxLoginItem(program, folder.path("autostart")).registerItem(), std::nullopt);
 
     const std::unique_ptr<GDesktopAppInfo, decltype(&g_object_unref)> entry(
-        g_desktop_app_info_new_from_filename(directory.path("autostart/orvane.desktop").c_str()),
+        g_desktop_app_info_new_from_filename(folder.path("autostart/orvane.desktop").c_str()),
         g_object_unref);
     ASSERT_TRUE(entry) << name;
     ASSERT_TRUE(g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, nullptr)) << name;
-    EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(program + ".started"); })) << name;
+    EXPECT_TRUE(waitUntil([&] { return fs::exists(program + ".started"); })) << name;
   }
+  LinuxLoginItem last("/usr/bin/orvane", folder.path("autostart"));
+  EXPECT_EQ(last.unregisterItem(), std::nullopt);
+  EXPECT_EQ(last.unregisterItem(), "No such file or directory");
   EXPECT_NE(autostartEntry("/p%f").find("TryExec=/p%f\nExec=\"/p%%f\"\n"), std::string::npos)
       << "no field code, and no start of a program that is gone";
 }
 
-TEST(LoginItem, registersAsOftenAsAskedAndUnregistersOnce) {
-  const TestDirectory directory;
-  LinuxLoginItem item("/usr/bin/orvane", directory.path("autostart"));
-  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
-  for (const int time : {1, 2}) EXPECT_EQ(item.registerItem(), std::nullopt) << time;
-  EXPECT_EQ(item.unregisterItem(), std::nullopt);
-  EXPECT_EQ(item.unregisterItem(), "No such file or directory");
-}
-
 TEST(LoginItem, theEntryIsReplacedWholeAlsoThroughASymbolicLink) {
-  const TestDirectory directory;
-  const std::string kept = directory.write("kept.desktop", "old");
-  std::filesystem::create_directory(directory.path("autostart"));
-  std::filesystem::create_symlink(kept, directory.path("autostart/orvane.desktop"));
+  const TestDirectory folder;
+  const std::string kept = folder.write("kept.desktop", "old");
+  fs::create_directory(folder.path("autostart"));
+  fs::create_symlink(kept, folder.path("autostart/orvane.desktop"));
   std::ifstream reader(kept);
-  LinuxLoginItem item("/usr/bin/orvane", directory.path("autostart"));
+  LinuxLoginItem item("/usr/bin/orvane", folder.path("autostart"));
   ASSERT_EQ(item.registerItem(), std::nullopt);
-  const std::string left = directory.write("autostart/orvane.desktop.aBcDeF", "[Desktop Ent");
-  const std::string own =
-      directory.write("autostart/orvane.desktop.backup", "[Desktop Entry]\nMine");
-  const LinuxLoginItem next("/usr/bin/orvane", directory.path("autostart"));
-  EXPECT_FALSE(std::filesystem::exists(left)) << "of a write that was killed";
-  EXPECT_TRUE(std::filesystem::exists(own));
+  const std::string left = folder.write("autostart/orvane.desktop.aBcDeF", "[Desktop Ent");
+  const std::string own = folder.write("autostart/orvane.desktop.backup", "[Desktop Entry]\nMine");
+  const LinuxLoginItem next("/usr/bin/orvane", folder.path("autostart"));
+  EXPECT_FALSE(fs::exists(left)) << "of a write that was killed";
+  EXPECT_TRUE(fs::exists(own));
   EXPECT_EQ(readFile(kept), autostartEntry("/usr/bin/orvane"));
   std::ostringstream held;
   held << reader.rdbuf();
@@ -163,21 +155,20 @@ class DesktopOpener : public ::testing::Test {
            "\"$PWD\" \"$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 | uniq)\" "
            "\"$((0x$(sed -n 's/^SigIgn:.//p' /proc/$$/status) & 0x1000))\" > "
         << file("part") << "\nmv " << file("part") << ' ' << file("opened") << "\necho noise\n";
-    std::filesystem::permissions(file("xdg-open"), std::filesystem::perms::owner_all);
+    fs::permissions(file("xdg-open"), fs::perms::owner_all);
   }
 
   [[nodiscard]] std::string file(const std::string& name) const { return directory_.path(name); }
 
   std::string opened() {
-    EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(file("opened")); }));
+    EXPECT_TRUE(waitUntil([&] { return fs::exists(file("opened")); }));
     std::string line = readFile(file("opened"));
-    std::filesystem::remove(file("opened"));
+    fs::remove(file("opened"));
     return line;
   }
 
   TestDirectory directory_;
-  ScopedEnvironment path_{"PATH",
-                          directory_.path() + ":" + qEnvironmentVariable("PATH").toStdString()};
+  ScopedEnvironment path_{"PATH", directory_.path() + ":" + std::getenv("PATH")};
 };
 
 TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
@@ -194,11 +185,9 @@ TEST_F(DesktopOpener, LaunchesTheDesktopsCommandWithTheLimitsOfTheSession) {
   LinuxMemoryClaims claims;
   auto claim = claims.claim(1024);  // as during a boost
   const std::string mail = "mailto:a@b.example?subject=A%20B&body=C%0AD%27$(id)";
-  for (const std::string& url : {std::string("--help"), std::string("https://a b"), mail}) {
-    opener.openUrl(url);
-  }
-  EXPECT_EQ(opened(), mail + "|" + before + "|" + adjustment + "|" +
-                          std::filesystem::current_path().string() + "|/dev/null|0|");
+  for (const auto& url : {"--help"s, "https://a b"s, mail}) opener.openUrl(url);
+  EXPECT_EQ(opened(), mail + "|" + before + "|" + adjustment + "|" + fs::current_path().string() +
+                          "|/dev/null|0|");
   limit.rlim_cur += 10;
   setrlimit(RLIMIT_NOFILE, &limit);
 }
@@ -216,9 +205,8 @@ TEST_F(DesktopOpener, OpensTheFolderWhereNoFileManagerAnswers) {
   ASSERT_TRUE(waitUntil([&] { return bus.isConnected(); }));
   opener.revealFile(program);
   EXPECT_TRUE(opened().starts_with(folder)) << "nobody on it";
-  for (const auto& path : {file("missing/program"), std::string("relative"), file("missing")}) {
+  for (const auto& path : {file("none/program"), "relative"s, file("none")})
     opener.revealFile(path);
-  }
   EXPECT_TRUE(opened().starts_with(folder)) << "only the folder that exists";
 }
 

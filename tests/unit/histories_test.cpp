@@ -26,9 +26,8 @@ TEST(MemoryStats, CountsPagesInBytesAndLeavesCompressedOutOfTheSums) {
 
 TEST(MemoryHistory, MakesAPointOfEachSampleAndKeepsTheNewestSixty) {
   MemoryHistory history;
-  std::vector<std::size_t> sizesAtSignal;
-  const auto subscription =
-      history.observe([&] { sizesAtSignal.push_back(history.dataPoints().size()); });
+  std::vector<std::size_t> sizes;
+  const auto subscription = history.observe([&] { sizes.push_back(history.dataPoints().size()); });
   for (int second = 0; second < 61; ++second) {
     MemoryStats stats{.free = 4000, .active = 2000, .inactive = 3000, .wired = 1000};
     stats.timestamp = Date{std::chrono::seconds{second}};
@@ -41,11 +40,10 @@ TEST(MemoryHistory, MakesAPointOfEachSampleAndKeepsTheNewestSixty) {
     EXPECT_DOUBLE_EQ(points[index].usedPercentage, 30.0);
     EXPECT_DOUBLE_EQ(points[index].freePercentage, 70.0);
     EXPECT_NE(points[index].id, points[(index + 1) % 60].id);
-    EXPECT_EQ(sizesAtSignal.at(index), index) << "announced before it is added";
+    EXPECT_EQ(sizes.at(index), index) << "announced before it is added";
   }
   // The last is added, and then the first removed.
-  EXPECT_EQ(std::vector(sizesAtSignal.begin() + 60, sizesAtSignal.end()),
-            (std::vector<std::size_t>{60, 61}));
+  EXPECT_EQ(std::vector(sizes.begin() + 60, sizes.end()), (std::vector<std::size_t>{60, 61}));
 }
 
 TEST(Observable, EndsWithTheSubscriptionEvenFromInsideAHandler) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/linux/applications/process_stat.h"
 #include "tests/unit/applications_case.h"
 
 namespace orvane {
@@ -95,9 +96,7 @@ TEST_F(LinuxApplicationsTest, DeadProcessesAreNoApplications) {
 
 TEST_F(LinuxApplicationsTest, AHandleNeverHitsTheNextProcessWithItsPid) {
   std::ofstream lastPid("/proc/sys/kernel/ns_last_pid");
-  if (!(lastPid << ::getpid() << std::flush)) {
-    GTEST_SKIP() << "only root can choose the next process id";
-  }
+  if (!(lastPid << ::getpid() << std::flush)) GTEST_SKIP() << "only root can choose process ids";
   const auto program = addProgram("victim");
   addEntry("victim", program);
   for (int attempt = 0; attempt < 50; ++attempt) {
@@ -124,16 +123,15 @@ TEST_F(LinuxApplicationsTest, OtherUsersProcessesAreNoApplications) {
   if (::getuid() != 0) GTEST_SKIP() << "only root can start programs of another user";
   const auto program = addProgram("foreign");
   addEntry("foreign", program);
-  for (const auto& path : {folder_, fs::path(program)}) {
+  for (const auto& path : {folder_, fs::path(program)})
     fs::permissions(path, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
-  }
   const ChildProcess child(
       {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", "--", program, "600"});
   ASSERT_TRUE(waitUntil([&] {
     std::error_code error;
     return fs::read_symlink("/proc/" + std::to_string(child.pid()) + "/exe", error) == program;
   }));
-  for (int i = 0; i < 4; ++i) EXPECT_FALSE(named("The foreign") || ledBy(child.pid()));
+  for (int i = 0; i < 4; ++i) EXPECT_FALSE(ledBy(child.pid()));
 }
 
 TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
@@ -148,9 +146,8 @@ TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
     addEntry("org.example.My-App", "true");
     const ChildProcess parent({addProgram("first"), "600"});
     const ChildProcess other({addProgram("second"), "600"});
-    for (const pid_t pid : {parent.pid(), other.pid()}) {
+    for (const pid_t pid : {parent.pid(), other.pid()})
       std::ofstream(scope / "cgroup.procs") << pid << std::flush;
-    }
     EXPECT_TRUE(waitUntil([&] {
       const auto application = ledBy(parent.pid());
       return application && application->localizedName == "The org.example.My-App" &&
@@ -161,7 +158,7 @@ TEST_F(LinuxApplicationsTest, AScopeIsOneApplication) {
   fs::remove(slice, error);
 }
 
-constexpr std::uint64_t mebibyte = 1 << 20;
+constexpr double mebibyte = 1 << 20;
 
 class ProcessTreesTest : public LinuxApplicationsTest {
  protected:
@@ -169,7 +166,7 @@ class ProcessTreesTest : public LinuxApplicationsTest {
   double figure(pid_t pid) {
     const auto application = ledBy(pid);
     const auto bytes = application ? application->figures.residentSize.value() : 0;
-    return static_cast<double>(bytes) / static_cast<double>(mebibyte);
+    return static_cast<double>(bytes) / mebibyte;
   }
 
   static std::vector<pid_t> treeOf(pid_t root) {
@@ -187,52 +184,45 @@ class ProcessTreesTest : public LinuxApplicationsTest {
   static double proportionalSize(const std::vector<pid_t>& processes) {
     double sum = 0;
     for (const pid_t pid : processes) {
-      std::ifstream file("/proc/" + std::to_string(pid) + "/smaps_rollup");
-      for (std::string key; file >> key;) {
-        double kibibytes = 0;
-        if (key == "Pss:" && file >> kibibytes) sum += kibibytes / 1024;
-      }
+      const auto rollup = readFile("/proc/" + std::to_string(pid) + "/smaps_rollup");
+      sum += static_cast<double>(parseProportionalSize(rollup).value_or(0)) / mebibyte;
     }
     return sum;
   }
-  static double proportionalSize(pid_t root) { return proportionalSize(treeOf(root)); }
 };
 
 TEST_F(ProcessTreesTest, FiguresAreTheProportionalSizesHoweverMemoryIsShared) {
-  // Loaded before the workers were forked; shared, each worker filling its part of it.
-  const std::string lines[] = {
-      "block = bytearray(100 << 20)\nblock[::4096] = b'x' * len(block[::4096])\nfork(lambda i: "
-      "None)",
-      "block = mmap.mmap(-1, 160 << 20)\n"
-      "def fill(i):\n"
-      "  for at in range(i * 40 << 20, (i + 1) * 40 << 20, 4096): block[at] = 1\n"
-      "fork(fill)"};
+  // Loaded before the workers were forked; filled by each worker in its own part.
+  const std::pair<std::string, std::string> programs[] = {
+      {"loaded",
+       "block = bytearray(100 << 20)\nblock[::4096] = b'x' * len(block[::4096])\n"
+       "fork(lambda i: None)"},
+      {"filled",
+       "block = mmap.mmap(-1, 160 << 20)\n"
+       "def fill(i):\n"
+       "  for at in range(i * 40 << 20, (i + 1) * 40 << 20, 4096): block[at] = 1\n"
+       "fork(fill)"}};
   const std::string prologue =
       "import mmap, os, sys, time\n"
       "def fork(work):\n"
       "  for i in range(4):\n"
       "    if os.fork() == 0:\n"
       "      work(i); os.open(sys.argv[1] + str(i), os.O_CREAT); time.sleep(600)\n";
-  for (const auto& line : lines) {
-    const auto program = addPython("workers");
-    addEntry("workers", program);
-    const auto ready = (folder_ / "ready").string();
-    const ChildProcess child({program, "-c", prologue + line + "\ntime.sleep(600)", ready});
-    ASSERT_TRUE(waitUntil([&] {
-      return fs::exists(ready + "0") && fs::exists(ready + "1") && fs::exists(ready + "2") &&
-             fs::exists(ready + "3");
-    }));
-    const auto used = proportionalSize(child.pid());
-    ASSERT_TRUE(awaitLeader("The workers", "workers"));
-    EXPECT_LT(figure(child.pid()), 1.3 * used) << "before anything was read: " << line;
+  for (const auto& [name, lines] : programs) {
+    const auto program = addPython(name);
+    addEntry(name, program);
+    const ChildProcess child({program, "-c", prologue + lines + "\ntime.sleep(600)", program});
+    for (const char worker : {'0', '1', '2', '3'})
+      ASSERT_TRUE(waitUntil([&] { return fs::exists(program + worker); })) << name;
+    const auto used = proportionalSize(treeOf(child.pid()));
+    ASSERT_TRUE(awaitLeader("The " + name, name));
+    EXPECT_LT(figure(child.pid()), 1.3 * used) << "before anything was read: " << name;
     // The machine's other programs may have to be read first.
     EXPECT_TRUE(waitUntil([&] {
       time_.runPending();
-      return named("The workers") && std::abs(figure(child.pid()) - used) < 0.1 * used;
-    })) << line
+      return std::abs(figure(child.pid()) - used) < 0.1 * used;
+    })) << name
         << ": " << figure(child.pid()) << " of " << used;
-    for (int i = 0; i < 4; ++i) fs::remove(ready + std::to_string(i));
-    fs::remove(program);
   }
 }
 
@@ -240,14 +230,12 @@ TEST_F(ProcessTreesTest, AKilledApplicationLeavesNextToNothingBehind) {
   const auto program = addPython("hog");
   const auto ready = (folder_ / "hog-ready").string();
   const auto run = program +
-                   " -c 'import os, time; block = bytearray(60 << 20); "
-                   "block[::4096] = b\"x\" * len(block[::4096]); "
-                   "os.open(\"" +
+                   " -c 'import os, time; b = bytearray(60 << 20); b[::4096] = b\"x\" * "
+                   "len(b[::4096]); os.open(\"" +
                    ready + "\", os.O_CREAT); time.sleep(600)'";
   const auto script = addScript("late", "sleep 0.2\n" + run + "\n:\n");
   addEntry("late", script);
-  const std::string runs =
-      "import subprocess, sys; subprocess.run(sys.argv[1] + '; :', shell=True)";
+  const std::string runs = "import subprocess, sys; subprocess.run(sys.argv[1] + ';:', shell=True)";
   const std::pair<std::string, std::vector<std::string>> trees[] = {
       {"The late", {script}},
       {"runner", {addPython("runner"), "-c", runs, run}},

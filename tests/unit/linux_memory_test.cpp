@@ -207,7 +207,7 @@ std::uint64_t residentBytes() {
 class MemoryClaimsTest : public testing::Test {
  protected:
   MemoryClaimsTest() {
-    directory_.write("meminfo", "MemTotal: 40960 kB\nMemFree: 4096 kB\nMemAvailable: 8192 kB\n");
+    directory_.write("meminfo", meminfoText(10240, 1024, 2048));
     directory_.write("cgroup", "0::/app\n");
     directory_.write("oom_score_adj", "200\n");
   }
@@ -222,9 +222,8 @@ class MemoryClaimsTest : public testing::Test {
 TEST_F(MemoryClaimsTest, neverMoreThanIsAvailableAndItsControlGroupAllows) {
   const auto claims = [this](std::size_t words) { return claims_.claim(words) != nullptr; };
   EXPECT_TRUE(claims(8 * wordsPerMebibyte));
-  for (const std::size_t words : {8 * wordsPerMebibyte + 1, std::size_t{0}, ~std::size_t{0}}) {
+  for (auto words : {8 * wordsPerMebibyte + 1, std::size_t{0}, ~std::size_t{0}})
     EXPECT_FALSE(claims(words)) << words;
-  }
   directory_.write("cgroups/memory.max", "5242880\n");
   directory_.write("cgroups/memory.current", "1048576\n");
   EXPECT_TRUE(claims(4 * wordsPerMebibyte));
@@ -235,8 +234,7 @@ TEST_F(MemoryClaimsTest, neverMoreThanIsAvailableAndItsControlGroupAllows) {
 
 TEST_F(MemoryClaimsTest, offersItselfToTheKernelWhileHeld) {
   const auto score = [this] { return readFile(directory_.path("oom_score_adj")); };
-  directory_.write("meminfo",
-                   "MemTotal: 99999999999 kB\nMemFree: 1 kB\nMemAvailable: 99999999999 kB\n");
+  directory_.write("meminfo", meminfoText(1L << 35, 1, 1L << 35));
   EXPECT_FALSE(claims_.claim(std::size_t{16} << 40)) << "64 TiB of address space";
   EXPECT_EQ(score(), "200\n");
   auto first = claims_.claim(1024);

@@ -11,6 +11,8 @@
 namespace orvane {
 
 using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 constexpr std::uint64_t mebibyte = 1ULL << 20;
 

@@ -5,14 +5,6 @@
 namespace orvane {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-TEST(BoostClaim, IsInactivePlusHalfOfFreeUpToTheCeiling) {
-  EXPECT_EQ(boostClaimWords({.free = 3U << 30, .inactive = 1U << 30}), 536'870'912U);
-  EXPECT_EQ(boostClaimWords({.free = 8000, .active = 1, .inactive = 4000}), 2000U);
-}
-
 /// Writes down each sleep with the claims held and the random numbers drawn by then.
 struct WatchedQueue : BackgroundQueue {
   void async(Block /*block*/) override {}
@@ -25,7 +17,7 @@ struct WatchedQueue : BackgroundQueue {
   std::vector<std::tuple<Duration, int, int>> sleeps;
 };
 
-TEST(BoostClaim, IsWrittenHeldForASecondAndReleased) {
+TEST(BoostClaim, IsInactivePlusHalfOfFreeWrittenHeldForASecondAndReleased) {
   struct {
     MemoryStats initial;
     bool refuses;
@@ -35,7 +27,8 @@ TEST(BoostClaim, IsWrittenHeldForASecondAndReleased) {
                      {{.free = 8208}, false, {1026}, 2},
                      {{.free = 9}, false, {1}, 1},
                      {{.free = 7}, false, {}, 0},
-                     {{.free = 8208}, true, {1026}, 0},
+                     {{.free = 8000, .active = 1, .inactive = 4000}, true, {2000}, 0},
+                     {{.free = 3U << 30, .inactive = 1U << 30}, true, {536'870'912}, 0},  // 2 GiB
                      {{.free = 8 * mebibyte}, false, {mebibyte}, 768}};  // the queue ends
   for (const auto& [initial, refuses, claimedWords, pages] : cases) {
     WatchedQueue queue;
@@ -47,9 +40,8 @@ TEST(BoostClaim, IsWrittenHeldForASecondAndReleased) {
     EXPECT_EQ(queue.sleeps, sleeps) << initial.free;
     queue.claims.released.resize(
         std::min(queue.claims.released.size(), static_cast<std::size_t>(pages) * 1024));
-    for (std::size_t index = 0; index < queue.claims.released.size(); ++index) {
+    for (std::size_t index = 0; index < queue.claims.released.size(); ++index)
       ASSERT_EQ(queue.claims.released[index] != 0, index % 1024 == 0) << index;
-    }
   }
 }
 
@@ -57,9 +49,8 @@ class Boost : public ManagerCase {
  protected:
   // A machine of 10,000 MB, so that 2 % of it are 200 MB.
   void setFree(double mebibytes) {
-    const auto pages = static_cast<std::uint32_t>(mebibytes * 256);
-    fakes_.counters.counts =
-        PageCounts{.free = pages, .active = 7'000 * 256, .inactive = 3'000 * 256 - pages};
+    const auto free = static_cast<std::uint32_t>(mebibytes * 256);
+    fakes_.counters.counts = {.free = free, .active = 7'000 << 8, .inactive = (3'000 << 8) - free};
   }
   void SetUp() override {
     setFree(1000);

@@ -9,8 +9,6 @@
 namespace orvane {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Manager = ManagerCase;
 
 TEST_F(Manager, SamplesAtOnceAndEveryFiveSeconds) {

@@ -52,9 +52,8 @@ TEST(UniformNumber, IncludesBothEndsAndDrawsAgainWhatWouldBeBiased) {
   // 2^64 mod 10 is 6: the numbers below would make some results likelier.
   fakes::FakeRandomSource random;
   random.numbers = {5, 0, 6, 19, 20, ~0ULL};
-  for (const std::uint64_t expected : {36U, 39U, 30U, 35U}) {
+  for (const auto expected : {36U, 39U, 30U, 35U})
     EXPECT_EQ(uniformNumber(random, 30, 39), expected);
-  }
 }
 
 TEST_F(Collection, ListsWhatIsAboveTheThresholdAndEstimatesWhatCannotBeInspected) {
@@ -93,9 +92,8 @@ TEST_F(Collection, ListsWhatIsAboveTheThresholdAndEstimatesWhatCannotBeInspected
 }
 
 TEST_F(Collection, ListsTheFirstTenByTheModeAndRemembersAll) {
-  for (std::int32_t pid = 1; pid <= 30; ++pid) {
+  for (std::int32_t pid = 1; pid <= 30; ++pid)
     fakes_.applications.add(pid, std::to_string(pid), (pid == 29 ? 800 : 20) * mebibyte);
-  }
   collect();
   fakes_.applications.setResident(29, 15 * mebibyte);
   fakes_.applications.setResident(30, 300 * mebibyte);

@@ -169,10 +169,8 @@ TEST(ProcessStat, RefusesWhatIsNoStat) {
 }
 
 TEST(ProportionalSize, IsTheLineOfThatName) {
-  const std::string head =
-      "5621e934b000-7ffcd1f74000 ---p 00000000 00:00 0     [rollup]\nRss:  1668 kB\n";
-  EXPECT_EQ(parseProportionalSize(head + "Pss:                 769 kB\nPss_Dirty:   112 kB\n"),
-            769U * 1024);
+  const std::string head = "5621e934b000-7ffcd1f74000 ---p 00000000 00:00 0  [rollup]\nRss: 9 kB\n";
+  EXPECT_EQ(parseProportionalSize(head + "Pss:    769 kB\nPss_Dirty:   112 kB\n"), 769U * 1024);
   for (const char* rest : {"", "Pss_Dirty: 1 kB\n", "Pss:", "Pss: kB\n", "Pss: -1 kB\n",
                            "Pss: 18446744073709551615 kB\n", "SwapPss: 5 kB\n"}) {
     EXPECT_FALSE(parseProportionalSize(head + rest)) << rest;
@@ -236,9 +234,7 @@ TEST(ExecLine, GivesTheArguments) {
   EXPECT_EQ(parseExecLine("\"/opt/My App/run\"  --title=\"a \\\"b\\\"\" %F"),
             (Arguments{"/opt/My App/run", "--title=a \"b\""}));
   EXPECT_EQ(parseExecLine("env LANG=C GDK_BACKEND=x11 gimp-2.10 %U"), (Arguments{"gimp-2.10"}));
-  for (const char* line : {"", "  ", "%U", "\"open", "env A=b"}) {
-    EXPECT_FALSE(parseExecLine(line)) << line;
-  }
+  for (auto line : {"", "  ", "%U", "\"open", "env A=b"}) EXPECT_FALSE(parseExecLine(line)) << line;
 }
 
 TEST(ProcessCommand, TellsWhatRuns) {

@@ -24,11 +24,10 @@ QByteArray appcast(const std::string& name) {
 }
 
 /// A result in words: "newest 1.9", "offer 1.10.0", "package manager" or the error.
-std::string updateWords(const UpdateResult& result) {
-  if (const auto* none = std::get_if<UpdateNotNeeded>(&result))
-    return "newest " + none->newestVersion;
-  if (const auto* offer = std::get_if<UpdateOffer>(&result)) return "offer " + offer->version;
-  if (const auto* error = std::get_if<UpdateError>(&result)) return error->message;
+std::string updateWords(const UpdateResult& of) {
+  if (const auto* none = std::get_if<UpdateNotNeeded>(&of)) return "newest " + none->newestVersion;
+  if (const auto* offer = std::get_if<UpdateOffer>(&of)) return "offer " + offer->version;
+  if (const auto* error = std::get_if<UpdateError>(&of)) return error->message;
   return "package manager";
 }
 
@@ -54,9 +53,8 @@ class FeedServer {
     server_.setSslConfiguration(configuration);
     server_.listen(QHostAddress::LocalHost);
     QObject::connect(&server_, &QTcpServer::pendingConnectionAvailable, &server_, [this] {
-      while (QTcpSocket* socket = server_.nextPendingConnection()) {
+      while (QTcpSocket* socket = server_.nextPendingConnection())
         QObject::connect(socket, &QTcpSocket::readyRead, &server_, [=, this] { serve(socket); });
-      }
     });
   }
 
@@ -183,9 +181,8 @@ TEST(SoftwareUpdater, AnEndlessAnswerEndsWithItsConnection) {
 
 TEST(SoftwareUpdater, FetchesOverSecureConnectionsOnly) {
   EXPECT_EQ(check(""), "package manager");
-  for (const char* url : {"http://127.0.0.1:9/", "file:///etc/hostname", "feed"}) {
+  for (const char* url : {"http://127.0.0.1:9/", "file:///etc/hostname", "feed"})
     EXPECT_EQ(check(url), "The address of the update feed is not a secure one.") << url;
-  }
   const FeedServer server;
   trust({});
   EXPECT_EQ(check(server.url("/newer.xml")),
@@ -217,9 +214,8 @@ QByteArray feedWith(const QByteArray& item) {
   return "<rss><channel><item>" + item + "</item></channel></rss>";
 }
 
-QByteArray version(const std::string& number) {
-  return "<enclosure url='https://a.example/' version='" + QByteArray::fromStdString(number) +
-         "'/>";
+QByteArray version(const std::string& text) {
+  return "<enclosure url='https://a.example/' version='" + QByteArray::fromStdString(text) + "'/>";
 }
 
 std::string notesOf(const std::string& description) {
@@ -248,10 +244,9 @@ TEST(Appcast, OrdersVersionsAsPeopleReadThem) {
     for (const auto& text : ascending[rank]) all.emplace_back(text, rank);
   }
   for (const auto& [offered, rank] : all) {
-    for (const auto& [running, runningRank] : all) {
+    for (const auto& [running, runningRank] : all)
       EXPECT_EQ(updateWords(readAppcast(feedWith(version(offered)), running)),
                 rank > runningRank ? "offer " + offered : "newest " + running);
-    }
   }
   for (const char* text : {"", "v", "beta", "1.0 rc", "1/2", "1..2", "2.18446744073709551617"}) {
     EXPECT_EQ(updateWords(readAppcast(feedWith(version(text)), "1")),
@@ -318,13 +313,10 @@ TEST(Appcast, RefusesBrokenAndHostileDocuments) {
                                        good + good,
                                        "no markup",
                                        "<html></html>"};
-  for (qsizetype length = 0; length < good.size() - 8; length += 7) {
-    documents.push_back(good.first(length));
-  }
-  for (const QByteArray& document : documents) {
+  for (qsizetype cut = 0; cut < good.size() - 8; cut += 7) documents.push_back(good.first(cut));
+  for (const QByteArray& document : documents)
     EXPECT_EQ(updateWords(readAppcast(document, "1")), "The update feed could not be understood.")
         << document.left(60).constData();
-  }
 }
 
 }  // namespace

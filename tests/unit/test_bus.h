@@ -59,10 +59,9 @@ class TestBus {
 class BusService {
  public:
   BusService(const TestBus& bus, const char* name, const char* path, QObject& object)
-      : name_(QString::fromLatin1(name)),
+      : name_(QLatin1String(name)),
         connection_(QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name_)) {
-    connection_.registerObject(QString::fromLatin1(path), &object,
-                               QDBusConnection::ExportAllContents);
+    connection_.registerObject(QLatin1String(path), &object, QDBusConnection::ExportAllContents);
     // As soon as the bus has noticed that an owner before is gone.
     EXPECT_TRUE(waitUntil([&] { return connection_.registerService(name_); }));
   }

@@ -34,9 +34,8 @@ const std::string fffd = "\xEF\xBF\xBD";
 std::string encoded(std::uint32_t point, unsigned length) {
   if (length == 1) return {static_cast<char>(point)};
   std::string bytes;
-  for (unsigned index = 1; index < length; ++index, point >>= 6U) {
+  for (unsigned index = 1; index < length; ++index, point >>= 6U)
     bytes.insert(bytes.begin(), static_cast<char>(0x80U | (point & 0x3FU)));
-  }
   return static_cast<char>((0xFF00U >> length) | point) + bytes;
 }
 
@@ -94,28 +93,26 @@ TEST(SingleLineText, MakesOneLineOfWhateverANameHolds) {
   for (const auto point : points) {
     const std::string character = encoded(point, shortestLength(point));
     std::string between = character;
-    for (const auto& [first, last, text] : ranges) {
+    for (const auto& [first, last, text] : ranges)
       if (point >= first && point <= last) between = text;
-    }
     ASSERT_EQ(singleLineText("a" + character + "b"), "a" + between + "b") << point;
   }
 }
 
 TEST(SingleLineText, CutsAtItsLimitOfCharactersNotBytes) {
-  const auto repeated = [](std::string_view character, int count) {
+  const auto times = [](std::string_view character, int count) {
     std::string text;
     for (int i = 0; i < count; ++i) text += character;
     return text;
   };
   const std::string ellipsis = "\xE2\x80\xA6";
   const std::string smile = "\xF0\x9F\x98\x80";
-  EXPECT_EQ(singleLineText(repeated(smile, 256)), repeated(smile, 256));
-  EXPECT_EQ(singleLineText(repeated(smile, 257)), repeated(smile, 255) + ellipsis);
-  EXPECT_EQ(singleLineText(repeated("\xFF", 1000)), repeated("\xEF\xBF\xBD", 255) + ellipsis);
-  EXPECT_EQ(singleLineText(repeated("\n", 1000) + repeated("a", 256) + "\n\n"), repeated("a", 256));
-  EXPECT_EQ(singleLineText(repeated("a", 256) + "  "), repeated("a", 256));
-  EXPECT_EQ(singleLineText(repeated("a", 250) + repeated(" ", 20) + "b"),
-            repeated("a", 250) + ellipsis);
+  EXPECT_EQ(singleLineText(times(smile, 256)), times(smile, 256));
+  EXPECT_EQ(singleLineText(times(smile, 257)), times(smile, 255) + ellipsis);
+  EXPECT_EQ(singleLineText(times("\xFF", 1000)), times("\xEF\xBF\xBD", 255) + ellipsis);
+  EXPECT_EQ(singleLineText(times("\n", 1000) + times("a", 256) + "\n\n"), times("a", 256));
+  EXPECT_EQ(singleLineText(times("a", 256) + "  "), times("a", 256));
+  EXPECT_EQ(singleLineText(times("a", 250) + times(" ", 20) + "b"), times("a", 250) + ellipsis);
 }
 
 TEST(Uuid, WritesRandomDigitsInTheUsualForm) {

@@ -43,7 +43,7 @@ class X11ApplicationsTest : private Desktop, public LinuxApplicationsTest {
   X11ApplicationsTest() : LinuxApplicationsTest(x11Connection(), "/usr/share/applications") {}
 
   /// None while the process leads no application.
-  std::optional<int> threadsOf(pid_t pid) {
+  std::optional<int> threads(pid_t pid) {
     const auto application = ledBy(pid);
     return application ? application->figures.threadCount : std::nullopt;
   }
@@ -100,12 +100,9 @@ TEST_F(X11ApplicationsTest, TellsWindowsFromPartsOfTheDesktop) {
   X11Windows later(x11Connection());
   ASSERT_TRUE(waitUntil([&] { return has(later, "ordinary"); }));
   ASSERT_TRUE(has(later, "panel"));
-  for (const auto& window : later.windows()) {
-    EXPECT_EQ(window.isDesktopPart, window.instance != "ordinary");
-  }
+  for (const auto& one : later.windows()) EXPECT_EQ(one.isDesktopPart, one.instance != "ordinary");
   // What runs in an ordinary terminal is a part of it; what a panel starts is not.
-  EXPECT_TRUE(
-      waitUntil([&] { return threadsOf(first.pid()) == 2 && threadsOf(second.pid()) == 1; }));
+  EXPECT_TRUE(waitUntil([&] { return threads(first.pid()) == 2 && threads(second.pid()) == 1; }));
 
   ::kill(second.pid(), SIGKILL);
   EXPECT_TRUE(waitUntil([&] { return !has(windows, "panel"); }));
