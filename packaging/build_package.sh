@@ -12,9 +12,9 @@ git archive HEAD | tar --extract --directory "$source"
 cp -r "$source/packaging/deb" "$source/debian"
 version=$(sed -n 's/^project(Orvane VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 cat >"$source/debian/changelog" <<TEXT
-orvane ($version) unstable; urgency=medium
+orvane ($version-1) unstable; urgency=medium
 
-  * What changed stands in CHANGELOG.md.
+  * What changed is told in changelog.gz.
 
  -- The Orvane team <support@orvane.example>  $(git log -1 --format=%cD)
 TEXT
