@@ -23,7 +23,9 @@ LoadedWindows loadWindows(const std::vector<std::string>& folders, const WindowS
     // Qt keeps the module's types registered for good.
     module.setLoadHints(QLibrary::PreventUnloadHint);
     if (const auto make = reinterpret_cast<MakeWindows>(module.resolve(makeWindowsName))) {
-      make(made, settings, shell, manager);
+      WindowSettings found = settings;
+      found.moduleFolder = folder;
+      make(made, found, shell, manager);
       return made;
     }
     problem = module.errorString();

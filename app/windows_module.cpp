@@ -1,12 +1,13 @@
 // The one function that the module of the windows exports.
 #include "app/windows_module.h"
 
+#include <QtCore/QStringList>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
 #include <utility>
 
 #include "app/product_settings.h"
-#include "platform/linux/files/regular_file.h"
+#include "platform/linux/runtime/bounded_process.h"
 #include "platform/linux/updates/linux_software_updater.h"
 #include "platform/linux/x11/x11_panels.h"
 #include "platform/linux/x11/x11_window_hints.h"
@@ -20,13 +21,16 @@ class DesktopWindows : public WindowController {
  public:
   DesktopWindows(const WindowSettings& settings, Shell& shell,
                  std::shared_ptr<MemoryManager> manager)
-      : WindowController(shell, std::move(manager),
-                         {.readFile = readRegularFile,
-                          .skipTaskbar = skipTaskbar,
-                          .forgetMinimized = forgetMinimized,
-                          .panelFrames = x11PanelFrames,
-                          .blendsTranslucentWindows = blendsTranslucentWindows},
-                         settings.facts),
+      : WindowController(
+            shell, std::move(manager),
+            {.drawIcon =
+                 [program = settings.moduleFolder + "/orvane-draw-icon"](
+                     const IconRequest& request) { return outputOf(program, request.arguments()); },
+             .skipTaskbar = skipTaskbar,
+             .forgetMinimized = forgetMinimized,
+             .panelFrames = x11PanelFrames,
+             .blendsTranslucentWindows = blendsTranslucentWindows},
+            settings.facts),
         appearance_(settings.appearance) {
     // On desktops that Qt doesn't know its icon theme is hicolor, which has few applications'
     // icons.

@@ -21,7 +21,8 @@ struct LoadedWindows {
 struct WindowSettings {
   Appearance& appearance;  ///< must outlive the windows, which take its handler
   ProductFacts facts;
-  std::string updateFeed;  ///< empty: updates come from the system's package manager
+  std::string updateFeed;         ///< empty: updates come from the system's package manager
+  std::string moduleFolder = {};  ///< where the module lies, and beside it what draws icons
 };
 
 /// Makes the windows; `shell` must outlive them. Nothing when they can't be had.

@@ -58,8 +58,9 @@ WindowController& PreviewStage::windows() {
   shell_.onBoost = [this] { startBoost(); };
   windows_ = std::make_unique<WindowController>(
       shell_, manager(),
-      DesktopFunctions{.readFile = readFile,
-                       .blendsTranslucentWindows = [this] { return roundWindows_; }},
+      DesktopFunctions{
+          .drawIcon = [](const IconRequest& request) { return drawIcon(request, readFile); },
+          .blendsTranslucentWindows = [this] { return roundWindows_; }},
       ProductFacts{.version = "0.1.0", .builtOn = "Qt 6 and GLib"});
   windows_->setAppearance(appearance_);
   return *windows_;

@@ -238,10 +238,12 @@ TEST_F(Processes, AnIconThatCannotBeShownIsThePlaceholderWithoutAWord) {
   services_.applications.add(pid, "None", megabyte * 1000);
   testing::internal::CaptureStderr();
   manager_->updateTopProcesses();
-  settle();
-  QList<bool> shown;
-  for (const auto* row : rows()) shown << findIn(row, "picture")->isVisible();
-  EXPECT_EQ(shown, (QList<bool>{false, false, true, false}));
+  const auto shown = [this] {
+    QList<bool> pictures;
+    for (const auto* row : rows()) pictures << findIn(row, "picture")->isVisible();
+    return pictures;
+  };
+  EXPECT_TRUE(waitUntil([&] { return shown() == QList<bool>{false, false, true, false}; }));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/files/regular_file.h"
+#include "platform/linux/runtime/bounded_process.h"
 #include "testing/fake_services.h"
 #include "testing/recording_shell.h"
 #include "tests/unit/test_support.h"
@@ -20,6 +20,10 @@
 namespace orvane {
 
 constexpr std::uint64_t megabyte = 1U << 20U;
+
+inline QByteArray drawIconApart(const IconRequest& request) {
+  return outputOf(ORVANE_ICON_DRAWER, request.arguments());
+}
 
 /// A view of the real UI on fake services, and the ways to find, press and click what is in it.
 class ViewCase : public testing::Test {
@@ -37,9 +41,8 @@ class ViewCase : public testing::Test {
   }
   void createWindows() {
     manager_ = MemoryManager::create(services_.services());
-    windows_ = std::make_unique<WindowController>(shell_, manager_,
-                                                  DesktopFunctions{.readFile = readRegularFile},
-                                                  ProductFacts{"1.4.2", "Qt"});
+    windows_ = std::make_unique<WindowController>(
+        shell_, manager_, DesktopFunctions{.drawIcon = drawIconApart}, ProductFacts{"1.4.2", "Qt"});
     windows_->setAppearance({.colorScheme = ColorScheme::light});
   }
   void createMainWindow() {

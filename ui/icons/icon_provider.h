@@ -1,34 +1,36 @@
 #pragma once
 
 #include <QQuickImageProvider>
+#include <functional>
 #include <string>
 
-#include "ui/icons/file_reader.h"
+#include "ui/icons/icon_drawing.h"
 
 namespace orvane {
 
-/// Pictures of applications for Image, by themed icon name or absolute path.
+/// Gives what `drawIcon` gives, and nothing where that would take too long or too much. Threads:
+/// any.
+using IconDrawer = std::function<QByteArray(const IconRequest& request)>;
+
+/// Pictures of applications for Image, by themed icon name or absolute path; one after the other,
+/// beside the event loop.
 ///
 /// An icon that can't be shown is a picture of one clear pixel: Image would print a line about
-/// none. Making the provider limits what any picture of the program may take to 64 MB, turns off
-/// QPixmapCache, which would keep what Image keeps, and keeps Qt's readers from printing what they
-/// think of a file; QT_LOGGING_RULES brings that back.
+/// none. Making the provider turns off QPixmapCache, which would keep what Image keeps.
 class IconProvider : public QQuickImageProvider {
  public:
   static constexpr const char* providerId = "application";
 
-  /// Icons with a path come from `readFile`.
-  explicit IconProvider(FileReader readFile);
+  explicit IconProvider(IconDrawer draw);
 
-  /// The address of an icon; empty when the desktop has no such icon.
+  /// The address of an icon; empty when the desktop has no such icon. Main thread only.
   [[nodiscard]] static QString source(const std::string& name);
 
   QImage requestImage(const QString& id, QSize* size, const QSize& requestedSize) override;
 
  private:
-  [[nodiscard]] QImage fileIcon(const QString& path, QSize size) const;
-
-  FileReader readFile_;
+  IconDrawer draw_;
+  IconRequest request_;  ///< what all have in common
 };
 
 }  // namespace orvane

@@ -29,7 +29,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        visible: !picture.visible
+        visible: !picture.visible && picture.status !== Image.Loading
         radius: width / 2
         antialiasing: true
         color: Theme.withOpacity(Theme.blue, 0.2)

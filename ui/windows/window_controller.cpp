@@ -105,7 +105,7 @@ QQmlEngine& WindowController::engine() {
   engine_ = std::make_unique<QQmlEngine>();
   engine_->addImportPath(QStringLiteral(":/qt/qml"));
   engine_->addImageProvider(QLatin1String(IconProvider::providerId),
-                            new IconProvider(desktop_.readFile));
+                            new IconProvider(desktop_.drawIcon));
   applyAppearance();
   QCoreApplication::instance()->installEventFilter(this);
   return *engine_;

@@ -19,7 +19,7 @@
 #include "core/memory_manager.h"
 #include "platform/appearance.h"
 #include "ui/dialogs/update_texts.h"
-#include "ui/icons/file_reader.h"
+#include "ui/icons/icon_provider.h"
 #include "ui/model/memory_model.h"
 #include "ui/windows/windows.h"
 
@@ -27,9 +27,9 @@ namespace orvane {
 
 class Theme;
 
-/// What windows and icons need of the desktop. Main thread only.
+/// What windows and icons need of the desktop. Main thread only, but for the first.
 struct DesktopFunctions {
-  FileReader readFile;  ///< of icons that applications name by path
+  IconDrawer drawIcon;  ///< called on any thread
   /// Keeps a window that isn't shown yet out of taskbars.
   std::function<void(QWindow&)> skipTaskbar = [](QWindow&) {};
   /// Lets a hidden window come back as a window although it was minimised.
