@@ -19,7 +19,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-COPIED = ("CMakeLists.txt", "CMakePresets.json", "cmake", "core", "platform", "tests")
+COPIED = ("CMakeLists.txt", "CMakePresets.json", "cmake", "core", "platform", "testing", "tests")
 TEST_SECONDS, TEST_BYTES = 20, 2 << 30
 
 # What no test can notice, as patterns of the file, the line and the change, and the reason.
