@@ -45,17 +45,10 @@ class Accessibility(WindowCase):
 
     def check(self, *texts):
         """What was done before may still be moving."""
-        faults = []
-
-        def whole():
-            faults[:] = self.faults(texts)
-            return not faults
-
         try:
-            self.wait_for("whole tree", 6, whole)
+            self.wait_for("whole tree", 6, lambda: not self.faults(texts))
         except TimeoutError:
-            self.picture("faulty")
-            self.fail("\n".join(faults))
+            self.fail("\n".join(self.faults(texts)))
 
     def focused(self):
         return [(role, name) for node, role, name, _ in self.shown()

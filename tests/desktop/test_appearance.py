@@ -22,7 +22,7 @@ class Appearance(WindowCase):
 
     def brightness(self):
         """Of the window's background, 0 to 255: below the tabs, at the left edge."""
-        x, y, _, height = self.seen.rectangle(self.control("View"))
+        x, y, _, height = self.place("View")
         return self.desktop.screen.area(x - 15, y + height + 20, 1, 1)[1]
 
     def test_follows_the_desktop_at_once(self):
@@ -39,10 +39,10 @@ class Appearance(WindowCase):
     def test_contrast_motion_and_size(self):
         def line():
             """Brightness of the line above the details' bar."""
-            x, y, _, _ = self.seen.rectangle(self.control("Show Details"))
+            x, y, _, _ = self.place("Show Details")
             return self.desktop.screen.area(x + 20, y - 1, 1, 1)[1]
 
-        x, y, width, _ = self.seen.rectangle(self.control("Used"))
+        x, y, width, _ = self.place("Used")
         gauge = (x - 90 + width // 2, y - 110, 180, 90)
 
         def still():
@@ -56,7 +56,7 @@ class Appearance(WindowCase):
         self.picture("contrast")
         self.say("org.gnome.desktop.interface enable-animations false")
         self.open_popover()
-        _, _, _, height = self.seen.rectangle(self.control("Memory Usage"))
+        _, _, _, height = self.place("Memory Usage")
         self.close_popover()
         self.press("Boost Memory")
         self.wait_for_control("Boosting...")
@@ -64,6 +64,5 @@ class Appearance(WindowCase):
         self.picture("still")
         self.say("org.gnome.desktop.interface text-scaling-factor 1.5")
         self.open_popover()
-        self.wait_for("larger text", 3, lambda: self.seen.rectangle(
-            self.control("Memory Usage"))[3] > height)
+        self.wait_for("larger text", 3, lambda: self.place("Memory Usage")[3] > height)
         self.picture("large-popover")

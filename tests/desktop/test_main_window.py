@@ -28,7 +28,7 @@ class MainWindow(WindowCase):
         x, y = self.middle("Top Memory Consumers")
         self.pointer.press(x, y - 100)  # the title bar, dragged until the end is below the screen's
         self.wait_for("low window", 3, lambda: self.pointer.move(x, y) or self.pointer.move(
-            x, y + 100) or self.seen.rectangle(self.control("View"))[1] > y + 100)
+            x, y + 100) or self.place("View")[1] > y + 100)
         self.pointer.release()
         place = self.middle("Refresh")
 

@@ -3,6 +3,7 @@
 from tests.desktop.desktop_case import DesktopCase
 
 from tools.desktop.panel import find_item
+from tools.desktop.processes import wait_until_still
 
 
 class PopoverCase(DesktopCase):
@@ -35,15 +36,12 @@ class PopoverCase(DesktopCase):
     def middle(self, name):
         """The middle of a control once it stands still."""
         self.wait_for_control(name)
-        last = []
-
-        def still():
-            node = self.control(name)
-            last.append(self.seen.rectangle(node) if node else None)
-            return len(last) > 1 and last[-1] == last[-2] and last[-1]
-
-        x, y, width, height = self.wait_for(f"still {name}", 5, still)
+        x, y, width, height = wait_until_still(name, 5, lambda: self.place(name))
         return x + width // 2, y + height // 2
+
+    def place(self, name):
+        node = self.control(name)
+        return node and self.seen.rectangle(node)
 
     def click(self, name):
         self.pointer.click(*self.middle(name))

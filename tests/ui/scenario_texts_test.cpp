@@ -29,8 +29,7 @@ class LongLanguage : public QTranslator {
 
 struct Shown {
   QString text;
-  QRectF place;    ///< in the window, of what is drawn
-  QRectF visible;  ///< what of it nothing cuts off
+  QRectF visible;  ///< in the window, of what is drawn and nothing cuts off
 };
 
 bool isText(const QQuickItem& item) {
@@ -43,11 +42,9 @@ QRectF drawn(const QQuickItem& item) {
   const QVariant contentWidth = item.property("contentWidth");
   if (!contentWidth.isValid()) return {QPointF(), item.size()};
   const double width = contentWidth.toDouble();
-  const int alignment = item.property("effectiveHorizontalAlignment").toInt();
+  const int align = item.property("effectiveHorizontalAlignment").toInt();
   const double space = item.width() - width;
-  const double x = alignment == Qt::AlignRight     ? space
-                   : alignment == Qt::AlignHCenter ? space / 2
-                                                   : 0;
+  const double x = align == Qt::AlignRight ? space : align == Qt::AlignHCenter ? space / 2 : 0;
   return {x, 0, width, item.property("contentHeight").toDouble()};
 }
 
@@ -78,7 +75,7 @@ void collect(const QQuickItem& in, QRectF sight, std::vector<Shown>& texts, QStr
     const QRectF place = in.mapRectToScene(drawn(in));
     const QString fault = faultOf(in, place);
     if (!fault.isEmpty()) faults << text + QStringLiteral(": ") + fault;
-    texts.push_back({text, place, place.adjusted(1, 1, -1, -1) & sight});
+    texts.push_back({text, place.adjusted(1, 1, -1, -1) & sight});
   }
   for (const QQuickItem* child : in.childItems()) collect(*child, sight, texts, faults);
 }

@@ -21,15 +21,10 @@ namespace fs = std::filesystem;
 class ProcessTableTest : public testing::Test {
  protected:
   struct Figures {
-    int parent = 1;
-    char state = 'S';
-    int startTime = 500;
-    int virtualSize = 8192;
-    int threads = 3;
     std::string command = "prog";
-    int resident = 10;
-    int size = 2;
-    int flags = 4194304;
+    char state = 'S';
+    int parent = 1, startTime = 500, flags = 4194304;
+    int virtualSize = 8192, size = 2, resident = 10;
   };
 
   void write(int pid, const Figures& figures) const {
@@ -39,9 +34,8 @@ class ProcessTableTest : public testing::Test {
     fs::create_symlink("/usr/bin/prog", folder / "exe", there);
     std::ofstream(folder / "stat")
         << pid << " (" << figures.command << ") " << figures.state << ' ' << figures.parent
-        << " 1 1 0 -1 " << figures.flags << " 0 0 0 0 0 0 0 0 20 0 " << figures.threads << " 0 "
-        << figures.startTime << ' ' << figures.virtualSize << ' ' << figures.resident
-        << " 0 4096 0 0\n";
+        << " 1 1 0 -1 " << figures.flags << " 0 0 0 0 0 0 0 0 20 0 3 0 " << figures.startTime << ' '
+        << figures.virtualSize << ' ' << figures.resident << " 0 4096 0 0\n";
     std::ofstream(folder / "statm") << figures.size << ' ' << figures.resident << " 4 1 0 1 0\n";
   }
 

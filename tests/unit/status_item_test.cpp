@@ -33,16 +33,14 @@ class FakePanel : public QObject, protected QDBusContext {
   }
 
   void listenTo(const char* interface, const char* path, const char* signal) {
-    service_.connection().connect(items.value(0), QString::fromLatin1(path),
-                                  QString::fromLatin1(interface), QString::fromLatin1(signal), this,
-                                  SLOT(noteSignal(QDBusMessage)));
+    service_.connection().connect(items.value(0), QLatin1String(path), QLatin1String(interface),
+                                  QLatin1String(signal), this, SLOT(noteSignal(QDBusMessage)));
   }
 
   QDBusPendingCall post(const char* path, const char* interface, const char* method,
                         const QVariantList& arguments) {
-    auto message =
-        QDBusMessage::createMethodCall(items.value(0), QString::fromLatin1(path),
-                                       QString::fromLatin1(interface), QString::fromLatin1(method));
+    auto message = QDBusMessage::createMethodCall(items.value(0), QLatin1String(path),
+                                                  QLatin1String(interface), QLatin1String(method));
     message.setArguments(arguments);
     return service_.connection().asyncCall(message);
   }
@@ -56,7 +54,7 @@ class FakePanel : public QObject, protected QDBusContext {
   }
   QVariant property(const char* name) {
     const auto reply = call("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "Get",
-                            {u"org.kde.StatusNotifierItem"_s, QString::fromLatin1(name)});
+                            {u"org.kde.StatusNotifierItem"_s, QLatin1String(name)});
     return reply.arguments().value(0).value<QDBusVariant>().variant();
   }
   QDBusMessage menu(const char* method, const QVariantList& arguments) {

@@ -1,6 +1,6 @@
 """The virtual desktop's panel, as it looks."""
 
-from .processes import wait_for
+from .processes import wait_until_still
 from .virtual_desktop import PANEL_HEIGHT
 
 # Blue, green, red of the item's ground: on a dark panel, and on one not known yet.
@@ -9,13 +9,7 @@ BADGES = (bytes((233, 228, 226)), bytes((46, 40, 38)))
 
 def find_item(desktop):
     """The middle of the status item once it stands still in the panel."""
-    places = []
-
-    def still():
-        places.append(badge_point(desktop))
-        return len(places) > 2 and places[-1] == places[-2] == places[-3] and places[-1]
-
-    return wait_for("item in the panel", 10, still, 0.1)
+    return wait_until_still("item in the panel", 10, lambda: badge_point(desktop))
 
 
 def badge_point(desktop):

@@ -98,3 +98,14 @@ def wait_for(what, seconds, check, interval=0.05):
         if time.monotonic() > deadline:
             raise TimeoutError(f"no {what} within {seconds} s")
         time.sleep(interval)
+
+
+def wait_until_still(what, seconds, place):
+    """Polls until `place()` is the same three times, and gives that."""
+    places = []
+
+    def still():
+        places.append(place())
+        return len(places) > 2 and places[-1] == places[-2] == places[-3] and places[-1]
+
+    return wait_for(what, seconds, still, 0.1)
