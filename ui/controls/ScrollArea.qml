@@ -132,5 +132,6 @@ Flickable {
 
         parent: root
         area: root
+        onDragged: share => root.contentY = root.onPixel(share * root.furthest)
     }
 }

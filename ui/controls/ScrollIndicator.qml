@@ -6,9 +6,12 @@ import Orvane
 Item {
     id: root
 
-    required property Flickable area
+    required property Flickable area  ///< read alone; it scrolls itself when `dragged` says so
     readonly property real travel: height - thumb.height
     readonly property bool wanted: area.contentHeight > area.height + 0.5
+
+    /// The pointer moved the bar to this share of the way, 0 to 1.
+    signal dragged(real share)
 
     function show() {
         if (wanted)
@@ -57,7 +60,7 @@ Item {
         onPressed: mouse => grip = mouse.y >= thumb.y && mouse.y <= thumb.y + thumb.height ? mouse.y - thumb.y : thumb.height / 2
         onPositionChanged: mouse => {
             if (pressed)
-                root.area.contentY = root.area.onPixel(Math.max(0, Math.min(1, (mouse.y - grip - 2) / Math.max(1, root.travel - 4))) * root.area.furthest);
+                root.dragged(Math.max(0, Math.min(1, (mouse.y - grip - 2) / Math.max(1, root.travel - 4))));
         }
     }
 }

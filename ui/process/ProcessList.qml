@@ -13,7 +13,7 @@ ScrollArea {
 
     /// Opens the context menu of the row that has the keyboard, or else of the selected row.
     function openMenuByKey() {
-        let target = null;
+        let target = null as ProcessRow;
         for (let i = 0; i < rows.count; ++i) {
             const row = rows.itemAt(i) as ProcessRow;
             if (row.hasKeyboard || (row.isSelected && !target?.hasKeyboard))
