@@ -156,7 +156,9 @@ MemoryMonitorApp::~MemoryMonitorApp() = default;
 int MemoryMonitorApp::run(StartWish wish) {
   services_->bus.start();
   services_->delegate->applicationDidFinishLaunching(wish);
-  return QCoreApplication::exec();
+  const int status = QCoreApplication::exec();
+  services_->terminationSignals.endSoon();
+  return status;
 }
 
 }  // namespace orvane

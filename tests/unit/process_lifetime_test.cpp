@@ -79,12 +79,14 @@ TEST(TerminationSignals, BecomeCallsFromTheEventLoopWhileTheyAreHandled) {
     EXPECT_TRUE(waitUntil([&] { return calls == 1; })) << signal;
     EXPECT_GT(::alarm(0), 0U) << "the end of a loop that doesn't come to the call";
   }
-  const auto hang = [] {
+  const auto hang = [](bool isAsked) {
     const TerminationSignals signals([] {});
-    ::raise(SIGTERM);
+    isAsked ? static_cast<void>(::raise(SIGTERM)) : signals.endSoon();
     for (;;) ::pause();
   };
-  EXPECT_EXIT(hang(), testing::ExitedWithCode(0), "");
+  for (const bool isAsked : {true, false}) {
+    EXPECT_EXIT(hang(isAsked), testing::ExitedWithCode(0), "");
+  }
   EXPECT_EXIT(::raise(SIGTERM), testing::KilledBySignal(SIGTERM), "");
 }
 

@@ -67,4 +67,8 @@ TerminationSignals::~TerminationSignals() {
   signalEvent = -1;
 }
 
+void TerminationSignals::endSoon() const {
+  if (event_.isOpen()) ::alarm(patienceSeconds);
+}
+
 }  // namespace orvane

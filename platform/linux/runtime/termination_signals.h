@@ -21,6 +21,10 @@ class TerminationSignals {
   /// Gives the signals their usual meaning back.
   ~TerminationSignals();
 
+  /// The program ends the way it does for the user, and at once where that takes over a second: a
+  /// thread may wait for the kernel.
+  void endSoon() const;
+
  private:
   FileDescriptor event_;
   std::unique_ptr<QSocketNotifier> notifier_;
