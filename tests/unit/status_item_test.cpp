@@ -170,7 +170,7 @@ TEST_F(StatusItemTest, SaysOnlyWhatChangedAndThatOnceWhereAllIsReadAgain) {
     EXPECT_TRUE(panel.signalsSeen.isEmpty());
     ++percent;
     show();
-    ASSERT_TRUE(waitUntil([&] { return panel.signalsSeen.size() >= signals; })) << host;
+    ASSERT_TRUE(waitUntil([&, n = signals] { return panel.signalsSeen.size() >= n; })) << host;
     panel.property("Id");
     EXPECT_EQ(panel.signalsSeen.size(), signals) << host;
     EXPECT_EQ(panel.signalsSeen.contains(u"NewIcon"_s), signals == 1);
