@@ -31,14 +31,9 @@ class ViewCase : public testing::Test {
   ViewCase() {
     services_.claims.refuses = true;  // a boost takes no real memory here
     services_.counters.bytesPerPage = megabyte;
-    setMemory(4096, 6144, 3072, 3072, 1024);
+    memory_ = {4096, 6144, 3072, 3072, 1024};
   }
 
-  /// In MB.
-  void setMemory(std::uint32_t free, std::uint32_t active, std::uint32_t inactive,
-                 std::uint32_t wired, std::uint32_t compressed) {
-    services_.counters.counts = {free, active, inactive, wired, compressed};
-  }
   void createWindows() {
     manager_ = MemoryManager::create(services_.services());
     windows_ = std::make_unique<WindowController>(
@@ -124,6 +119,7 @@ class ViewCase : public testing::Test {
   }
 
   fakes::FakeServices services_;
+  std::optional<PageCounts>& memory_ = services_.counters.counts;  ///< in MB
   std::shared_ptr<MemoryManager> manager_;
   fakes::RecordingShell shell_;
   std::unique_ptr<WindowController> windows_;

@@ -50,7 +50,7 @@ TEST_F(MainWindowTest, FiguresAreThoseOfTheSample) {
   EXPECT_EQ(accessibleName(item("compressedBytesBar")), "Compressed 1.00 GB");
   EXPECT_EQ(accessibleName(item("topConsumers")), "Top 3 apps use 33.3% of memory");
 
-  setMemory(0, 0, 0, 0, 0);
+  memory_ = {0, 0, 0, 0, 0};
   sample();
   EXPECT_EQ(text(item("percentage")), "0.0%") << "a machine without memory";
   EXPECT_EQ(accessibleName(item("freeBytesBar")), "Free 0.00 GB (0.0%)");
@@ -119,15 +119,15 @@ TEST_F(MainWindowTest, UsageArcSpringsToANewFigure) {
     const double to = arc("usageArc").to();
     steps += to > 0.5625 && to != 0.875 ? 1 : 0;
   });
-  setMemory(1024, 10240, 1024, 4096, 0);
+  memory_ = {1024, 10240, 1024, 4096, 0};
   sample();
   EXPECT_TRUE(waitUntil([&] { return steps > 0 && arc("usageArc").to() == 0.875; })) << steps;
-  setMemory(1023, 10241, 1024, 4096, 0);
+  memory_ = {1023, 10241, 1024, 4096, 0};
   sample();
   EXPECT_DOUBLE_EQ(arc("usageArc").to(), 0.875 + 1.0 / 16384) << "a spring too small to be seen";
 
   view_->hide();
-  setMemory(4096, 6144, 3072, 3072, 0);
+  memory_ = {4096, 6144, 3072, 3072, 0};
   sample();
   EXPECT_DOUBLE_EQ(arc("usageArc").to(), 0.5625) << "moves though nobody sees it";
 }

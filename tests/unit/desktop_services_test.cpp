@@ -25,9 +25,6 @@ using namespace std::string_literals;
 
 class PreferencesTest : public testing::Test {
  protected:
-  std::string write(const std::string& name, const std::string& content) {
-    return directory_.write(name, content);
-  }
   /// Stores a mode; it holds for this run whatever becomes of the file.
   static void storeMode(const std::string& path) {
     LinuxPreferences preferences(path);
@@ -39,12 +36,12 @@ class PreferencesTest : public testing::Test {
     return LinuxPreferences(path).text("processSortMode");
   }
 
-  TestDirectory directory_;
+  TestDirectory files_;
   const std::string good_ = "[General]\nkept=yes\n\n[other]\nkey=1\n";
 };
 
 TEST_F(PreferencesTest, SurviveTheProgramAndKeepForeignKeys) {
-  const std::string path = write("o.conf", good_);
+  const std::string path = files_.write("o.conf", good_);
   LinuxPreferences(path).setBoolean("launchAtLogin", true);
   EXPECT_NE(readFile(path).find("launchAtLogin=true"), std::string::npos) << "written at once";
   storeMode(path);
@@ -55,8 +52,8 @@ TEST_F(PreferencesTest, SurviveTheProgramAndKeepForeignKeys) {
 }
 
 TEST_F(PreferencesTest, OfAnotherKindReadAsNone) {
-  const LinuxPreferences preferences(
-      write("o.conf", "[General]\na=1\nb=TRUE\nc=\nd=one, two\ne=@Variant(\\0)\nf=@Size(1 2)\n"));
+  const LinuxPreferences preferences(files_.write(
+      "o.conf", "[General]\na=1\nb=TRUE\nc=\nd=one, two\ne=@Variant(\\0)\nf=@Size(1 2)\n"));
   for (const char* key : {"a", "b", "c", "d", "e", "f", "absent"})
     EXPECT_EQ(preferences.boolean(key), std::nullopt) << key;
   for (const char* key : {"d", "f", "absent"}) EXPECT_EQ(preferences.text(key), std::nullopt);
@@ -74,25 +71,25 @@ TEST_F(PreferencesTest, KeepACorruptFileBesideTheNewOneOrLeaveItAlone) {
     EXPECT_EQ(storedMode(path), "average");
     EXPECT_EQ(readFile(blocked), content) << "it can't be kept";
   }
-  const std::string file = write("file", "x");
+  const std::string file = files_.write("file", "x");
   storeMode(file + "/o.conf");
   EXPECT_EQ(readFile(file), "x");
-  const std::string huge = write("huge.conf", good_ + std::string(1 << 20, '\n'));
+  const std::string huge = files_.write("huge.conf", good_ + std::string(1 << 20, '\n'));
   storeMode(huge);
   EXPECT_EQ(readFile(huge).find("average"), std::string::npos);
 }
 
 TEST_F(PreferencesTest, WaitForNobodyWhateverIsInTheWay) {
-  const std::string pipe = makePipe(directory_.path("pipe.conf"));
-  const std::string locked = write("locked.conf", good_);
+  const std::string pipe = makePipe(files_.path("pipe.conf"));
+  const std::string locked = files_.write("locked.conf", good_);
   const std::string lock = makePipe(locked + ".lock");
-  const std::string shut = write("shut.conf", good_);
+  const std::string shut = files_.write("shut.conf", good_);
   const std::string folder = shut + ".lock";
   fs::create_directory(folder);
-  const std::string taken = write("taken.conf", good_);
-  const std::string other = write("taken.conf.lock", "1\norvane\nanother host\n");
-  const std::string stale = write("stale.conf", good_);
-  write("stale.conf.lock", "0\n");
+  const std::string taken = files_.write("taken.conf", good_);
+  const std::string other = files_.write("taken.conf.lock", "1\norvane\nanother host\n");
+  const std::string stale = files_.write("stale.conf", good_);
+  files_.write("stale.conf.lock", "0\n");
   const std::string removal = makePipe(stale + ".lock.rmlock");
   for (const auto& [path, obstacle] :
        {std::pair(pipe, pipe), {locked, lock}, {shut, folder}, {taken, other}, {stale, removal}}) {

@@ -19,10 +19,8 @@ using namespace std::chrono_literals;
 using Outcome = SingleInstance::Outcome;
 
 /// Hands over beside the event loop, on which the first instance answers.
-std::future<Outcome> handOver(const std::string& session, char wish,
-                              std::chrono::milliseconds patience = std::chrono::seconds(5)) {
-  return std::async(std::launch::async,
-                    [=] { return SingleInstance(session).handOver(wish, patience); });
+auto handOver(const std::string& name, char wish, std::chrono::milliseconds wait = 5s) {
+  return std::async(std::launch::async, [=] { return SingleInstance(name).handOver(wish, wait); });
 }
 
 Outcome settled(std::future<Outcome>& outcome) {
