@@ -115,13 +115,14 @@ class LinuxApplicationsTest : public testing::Test {
     return find([&](const auto& each) { return each.processIdentifier == pid; });
   }
 
-  /// Waits until the application exists and is led by this program of the test's: other runs of
-  /// the tests may have namesakes.
+  /// Waits until the application exists and is led by this program of the test's (other runs of
+  /// the tests may have namesakes), which is mapped: exec() names a program before.
   Found awaitLeader(const std::string& name, const std::string& program) {
     Found application;
     (void)waitUntil([&] {
       application = find([&](const auto& each) {
-        return each.localizedName == name && each.executablePath == folder_ / program;
+        return each.localizedName == name && each.executablePath == folder_ / program &&
+               each.figures.virtualSize > each.figures.residentSize;
       });
       return application.has_value();
     });
