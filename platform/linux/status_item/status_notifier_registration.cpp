@@ -50,7 +50,7 @@ void StatusNotifierRegistration::call(const QDBusMessage& message, Handler handl
 void StatusNotifierRegistration::attach() {
   bus_.subscribeToOwner(watcherName(), this, SLOT(ownerChanged(QString, QString, QString)));
   bus_.subscribe(watcherPath(), watcherName(), QStringLiteral("StatusNotifierHostRegistered"), {},
-                 this, SLOT(askForHost()));
+                 this, SLOT(hostAppeared()));
   call(busCall(QStringLiteral("GetNameOwner"), {watcherName()}),
        [this](const QDBusPendingReply<QString>& reply) {
          if (!reply.isError() && reply.value() != owner_) setOwner(reply.value());
@@ -66,6 +66,7 @@ void StatusNotifierRegistration::setOwner(const QString& owner) {
   ++generation_;
   retry_.stop();
   retriesLeft_ = retryCount;
+  isRegistered_ = false;
   isShown_ = false;
   owner_ = owner;
   if (!owner_.isEmpty()) identify();
@@ -92,12 +93,20 @@ void StatusNotifierRegistration::registerItem() {
                                                 QStringLiteral("RegisterStatusNotifierItem"));
   message.setArguments({bus_.uniqueName()});
   call(message, [this](const QDBusPendingReply<>& reply) {
-    reply.isError() ? scheduleRetry() : askForHost();
+    if (reply.isError()) return scheduleRetry();
+    isRegistered_ = true;
+    retry_.stop();
+    askForHost();
   });
 }
 
-void StatusNotifierRegistration::askForHost() {
+// Plasma 6's kded6 was seen to own the name with the list not loaded yet.
+void StatusNotifierRegistration::hostAppeared() {
   if (owner_.isEmpty()) return;
+  isRegistered_ ? askForHost() : registerItem();
+}
+
+void StatusNotifierRegistration::askForHost() {
   auto message = QDBusMessage::createMethodCall(owner_, watcherPath(),
                                                 QStringLiteral("org.freedesktop.DBus.Properties"),
                                                 QStringLiteral("Get"));
