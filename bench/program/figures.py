@@ -6,8 +6,13 @@ import pathlib
 
 def memory(process):
     """(anonymous, resident) memory in MB (2^20 bytes)."""
+    return all_memory(process)[:2]
+
+
+def all_memory(process):
+    """(anonymous, resident, proportional) memory in MB."""
     figures = _rollup(process)
-    return figures["Anonymous"], figures["Rss"]
+    return figures["Anonymous"], figures["Rss"], figures["Pss"]
 
 
 def proportional(process):

@@ -15,6 +15,14 @@ TAB_CONTENT = (20, 100, 400, 300)
 BETWEEN_SAMPLES = 3  # seconds, of the five
 
 
+def window_corner(desktop):
+    """Where the main window's content begins; None while there is no window."""
+    seen = subprocess.run(["xwininfo", "-name", "Orvane"], env=desktop.environment,
+                          capture_output=True, text=True, check=False).stdout
+    corner = re.findall(r"Absolute upper-left [XY]:\s+(\d+)", seen)
+    return tuple(map(int, corner)) if len(corner) == 2 and "IsViewable" in seen else None
+
+
 class MainWindowMeasurement:
     def __init__(self, measurement):
         self.desktop, self.pointer = measurement.desktop, measurement.pointer
@@ -24,7 +32,7 @@ class MainWindowMeasurement:
             self.orvane = measurement.start(first_launch=True, errors=log, environment={
                 "QT_LOGGING_RULES": "qt.scenegraph.time.renderloop.debug=true"})
         self.orvane.wait_for_item()
-        self.left, self.top = wait_for("main window", 10, self._corner)
+        self.left, self.top = wait_for("main window", 10, lambda: window_corner(self.desktop))
         time.sleep(6)  # the first list is built 5 s after the start
 
     def rows(self):
@@ -35,13 +43,6 @@ class MainWindowMeasurement:
         yield from self._switching_tabs()
         yield from self._boosting()
         self.orvane.stop()
-
-    def _corner(self):
-        """Where the window's content begins; None while there is no window."""
-        seen = subprocess.run(["xwininfo", "-name", "Orvane"], env=self.desktop.environment,
-                              capture_output=True, text=True, check=False).stdout
-        corner = re.findall(r"Absolute upper-left [XY]:\s+(\d+)", seen)
-        return tuple(map(int, corner)) if len(corner) == 2 and "IsViewable" in seen else None
 
     def _frame_count(self):
         return self.frames.read_text(errors="replace").count(FRAME_LINE)

@@ -1,20 +1,22 @@
 """Measures the running program on a virtual desktop: measure.py BUILD_DIR [--seconds N]
 
-Each figure stands beside its bound, and beside the same figure of an empty window of Qt Quick
-(and of a small task manager where one is installed), measured in the same run.
+Each figure stands beside its bound, and beside the same figure of an empty window of Qt Quick measured in
+the same run; at the end Orvane stands beside the other monitors that are installed.
 """
 
 import argparse
+import itertools
 import os
 import pathlib
-import shutil
 import sys
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT))
+from bench.program.changing_machine import ChangingMachine  # noqa: E402
 from bench.program.figures import Row, cpu_seconds, memory, proportional, wake_ups  # noqa: E402
 from bench.program.main_window import MainWindowMeasurement  # noqa: E402
+from bench.program.peers import table  # noqa: E402
 from tools.desktop.orvane import Orvane  # noqa: E402
 from tools.desktop.panel import find_item  # noqa: E402
 from tools.desktop.pointer import Pointer  # noqa: E402
@@ -22,7 +24,6 @@ from tools.desktop.processes import wait_for  # noqa: E402
 from tools.desktop.session import Session  # noqa: E402
 from tools.desktop.virtual_desktop import VirtualDesktop  # noqa: E402
 
-PEER = "lxtask"
 OPENINGS = 6
 STARTS = 5
 PROCESSES = 100
@@ -39,29 +40,29 @@ class Measurement:
     def start(self, **options):
         return Orvane(self.desktop, self.build / "orvane", self.session, accessible=False, **options)
 
-    def references(self):
-        """(name, process) of what Orvane is compared with, running."""
-        commands = [("empty window", [str(self.build / "bench/program/empty_window")])]
-        if shutil.which(PEER):
-            commands.append((PEER, [PEER]))
-        return [(name, self.desktop.start_program(command)) for name, command in commands]
-
     def rows(self):
         yield self.start_up()
-        references = self.references()
+        window = self.desktop.start_program([str(self.build / "bench/program/empty_window")])
         orvane = self.start()
         orvane.wait_for_item()
         time.sleep(6)  # the first list is built 5 s after the start
-        processes = [("", orvane.process)] + references
+        processes = [("", orvane.process), ("empty window", window)]
         yield from self.memory_rows("panel only", processes, 3.2, 30)
         yield from self.rest_rows(processes)
-        for _, process in references:
-            process.terminate()
-            process.wait()
+        window.terminate()
+        window.wait()
         yield self.rest_beside_large_applications(orvane)
         yield from self.popover_rows(orvane)
         orvane.stop()
         yield from MainWindowMeasurement(self).rows()
+        yield from ChangingMachine(self).rows()
+
+    def peers(self):
+        orvane = self.start()
+        orvane.wait_for_item()
+        time.sleep(6)
+        yield from table(self, orvane)
+        orvane.stop()
 
     def start_up(self):
         """Processor time from exec to the item registered; the best of a few, as caches warm."""
@@ -158,8 +159,9 @@ def main():
         desktop.start_window_manager()
         desktop.start_notifications()
         desktop.start_panel()
-        for row in Measurement(desktop, options.build.resolve(), options.seconds).rows():
-            print(row, flush=True)
+        measurement = Measurement(desktop, options.build.resolve(), options.seconds)
+        for line in itertools.chain(measurement.rows(), measurement.peers()):
+            print(line, flush=True)
 
 
 if __name__ == "__main__":

@@ -18,7 +18,7 @@ PaintedItem::PaintedItem(QQuickItem* parent) : QQuickItem(parent) {
 
 bool PaintedItem::isVisibleMove(double points) const {
   // Device pixels; what is out of focus has no edge that shows so little.
-  const double smallestStep = 0.25 + blurRadius_ / 8;
+  const double smallestStep = 0.5 + blurRadius_ / 8;
   return window() == nullptr ||
          std::abs(points) * window()->effectiveDevicePixelRatio() >= smallestStep;
 }
