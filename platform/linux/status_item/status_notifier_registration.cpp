@@ -50,7 +50,7 @@ void StatusNotifierRegistration::call(const QDBusMessage& message, Handler handl
 void StatusNotifierRegistration::attach() {
   bus_.subscribeToOwner(watcherName(), this, SLOT(ownerChanged(QString, QString, QString)));
   bus_.subscribe(watcherPath(), watcherName(), QStringLiteral("StatusNotifierHostRegistered"), {},
-                 this, SLOT(hostAppeared()));
+                 this, SLOT(askForHost()));
   call(busCall(QStringLiteral("GetNameOwner"), {watcherName()}),
        [this](const QDBusPendingReply<QString>& reply) {
          if (!reply.isError() && reply.value() != owner_) setOwner(reply.value());
@@ -66,7 +66,6 @@ void StatusNotifierRegistration::setOwner(const QString& owner) {
   ++generation_;
   retry_.stop();
   retriesLeft_ = retryCount;
-  isRegistered_ = false;
   isShown_ = false;
   owner_ = owner;
   if (!owner_.isEmpty()) identify();
@@ -93,20 +92,12 @@ void StatusNotifierRegistration::registerItem() {
                                                 QStringLiteral("RegisterStatusNotifierItem"));
   message.setArguments({bus_.uniqueName()});
   call(message, [this](const QDBusPendingReply<>& reply) {
-    if (reply.isError()) return scheduleRetry();
-    isRegistered_ = true;
-    retry_.stop();
-    askForHost();
+    reply.isError() ? scheduleRetry() : askForHost();
   });
 }
 
-// Plasma 6's kded6 was seen to own the name with the list not loaded yet.
-void StatusNotifierRegistration::hostAppeared() {
-  if (owner_.isEmpty()) return;
-  isRegistered_ ? askForHost() : registerItem();
-}
-
 void StatusNotifierRegistration::askForHost() {
+  if (owner_.isEmpty()) return;
   auto message = QDBusMessage::createMethodCall(owner_, watcherPath(),
                                                 QStringLiteral("org.freedesktop.DBus.Properties"),
                                                 QStringLiteral("Get"));

@@ -34,7 +34,8 @@ class StatusNotifierRegistration : public QObject {
 
  private Q_SLOTS:
   void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-  void hostAppeared();
+  /// The list may be kept by a service that shows nothing itself.
+  void askForHost();
 
  private:
   void attach();
@@ -42,8 +43,6 @@ class StatusNotifierRegistration : public QObject {
   void identify();
   void setHost(const PanelHost& host);
   void registerItem();
-  /// The list may be kept by a service that shows nothing itself.
-  void askForHost();
   void scheduleRetry();
   /// Sends a call and hands its answer to `handler`, unless the list changed hands meanwhile.
   template <typename Handler>
@@ -54,7 +53,6 @@ class StatusNotifierRegistration : public QObject {
   QTimer retry_;
   int retriesLeft_ = 0;
   unsigned generation_ = 0;
-  bool isRegistered_ = false;
   bool isShown_ = false;
   PanelHost host_;
 };
