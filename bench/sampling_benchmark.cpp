@@ -1,7 +1,7 @@
 // One sampling tick of the model, sample and list, beside the least that reading the same figures
 // costs without open descriptors: open, read and close statm and stat of every process.
 //
-// 400 processes in as many applications as the row says: 40 are a full desktop, 400 the worst case.
+// 400 processes in 40 applications are a full desktop.
 // The counter "ratio" is the tick's CPU time divided by that floor's, both medians of this run.
 #include <benchmark/benchmark.h>
 #include <dirent.h>
@@ -14,6 +14,8 @@
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -26,21 +28,20 @@
 namespace orvane {
 namespace {
 
-constexpr int sleeperCount = 400;
 constexpr int settlingTicks = 20;
 
 /// Sleeping processes: so many trees, each an application, of equally many.
 class Sleepers {
  public:
-  explicit Sleepers(int applications) {
+  Sleepers(int processes, int applications) {
     std::array<int, 2> pids{};
     if (::pipe2(pids.data(), O_CLOEXEC) != 0) std::abort();
     for (int i = 0; i < applications; ++i) {
       const pid_t child = ::fork();
-      if (child == 0) startApplication(sleeperCount / applications, pids[1]);
+      if (child == 0) startApplication(processes / applications, pids[1]);
       ::waitpid(child, nullptr, 0);
     }
-    for (int i = 0; i < sleeperCount; ++i) {
+    for (int i = 0; i < processes; ++i) {
       pid_t sleeper = 0;
       if (::read(pids[0], &sleeper, sizeof sleeper) == sizeof sleeper) sleepers_.push_back(sleeper);
     }
@@ -76,6 +77,33 @@ class Sleepers {
   }
 
   std::vector<pid_t> sleepers_;
+};
+
+/// A user's own desktop entries, as many as the machine has beside its own.
+class EntryHome {
+ public:
+  explicit EntryHome(int count) {
+    std::string name = (std::filesystem::temp_directory_path() / "orvane-home.XXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr) std::abort();
+    path_ = name;
+    std::filesystem::create_directories(path_ / "applications");
+    for (int i = 0; i < count; ++i) {
+      const std::string number = std::to_string(i);
+      std::ofstream(path_ / "applications" / ("entry" + number + ".desktop"))
+          << "[Desktop Entry]\nType=Application\nName=Entry " << number << "\nExec=sleep " << number
+          << '\n';
+    }
+    ::setenv("XDG_DATA_HOME", path_.c_str(), 1);
+  }
+  ~EntryHome() {
+    ::unsetenv("XDG_DATA_HOME");
+    std::filesystem::remove_all(path_);
+  }
+  EntryHome(const EntryHome&) = delete;
+  EntryHome& operator=(const EntryHome&) = delete;
+
+ private:
+  std::filesystem::path path_;
 };
 
 double cpuSeconds() {
@@ -175,7 +203,7 @@ double median(std::vector<double> times) {
 }
 
 void BM_SamplingTick(benchmark::State& state) {
-  const Sleepers sleepers(static_cast<int>(state.range(0)));
+  const Sleepers sleepers(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
   Model model;
   for (int i = 0; i < settlingTicks; ++i) model.tick();
   std::vector<double> ticks;
@@ -196,11 +224,43 @@ void BM_SamplingTick(benchmark::State& state) {
   state.counters["bound"] = 0.4;
 }
 BENCHMARK(BM_SamplingTick)
+    ->ArgNames({"processes", "applications"})
+    ->Args({100, 10})
+    ->Args({400, 1})
+    ->Args({400, 40})
+    ->Args({400, 400})
+    ->Args({1000, 200})
+    ->Args({4000, 200})
+    ->Iterations(100)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// The longest of the first ticks, which meet every process and every desktop entry for the first
+/// time: so long the event loop stands still.
+void BM_FirstTicks(benchmark::State& state) {
+  const int count = static_cast<int>(state.range(0));
+  const Sleepers sleepers(count, count);
+  const EntryHome entries(count);
+  double longest = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    const double start = cpuSeconds();
+    Model model;
+    state.SetIterationTime(cpuSeconds() - start);
+    for (int i = 0; i < 5; ++i) {
+      const double before = cpuSeconds();
+      model.tick();
+      longest = std::max(longest, cpuSeconds() - before);
+    }
+  }
+  state.counters["longest_ms"] = longest * 1e3;
+  state.counters["bound"] = 100;
+}
+BENCHMARK(BM_FirstTicks)
     ->ArgName("applications")
-    ->Arg(1)
-    ->Arg(40)
-    ->Arg(400)
-    ->Iterations(200)
+    ->Arg(10)
+    ->Arg(200)
+    ->Arg(5000)
+    ->Iterations(1)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
