@@ -5,5 +5,5 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 ending=${1:-}
 
-find core platform app ui preview packaging testing tests bench -type f \
+find core platform app ui preview packaging testing tests bench fuzz -type f \
   \( -name "*${ending:-.cpp}" -o -name "*${ending:-.h}" \) -print0 | sort -z

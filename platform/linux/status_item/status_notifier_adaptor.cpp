@@ -54,7 +54,7 @@ void StatusNotifierAdaptor::setToolTip(const QString& title, const QString& text
 
 void StatusNotifierAdaptor::noteChange(bool Changes::*what) {
   if (!changes_) {
-    changes_.emplace();
+    changes_ = Changes{};
     QMetaObject::invokeMethod(this, &StatusNotifierAdaptor::announceChanges, Qt::QueuedConnection);
   }
   (*changes_).*what = true;
