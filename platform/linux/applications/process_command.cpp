@@ -83,32 +83,43 @@ ProcessRole roleOf(std::string_view name, ProcessRole otherwise) {
   return contains(launchers, name) ? ProcessRole::launcher : otherwise;
 }
 
+/// False for what a shell does itself: its words, assignments, groups.
+bool namesProgram(std::string_view word) {
+  constexpr std::array shellWords{"while"sv, "until"sv,  "for"sv,  "if"sv,   "case"sv, "cd"sv,
+                                  "set"sv,   "export"sv, "trap"sv, "exec"sv, "eval"sv, "test"sv};
+  return !contains(shellWords, word) &&
+         word.find_first_of("()[]{}<>$=!:'\"`\\") == std::string_view::npos;
+}
+
 std::string_view firstWord(std::string_view text) {
   const std::size_t start = std::min(text.find_first_not_of(" \t\n"), text.size());
   text.remove_prefix(start);
   return text.substr(0, text.find_first_of(" \t\n;&|"));
 }
 
-/// What an interpreter was told to run: a script's path, or the first word of an inline command.
-std::string_view interpretedProgram(const std::vector<std::string>& arguments, bool shell) {
+/// What an interpreter was told to run: a script's path, or the first word of an inline command;
+/// empty when it was told nothing, none when an inline command names no program.
+std::optional<std::string_view> interpretedProgram(const std::vector<std::string>& arguments,
+                                                   bool shell) {
   for (std::size_t i = 1; i < arguments.size(); ++i) {
     const std::string& argument = arguments[i];
     const bool last = i + 1 == arguments.size();
     if (shell && !argument.starts_with("--") && argument.starts_with('-') &&
         argument.find('c') != std::string::npos) {
-      return last ? std::string_view{} : firstWord(arguments[i + 1]);
+      const std::string_view word = last ? ""sv : firstWord(arguments[i + 1]);
+      return namesProgram(word) ? std::optional(word) : std::nullopt;
     }
-    if (!shell && contains(inlineCode, argument)) return {};
+    if (!shell && contains(inlineCode, argument)) return ""sv;
     if (!shell && contains(optionsWithValue, argument)) {
       ++i;
       continue;
     }
     if (argument == "-m" && !shell) return last ? ""sv : std::string_view(arguments[i + 1]);
     // A script without a file of its own has no name either.
-    if (argument.starts_with("/dev/fd/") || argument.starts_with("/proc/")) return {};
+    if (argument.starts_with("/dev/fd/") || argument.starts_with("/proc/")) return ""sv;
     if (!argument.starts_with('-') && !argument.starts_with('+')) return argument;
   }
-  return {};
+  return ""sv;
 }
 
 std::optional<std::string_view> variable(std::string_view environment, std::string_view name) {
@@ -165,15 +176,16 @@ ProcessCommand processCommand(std::string_view executable,
             .path = std::string(executable),
             .role = roleOf(program, wrapper ? ProcessRole::wrapper : ProcessRole::program)};
   }
-  const std::string_view script = interpretedProgram(arguments, shell);
-  if (fileName(script).empty()) {
+  const auto script = interpretedProgram(arguments, shell);
+  if (!script) return {.name = std::string(program), .path = "", .role = ProcessRole::script};
+  const std::string_view name = fileName(*script);
+  if (name.empty()) {
     return {.name = std::string(program),
             .path = "",
             .role = shell ? ProcessRole::shell : ProcessRole::program};
   }
-  const std::string_view name = fileName(script);
   return {.name = std::string(name),
-          .path = std::string(script),
+          .path = std::string(*script),
           .role = roleOf(name, shell ? ProcessRole::script : ProcessRole::program)};
 }
 
