@@ -6,8 +6,17 @@ target_compile_options(orvane_options INTERFACE
   -fstack-protector-strong)
 target_compile_definitions(orvane_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
-# A read past a container's end stops a debugging or sanitized build at once.
-target_compile_definitions(orvane_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+# A read past a container's end stops the program at once.
+target_compile_definitions(orvane_options INTERFACE _GLIBCXX_ASSERTIONS)
+# Not every processor has these: the stack grows page by page, and jumps land only where they may.
+include(CheckCXXCompilerFlag)
+foreach(flag IN ITEMS -fstack-clash-protection -fcf-protection -mbranch-protection=standard)
+  string(MAKE_C_IDENTIFIER "ORVANE_HAS${flag}" has_flag)
+  check_cxx_compiler_flag(${flag} ${has_flag})
+  if(${has_flag})
+    target_compile_options(orvane_options INTERFACE ${flag})
+  endif()
+endforeach()
 target_link_options(orvane_options INTERFACE
   -Wl,-z,relro,-z,now -Wl,-z,noexecstack -Wl,--as-needed)
 target_compile_options(orvane_options INTERFACE
