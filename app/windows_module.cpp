@@ -27,6 +27,7 @@ class DesktopWindows : public WindowController {
                  [program = settings.moduleFolder + "/orvane-draw-icon"](
                      const IconRequest& request) { return outputOf(program, request.arguments()); },
              .skipTaskbar = skipTaskbar,
+             .setShadowExtents = setShadowExtents,
              .forgetMinimized = forgetMinimized,
              .panelFrames = x11PanelFrames,
              .blendsTranslucentWindows = blendsTranslucentWindows},

@@ -58,12 +58,12 @@ TEST(PopupPlacement, StaysBesideItsAnchorAndInsideTheScreen) {
   } cases[] = {
       {"below", {100, 100, 40, 20}, {200, 150}, below, {100, 120}},
       {"no room below", {100, 700, 40, 20}, {200, 150}, below, {100, 550}},
-      {"at the right edge", {950, 100, 40, 20}, {200, 150}, below, {800, 120}},
-      {"left of the screen", {-30, 100, 40, 20}, {200, 150}, below, {0, 120}},
-      {"higher than the screen", {100, 300, 40, 20}, {200, 900}, below, {100, 0}},
+      {"at the right edge", {950, 100, 40, 20}, {200, 150}, below, {794, 120}},
+      {"left of the screen", {-30, 100, 40, 20}, {200, 150}, below, {6, 120}},
+      {"higher than the screen", {100, 300, 40, 20}, {200, 900}, below, {100, 6}},
       {"beside", {100, 300, 40, 20}, {200, 100}, trailing, {140, 260}},
       {"no room beside", {900, 300, 40, 20}, {200, 100}, trailing, {700, 260}},
-      {"beside at the top", {100, 0, 40, 20}, {200, 100}, trailing, {140, 0}},
+      {"beside at the top", {100, 0, 40, 20}, {200, 100}, trailing, {140, 6}},
       {"on a second screen", {1500, 100, 40, 20}, {200, 150}, below, {1500, 120}, second},
   };
   for (const auto& [what, anchor, size, edge, expected, screen] : cases)

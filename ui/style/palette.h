@@ -20,6 +20,7 @@ namespace orvane {
   COLOR(secondaryLabel, black(0.55), white(0.55)) /* secondary text and symbols */                 \
   COLOR(windowBackground, QColor(0xEC, 0xEC, 0xEC), QColor(0x32, 0x32, 0x32)) /* of the popover */ \
   COLOR(windowOutline, black(0.16), white(0.16)) /* around windows without a frame */              \
+  COLOR(windowShadow, black(0.28), black(0.5))   /* around those with a shadow */                  \
   COLOR(windowGradientStart, srgb(0.95, 0.96, 0.98), srgb(0.10, 0.10, 0.12)) /* top left */        \
   COLOR(windowGradientEnd, srgb(0.98, 0.98, 1.00), srgb(0.15, 0.15, 0.18))   /* bottom right */    \
   COLOR(menuBackground, QColor(0xF6, 0xF6, 0xF6), QColor(0x2B, 0x2B, 0x2D))                        \

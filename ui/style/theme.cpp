@@ -39,6 +39,12 @@ void Theme::setTranslucentWindows(bool translucent) {
   Q_EMIT changed();
 }
 
+double Theme::shadowMargin() const {
+  constexpr double reach = 22;  // of WindowShadow
+  const bool isWayland = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+  return translucentWindows_ && !isWayland ? reach : 0;
+}
+
 void Theme::apply() {
   scheme_ = wanted_.colorScheme.value_or(paletteScheme());
   palette_ = Palette(scheme_, wanted_.highContrast);

@@ -37,6 +37,9 @@ class Theme : public QObject {
   Q_PROPERTY(QFont caption READ caption CONSTANT)
   /// Radius of frameless windows: 0 where the desktop can't blend their corners.
   Q_PROPERTY(double windowRadius READ windowRadius NOTIFY changed)
+  /// Points around the popover and menus that their shadow takes: 0 where the desktop can't blend
+  /// it, and on Wayland, which would take them for a part of the window.
+  Q_PROPERTY(double shadowMargin READ shadowMargin NOTIFY changed)
   /// The main window's background, from its top left to its bottom right.
   Q_PROPERTY(QList<QColor> windowGradient READ windowGradient NOTIFY changed)
   ORVANE_COLORS(ORVANE_COLOR_PROPERTY)
@@ -53,6 +56,7 @@ class Theme : public QObject {
     return {palette_.windowGradientStart, palette_.windowGradientEnd};
   }
   [[nodiscard]] double windowRadius() const { return translucentWindows_ ? 10 : 0; }
+  [[nodiscard]] double shadowMargin() const;
 
   [[nodiscard]] QFont headline() const { return systemFont(13, QFont::DemiBold); }
   [[nodiscard]] QFont body() const { return systemFont(13); }

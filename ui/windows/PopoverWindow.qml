@@ -12,21 +12,29 @@ Window {
     title: "Orvane"
     color: "transparent"
     visible: false
-    width: view.width
-    height: view.height
+    width: view.width + 2 * view.x
+    height: view.height + 2 * view.y
     Component.onCompleted: controller.placeAtStatusItem(statusItem, windows.panelFrames())
 
     PopupController {
         id: controller
 
         window: root
+        margin: Theme.shadowMargin
         hasMenuOpen: view.menuOpen
         onDismissed: left => root.windows.dismissPopover(left)
+    }
+
+    WindowShadow {
+        anchors.fill: view
+        radius: Theme.windowRadius
     }
 
     StatusMenuView {
         id: view
 
+        x: Theme.shadowMargin
+        y: Theme.shadowMargin
         objectName: "statusMenu"
         model: root.windows.model
         windows: root.windows

@@ -52,7 +52,7 @@ Item {
                 controller.place(body.implicitWidth + root.arrow, body.implicitHeight, root.edge, root.gap);
                 const centre = root.anchorItem.mapToGlobal(root.anchorItem.width / 2, root.anchorItem.height / 2);
                 bubble.arrowOnRight = root.arrow > 0 && centre.x > x + width / 2;
-                bubble.arrowTip = centre.y - y;
+                bubble.arrowTip = centre.y - y - Theme.shadowMargin;
             }
 
             title: root.title
@@ -72,6 +72,7 @@ Item {
 
                 window: window
                 anchor: root.anchorItem
+                margin: Theme.shadowMargin
                 onDismissed: root.close()
                 onPointerMovedOutside: place => root.pointerMovedOutside(place)
                 onDragged: place => root.dragged(place)
@@ -92,10 +93,17 @@ Item {
                 }
             }
 
+            WindowShadow {
+                anchors.fill: scope
+                anchors.leftMargin: body.anchors.leftMargin
+                anchors.rightMargin: body.anchors.rightMargin
+                radius: root.radius
+            }
+
             Bubble {
                 id: bubble
 
-                anchors.fill: parent
+                anchors.fill: scope
                 radius: root.radius
                 color: root.color
                 borderColor: Theme.windowOutline
@@ -107,6 +115,7 @@ Item {
                 id: scope
 
                 anchors.fill: parent
+                anchors.margins: Theme.shadowMargin
                 focus: true
                 Keys.onEscapePressed: root.close()
 

@@ -78,7 +78,8 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
                                   edge == Below ? PopupEdge::below : PopupEdge::trailing);
   if (!window_->isVisible()) window_->setFlags(popupFlags(takesInput_));
   window_->setScreen(anchor_->window()->screen());
-  window_->setGeometry({staysPut(*window_) ? window_->position() : placed.topLeft(), size});
+  const QRect whole = placed.marginsAdded(margins());
+  window_->setGeometry({staysPut(*window_) ? window_->position() : whole.topLeft(), whole.size()});
 }
 
 void PopupController::placeAtStatusItem(QPoint reported, const QVariantList& panels) {
@@ -93,13 +94,15 @@ void PopupController::placeAtStatusItem(QPoint reported, const QVariantList& pan
   screen_ = screenAt(statusItem_, areas);
   if (QScreen* screen = QGuiApplication::screenAt(statusItem_)) window_->setScreen(screen);
   auto follow = [this, before = std::optional<QPoint>()]() mutable {
-    const QRect place = popoverRectangle(statusItem_, window_->size(), screen_, before);
+    const QSize size = window_->size().shrunkBy(margins());
+    const QRect place = popoverRectangle(statusItem_, size, screen_, before);
     before = place.topLeft();
-    if (window_->position() != place.topLeft()) window_->setPosition(place.topLeft());
+    const QRect whole = place.marginsAdded(margins());
+    if (window_->position() != whole.topLeft()) window_->setPosition(whole.topLeft());
     if (needsGrab()) return;
     // A tiling compositor would put a window that can have another size among its tiles.
-    window_->setMaximumSize(place.size());
-    window_->setMinimumSize(place.size());
+    window_->setMaximumSize(whole.size());
+    window_->setMinimumSize(whole.size());
   };
   follow();
   connect(window_, &QWindow::heightChanged, this, follow);
@@ -260,8 +263,14 @@ bool PopupController::isLeft() const {
   return focused != window_ && focused != owner_;
 }
 
+QMargins PopupController::margins() const {
+  const int all = static_cast<int>(std::lround(margin_));
+  return {all, all, all, all};
+}
+
 bool PopupController::isInside(const QMouseEvent& event) const {
-  return QRectF(QPointF(), QSizeF(window_->size())).contains(event.position());
+  const QRect whole(QPoint(), window_->size());
+  return QRectF(whole.marginsRemoved(margins())).contains(event.position());
 }
 
 void PopupController::timerEvent(QTimerEvent* event) {

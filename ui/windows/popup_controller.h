@@ -28,6 +28,8 @@ class PopupController : public QObject {
   Q_PROPERTY(QQuickItem* anchor READ anchor WRITE setAnchor NOTIFY anchorChanged)
   /// Whether the window takes the mouse and the keyboard; a tool tip doesn't.
   Q_PROPERTY(bool takesInput MEMBER takesInput_)
+  /// Points of the window around its content: its shadow's, where a press is outside.
+  Q_PROPERTY(double margin MEMBER margin_)
   /// A menu of this window is open, which has the mouse and the focus until it closes.
   Q_PROPERTY(bool hasMenuOpen READ hasMenuOpen WRITE setHasMenuOpen NOTIFY hasMenuOpenChanged)
 
@@ -44,8 +46,8 @@ class PopupController : public QObject {
   void setAnchor(QQuickItem* anchor);
   void setHasMenuOpen(bool isOpen);
 
-  /// Gives the window its size and place, on the screen of the anchor, and, before it is shown, the
-  /// flags of a popup.
+  /// Gives the window a content of that size, and its place, on the screen of the anchor, and,
+  /// before it is shown, the flags of a popup.
   Q_INVOKABLE void place(double width, double height, Edge edge, double gap);
   /// Makes the window the popover: puts it beside the status item, on its screen, now and whenever
   /// its height changes; `reported` is where the panel says the item is, in device pixels.
@@ -76,6 +78,7 @@ class PopupController : public QObject {
 
  private:
   [[nodiscard]] bool isPopup() const { return takesInput_ && !isPopover_; }
+  [[nodiscard]] QMargins margins() const;
   [[nodiscard]] bool isInside(const QMouseEvent& event) const;
   /// Whether the focus is with neither the popup nor the window below.
   [[nodiscard]] bool isLeft() const;
@@ -100,6 +103,7 @@ class PopupController : public QObject {
   ScreenArea screen_;
   QBasicTimer retry_;
   QBasicTimer focusCheck_;
+  double margin_ = 0;
   bool takesInput_ = true;
   bool isPopover_ = false;
   bool hasMenuOpen_ = false;

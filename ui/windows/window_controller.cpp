@@ -8,6 +8,7 @@
 #include <QSGRendererInterface>
 #include <QScreen>
 
+#include <cmath>
 #include <utility>
 
 #include "ui/icons/icon_provider.h"
@@ -184,6 +185,8 @@ bool WindowController::showPopover(ScreenPoint item) {
                                         {{QStringLiteral("statusItem"), QPoint(item.x, item.y)}});
   if (popover == nullptr) return false;
   desktop_.skipTaskbar(*popover);
+  desktop_.setShadowExtents(*popover, static_cast<int>(std::lround(theme().shadowMargin() *
+                                                                   popover->devicePixelRatio())));
   // A window of its own may come up under the main one on Wayland.
   QQuickWindow* main = window(WindowKind::main);
   if (main != nullptr && main->isVisible() && isOnWayland()) popover->setTransientParent(main);

@@ -32,6 +32,8 @@ struct DesktopFunctions {
   IconDrawer drawIcon;  ///< called on any thread
   /// Keeps a window that isn't shown yet out of taskbars.
   std::function<void(QWindow&)> skipTaskbar = [](QWindow&) {};
+  /// Says how many device pixels around a window that isn't shown yet are its shadow.
+  std::function<void(QWindow&, int)> setShadowExtents = [](QWindow&, int) {};
   /// Lets a hidden window come back as a window although it was minimised.
   std::function<void(QWindow&)> forgetMinimized = [](QWindow&) {};
   /// Where panels are, in device pixels, as far as the desktop tells.

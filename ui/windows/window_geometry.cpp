@@ -8,7 +8,7 @@
 namespace orvane {
 namespace {
 
-constexpr int gap = 6;              // between the panel and the popover
+constexpr int gap = 6;              // around the popover and popups, to panels and screen
 constexpr int titleBarHeight = 24;  // about: the window manager decides
 constexpr int frameAllowance = 40;  // a title bar and borders, the largest seen
 constexpr int unknownPanels = 48;
@@ -171,15 +171,16 @@ QRect popoverRectangle(QPoint item, QSize size, const ScreenArea& screen,
 }
 
 QRect placePopup(const QRect& anchor, QSize size, const QRect& screen, PopupEdge edge) {
+  const QRect room = screen.adjusted(gap, gap, -gap, -gap);
   QPoint corner(anchor.x(), anchor.y() + (anchor.height() - size.height()) / 2);
   if (edge == PopupEdge::below) {
-    corner.setY(startBeside(anchor.top(), anchor.bottom() + 1, size.height(), screen.top(),
-                            screen.bottom() + 1));
+    corner.setY(startBeside(anchor.top(), anchor.bottom() + 1, size.height(), room.top(),
+                            room.bottom() + 1));
   } else {
-    corner.setX(startBeside(anchor.left(), anchor.right() + 1, size.width(), screen.left(),
-                            screen.right() + 1));
+    corner.setX(startBeside(anchor.left(), anchor.right() + 1, size.width(), room.left(),
+                            room.right() + 1));
   }
-  return inside({corner, size}, screen);
+  return inside({corner, size}, room);
 }
 
 ScreenArea screenArea(const QScreen& screen) {

@@ -54,8 +54,8 @@ enum class PanelEdge { top, bottom, left, right };
 enum class PopupEdge { below, trailing };
 
 /// Where a popup of `size` goes: at `edge` of `anchor`, at the opposite edge when there is more
-/// room, and moved to lie inside `screen`. Below, its leading edge follows the anchor's; beside,
-/// it is centred on the anchor.
+/// room, and moved to lie inside `screen`, with the popover's distance to its edges. Below, its
+/// leading edge follows the anchor's; beside, it is centred on the anchor.
 [[nodiscard]] QRect placePopup(const QRect& anchor, QSize size, const QRect& screen,
                                PopupEdge edge);
 

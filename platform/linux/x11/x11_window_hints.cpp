@@ -21,6 +21,17 @@ void skipTaskbar(QWindow& window) {
                       state, XCB_ATOM_ATOM, 32, states.size(), states.data());
 }
 
+void setShadowExtents(QWindow& window, int extent) {
+  xcb_connection_t* connection = x11Connection();
+  if (connection == nullptr || extent <= 0) return;
+  const xcb_atom_t name = internAtoms(connection, {"_GTK_FRAME_EXTENTS"}).front();
+  if (name == 0) return;
+  std::array<std::uint32_t, 4> extents{};
+  extents.fill(static_cast<std::uint32_t>(extent));
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window.winId()),
+                      name, XCB_ATOM_CARDINAL, 32, extents.size(), extents.data());
+}
+
 void forgetMinimized(QWindow& window) {
   constexpr std::uint32_t words = 9;  // of WM_HINTS, as ICCCM 4.1.2.4 has them
   constexpr std::size_t initialState = 2;
