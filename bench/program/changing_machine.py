@@ -3,7 +3,7 @@
 import threading
 import time
 
-from bench.program.figures import Row, cpu_seconds, memory, wake_ups
+from bench.program.figures import Row, memory, process_seconds, wake_ups
 from bench.program.main_window import OVERVIEW, PROCESSES, window_corner
 from tools.desktop.orvane import Orvane, meminfo, replace_in_place
 from tools.desktop.processes import wait_for
@@ -59,9 +59,9 @@ class ChangingMachine:
                accessible=False, options=[option]).process.wait(timeout=10)
 
     def _cost(self, view, cpu_bound, wake_bound=None):
-        cpu, waking = cpu_seconds(self.orvane.pid), wake_ups(self.orvane.pid)
+        cpu, waking = process_seconds(self.orvane.pid), wake_ups(self.orvane.pid)
         time.sleep(self.seconds)
-        cpu = (cpu_seconds(self.orvane.pid) - cpu) * 60 / self.seconds
+        cpu = (process_seconds(self.orvane.pid) - cpu) * 60 / self.seconds
         yield Row(f"CPU, figure always changing, {view}", cpu, cpu_bound, "s/min")
         if wake_bound:
             waking = (wake_ups(self.orvane.pid) - waking) / self.seconds

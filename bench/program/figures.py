@@ -1,6 +1,7 @@
 """What a process costs, read from /proc."""
 
 import dataclasses
+import os
 import pathlib
 
 
@@ -32,8 +33,14 @@ def _rollup(process):
 
 
 def cpu_seconds(process):
-    """Processor time of all threads so far, exact to the nanosecond."""
+    """Processor time of all threads there are, exact to the nanosecond."""
     return sum(int(figures.split()[0]) for figures in _of_threads(process, "schedstat")) / 1e9
+
+
+def process_seconds(process):
+    """Processor time of all threads so far, also of those that have ended, to a hundredth of a second."""
+    fields = pathlib.Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
 def main_thread_seconds(process):
