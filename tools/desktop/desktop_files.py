@@ -6,7 +6,8 @@ import re
 SERVICE_FOLDER = "/usr/share/dbus-1/services"
 # What the parts of the desktop need the bus to start. No notification daemon, no file manager: a
 # test that wants one starts it.
-NEEDED_SERVICES = ("org.a11y.Bus.service", "org.xfce.Xfconf.service")
+NEEDED_SERVICES = ("org.a11y.Bus.service", "org.xfce.Xfconf.service",
+                   "org.mate.panel.applet.NotificationAreaAppletFactory.service")
 
 PANEL = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">

@@ -87,14 +87,14 @@ class VirtualDesktop:
             raise RuntimeError("the session bus did not start")
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus_address
 
-    def start_window_manager(self):
+    def start_window_manager(self, command=("xfwm4", "--compositor=on", "--vblank=off")):
         self._output(["hsetroot", "-add", "#2b5876", "-add", "#4e4376", "-gradient", "160"])
-        self._start("window manager", ["xfwm4", "--compositor=on", "--vblank=off"])
+        self._start("window manager", command)
         processes.wait_for("window manager", 30, lambda: self._output(
             ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]).find("window id") > 0)
 
-    def start_panel(self):
-        self._start("panel", ["xfce4-panel", "--disable-wm-check"])
+    def start_panel(self, command=("xfce4-panel", "--disable-wm-check")):
+        self._start("panel", command)
 
     def start_notifications(self):
         """The notification daemon; `notifications()` reads what it received."""
