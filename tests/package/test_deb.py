@@ -10,7 +10,7 @@ import subprocess
 import tempfile
 
 from tests.desktop.desktop_case import DesktopCase, Orvane, wait_for
-from tools.desktop.orvane import in_mount_namespace
+from tools.desktops.bare_root import BareRoot
 
 PACKAGE, SUITE = pathlib.Path(os.environ["ORVANE_PACKAGE"]), os.environ["ORVANE_SUITE"]
 # What package management itself keeps, and the caches of the libraries that came along.
@@ -18,29 +18,16 @@ KEPT = re.compile(r"/(var/(cache|log|lib/(apt|dpkg|systemd))/|etc/ld\.so\.cache|
 
 
 class Package(DesktopCase):
-    def inside(self, *command):
-        """The command as it runs in the bare system, on this desktop."""
-        mounts = [["-t", "proc", "proc", f"{self.root}/proc"], ["--rbind", "/dev", f"{self.root}/dev"],
-                  ["--bind", "/etc/resolv.conf", f"{self.root}/etc/resolv.conf"],
-                  ["--mkdir", "--bind", str(self.desktop.folder), f"{self.root}{self.desktop.folder}"]]
-        return in_mount_namespace(mounts, ["chroot", str(self.root), *command])
-
-    def apt(self, *arguments):
-        done = subprocess.run(
-            self.inside("env", "DEBIAN_FRONTEND=noninteractive", "apt-get", "-y", "-q",
-                        "--no-install-recommends", *arguments),
-            stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
-        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
-
     def files(self):
-        found = subprocess.check_output(["find", ".", "-xdev"], cwd=self.root, text=True).splitlines()
+        found = subprocess.check_output(["find", ".", "-xdev"], cwd=self.root.folder,
+                                        text=True).splitlines()
         return {name[1:] for name in found if not KEPT.match(name[1:])}
 
     def start_from_menu(self, errors):
-        entry = (self.root / "usr/share/applications/orvane.desktop").read_text()
+        entry = (self.root.folder / "usr/share/applications/orvane.desktop").read_text()
         starter = self.desktop.folder / "starter"
         command = "exec " + re.search("^Exec=(.*)$", entry, re.MULTILINE)[1]
-        starter.write_text(f"#!/bin/sh\nexec {shlex.join(self.inside('sh', '-c', command))}\n")
+        starter.write_text(f"#!/bin/sh\nexec {shlex.join(self.root.command('sh', '-c', command))}\n")
         starter.chmod(0o755)
         orvane = Orvane(self.desktop, starter, self.session, first_launch=True, errors=errors)
         self.addCleanup(orvane.stop)
@@ -49,14 +36,13 @@ class Package(DesktopCase):
     def test_installs_starts_and_leaves_nothing(self):
         folder = tempfile.TemporaryDirectory(prefix="orvane-package-")
         self.addCleanup(folder.cleanup)
-        self.root = pathlib.Path(folder.name) / "root"
-        subprocess.run(["mmdebstrap", "--quiet", "--variant=apt", "--dpkgopt=force-unsafe-io", SUITE,
-                        str(self.root)], check=True)
+        self.root = BareRoot(pathlib.Path(folder.name) / "root", self.desktop.folder)
+        self.root.make(SUITE)
         bare = self.files()
-        (self.root / "tmp/orvane.deb").write_bytes(PACKAGE.read_bytes())
-        self.apt("update")
-        self.apt("install", "/tmp/orvane.deb")
-        icon = self.root / "usr/share/icons/hicolor/256x256/apps/orvane.png"
+        (self.root.folder / "tmp/orvane.deb").write_bytes(PACKAGE.read_bytes())
+        self.root.apt("update")
+        self.root.apt("install", "/tmp/orvane.deb")
+        icon = self.root.folder / "usr/share/icons/hicolor/256x256/apps/orvane.png"
         self.assertTrue(icon.read_bytes().startswith(b"\x89PNG"))
 
         with open(self.desktop.folder / "errors", "w+") as errors:
@@ -71,7 +57,7 @@ class Package(DesktopCase):
         self.assertIn("hasLaunchedBefore", orvane.preferences())
 
         # Also what came along and the bare system itself would recommend or suggest.
-        self.apt("purge", "--autoremove", "-o", "APT::AutoRemove::RecommendsImportant=0",
-                 "-o", "APT::AutoRemove::SuggestsImportant=0", "orvane")
+        self.root.apt("purge", "--autoremove", "-o", "APT::AutoRemove::RecommendsImportant=0",
+                      "-o", "APT::AutoRemove::SuggestsImportant=0", "orvane")
         self.assertEqual(self.files() - bare, set())
         self.assertTrue(orvane.preferences())

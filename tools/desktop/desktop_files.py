@@ -70,6 +70,7 @@ BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration
   <auth>EXTERNAL</auth>
   {services}
   <policy context="default">
+    <allow user="root"/>
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>
     <allow own="*"/>

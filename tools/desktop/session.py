@@ -58,7 +58,7 @@ class StatusItem:
 
     def __init__(self, session, entry):
         self._session = session
-        name, slash, path = entry.partition("/")
+        name, slash, path = entry.replace("@", "").partition("/")  # GNOME puts an @ between the two
         self._name, self._path = name, slash + path or "/StatusNotifierItem"
 
     def process(self):

@@ -1,12 +1,9 @@
 """A virtual desktop on Wayland: sway without a monitor, its picture and its input."""
 
 import os
-import pathlib
-import shutil
 import socket
 import struct
 import subprocess
-import tempfile
 import time
 
 from . import processes
@@ -22,17 +19,17 @@ class SwayDesktop(VirtualDesktop):
     """Its `pointer` takes the place of `Pointer`."""
 
     def _start_screen(self):
-        # sway doesn't run as root, so it has a place of its own for its socket.
-        place = self._place = pathlib.Path(tempfile.mkdtemp(prefix="orvane-sway-"))
+        place = self.folder / "screen"
+        place.mkdir()
         (place / "config").write_text(CONFIGURATION)
-        place.chmod(0o755)
         lesser = []
-        if os.geteuid() == 0:
+        if os.geteuid() == 0 and not self.system:  # as which sway doesn't run
+            self.folder.chmod(0o711)
             os.chown(place, NOBODY, NOBODY)
             lesser = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
         settings = {"WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman",
                     "WLR_LIBINPUT_NO_DEVICES": "1", "XDG_RUNTIME_DIR": str(place), "HOME": str(place)}
-        self._start("screen", ["env", *(f"{name}={value}" for name, value in settings.items()),
+        self.start_part("screen", ["env", *(f"{name}={value}" for name, value in settings.items()),
                                *lesser, "sway", "--config", str(place / "config")])
         display = processes.wait_for("sway", 10, lambda: next(
             (path for path in place.glob("wayland-*") if path.is_socket()), None))
@@ -40,10 +37,6 @@ class SwayDesktop(VirtualDesktop):
                              "XDG_CURRENT_DESKTOP": "sway"}
         self.screen = WaylandScreen(self.environment)
         self.pointer = WaylandPointer(self.environment)
-
-    def close(self):
-        super().close()
-        shutil.rmtree(self._place)
 
 
 class WaylandScreen(Screen):

@@ -18,13 +18,15 @@ WIDTH, HEIGHT, PANEL_HEIGHT = 1280, 800, 28
 
 
 class VirtualDesktop:
-    def __init__(self, bus=True, all_services=False):
-        """`all_services`: the bus starts whatever is installed, not only what a test asked for."""
+    def __init__(self, bus=True, all_services=False, system=None, environment=None):
+        """`all_services`: the bus starts whatever is installed, not only what a test asked for. All but
+        the screen runs in `system`, a function that gives a BareRoot that shares a folder."""
         processes.adopt_orphans()
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="orvane-desktop-"))
         self.home = desktop_files.write_home(self.folder / "home")
-        self.environment = self._clean_environment()
+        self.environment = self._clean_environment() | (environment or {})
         self._parts = {}
+        self.system = system and system(self.folder)
         self._start_screen()
         self.bus_address = None
         if bus:
@@ -63,7 +65,7 @@ class VirtualDesktop:
     def _start_screen(self):
         frame_buffer = desktop_files.make_private(self.folder / "screen")
         reading, writing = os.pipe()
-        self._start("screen", [
+        self._start_here("screen", [
             "Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24",
             "-nolisten", "tcp", "-noreset", "-fbdir", str(frame_buffer)], pass_fds=[writing])
         os.close(writing)
@@ -78,7 +80,7 @@ class VirtualDesktop:
         """The session bus; it inherits the display, and so does every service it starts."""
         configuration = desktop_files.write_bus_configuration(self.folder, all_services)
         reading, writing = os.pipe()
-        self._start("bus", ["dbus-daemon", f"--config-file={configuration}", "--nofork",
+        self.start_part("bus", ["dbus-daemon", f"--config-file={configuration}", "--nofork",
                             f"--print-address={writing}"], pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as answer:
@@ -89,17 +91,24 @@ class VirtualDesktop:
 
     def start_window_manager(self, command=("xfwm4", "--compositor=on", "--vblank=off")):
         self._output(["hsetroot", "-add", "#2b5876", "-add", "#4e4376", "-gradient", "160"])
-        self._start("window manager", command)
+        self.start_part("window manager", command)
         processes.wait_for("window manager", 30, lambda: self._output(
             ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]).find("window id") > 0)
 
+    def write_settings(self, settings):
+        """Files below ~/.config, as (name, text) pairs."""
+        for name, text in settings:
+            path = self.home / ".config" / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_text(text)
+
     def start_panel(self, command=("xfce4-panel", "--disable-wm-check")):
-        self._start("panel", command)
+        self.start_part("panel", command)
 
     def start_notifications(self):
         """The notification daemon; `notifications()` reads what it received."""
         log = open(self.folder / "notifications.log", "ab")
-        self._start("notifications", ["dunst", "-conf", str(self.home / "dunstrc"), "-print"],
+        self.start_part("notifications", ["dunst", "-conf", str(self.home / "dunstrc"), "-print"],
                     stdout=log)
 
     def notifications(self):
@@ -116,9 +125,15 @@ class VirtualDesktop:
     def start_program(self, command, **options):
         """Any program, on this desktop."""
         environment = self.environment | options.pop("environment", {})
-        return processes.start(command, env=environment, cwd=self.folder, **options)
+        return processes.start(self._inside(command), env=environment, cwd=self.folder, **options)
 
-    def _start(self, part, command, **options):
+    def _inside(self, command):
+        return self.system.user_command(command) if self.system else command
+
+    def start_part(self, part, command, **options):
+        self._start_here(part, self._inside(command), **options)
+
+    def _start_here(self, part, command, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
         log = open(self.folder / f"{part}.log", "ab")
         self._parts[part] = processes.start(command, env=self.environment, cwd=self.folder,

@@ -39,10 +39,7 @@ class Host:
     @contextlib.contextmanager
     def start(self):
         with VirtualDesktop() if self.window_manager else SwayDesktop() as desktop:
-            for file, text in self.settings:
-                path = desktop.home / ".config" / file
-                path.parent.mkdir(parents=True, exist_ok=True)
-                path.write_text(text)
+            desktop.write_settings(self.settings)
             if self.window_manager:
                 desktop.pointer = Pointer(desktop.environment["DISPLAY"])
                 desktop.start_window_manager(self.window_manager)

@@ -12,10 +12,12 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2]))
 from tools.desktop.orvane import Orvane  # noqa: E402
+from tools.desktop.panel import BADGES  # noqa: E402
 from tools.desktop.processes import wait_for, wait_until_still  # noqa: E402
 from tools.desktop.session import Session  # noqa: E402
 from tools.desktops.hosts import HOSTS  # noqa: E402
 from tools.desktops.picture_changes import changed_boxes  # noqa: E402
+from tools.desktops.whole import WHOLE  # noqa: E402
 
 CONTROL = "Settings"  # is there whenever the popover is, and nowhere else
 PANEL_HEIGHT = 60  # at most
@@ -58,7 +60,18 @@ class Trial:
         """What the panel shows since the program runs; None while it is still moving in."""
         boxes = [box for box in changed_boxes(empty, self.screen.everything(), self.screen.width)
                  if box[2] >= 8 and box[3] >= 8 and self.in_panel(box)]
-        return boxes[0] if boxes else None
+        return boxes and (self.badge_box(boxes[0]) or boxes[0])
+
+    def badge_box(self, box):
+        """Of the item's own ground within what changed: other items may have made room for it."""
+        pixels = self.screen.area(*box)
+        places = [divmod(at, box[2]) for at in range(box[2] * box[3])
+                  if pixels[4 * at:4 * at + 3] in BADGES]
+        if len(places) < 60:
+            return None
+        rows, columns = zip(*places)
+        return (box[0] + min(columns), box[1] + min(rows),
+                max(columns) - min(columns) + 1, max(rows) - min(rows) + 1)
 
     def in_panel(self, box):
         bottom = box[1] + box[3]
@@ -119,7 +132,7 @@ class Trial:
 
 
 def main(name, program, pictures=None):
-    with HOSTS[name].start() as desktop:
+    with (HOSTS | WHOLE)[name].start() as desktop:
         found = Trial(desktop, pathlib.Path(program), pictures and pathlib.Path(pictures) / name).run()
     print(json.dumps(found))
 
