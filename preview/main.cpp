@@ -2,6 +2,7 @@
 #include <QCommandLineParser>
 #include <QFont>
 #include <QGuiApplication>
+#include <QTemporaryFile>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
@@ -27,16 +28,27 @@ int fail(const QString& message) {
   return 1;
 }
 
+/// Gives the offscreen platform a screen on which no window has to be lower than it wants to be, at
+/// any scale. The file has to exist until the application does.
+void enlargeScreen(QTemporaryFile& configuration) {
+  if (!configuration.open()) return;
+  configuration.write(R"({"screens": [{"width": 4096, "height": 4096}]})");
+  configuration.close();
+  qputenv("QT_QPA_PLATFORM",
+          QByteArray("offscreen:configfile=") + configuration.fileName().toLocal8Bit());
+}
+
 /// Options that Qt reads from the environment before the application exists.
-void prepareEnvironment(int argc, char** argv) {
+void prepareEnvironment(int argc, char** argv, QTemporaryFile& screen) {
+  bool needsNoDisplay = false;
   for (int i = 1; i < argc; ++i) {
     const QByteArray argument(argv[i]);
-    if (argument.startsWith("--shot") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-      qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    if (argument.startsWith("--shot") || argument == "--list") needsNoDisplay = true;
     if (argument == "--scale" && i + 1 < argc) qputenv("QT_SCALE_FACTOR", argv[i + 1]);
     if (argument.startsWith("--scale=")) qputenv("QT_SCALE_FACTOR", argument.mid(8));
   }
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  if (platform == "offscreen" || (needsNoDisplay && platform.isEmpty())) enlargeScreen(screen);
 }
 
 /// What lies behind windows with round corners in a picture.
@@ -66,7 +78,8 @@ int shoot(PreviewStage& stage, const Scenario& scenario, const QString& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  prepareEnvironment(argc, argv);
+  QTemporaryFile screen;
+  prepareEnvironment(argc, argv, screen);
   const QGuiApplication application(argc, argv);
   QFont font = QGuiApplication::font();
   font.setPointSizeF(10);  // at which texts have the sizes that the views name

@@ -14,10 +14,12 @@ void showMain(PreviewStage& stage) {
   stage.showMainWindow();
 }
 
-void addApplications(PreviewStage& stage, int count) {
+/// Applications of which the first one uses `megabytes`, and each other one less than the last.
+void addApplications(PreviewStage& stage, int count, double megabytes = 1400) {
   for (int i = 0; i < count; ++i) {
     stage.services().applications.add(1000 + i, "Application " + std::to_string(i + 1),
-                                      (1400 - 120 * static_cast<std::uint64_t>(i)) << 20U);
+                                      static_cast<std::uint64_t>(megabytes * (1 - 0.085 * i))
+                                          << 20U);
   }
 }
 
@@ -59,7 +61,7 @@ void machineOf(PreviewStage& stage, double gigabytes) {
                    .inactive = 0.15 * gigabytes,
                    .wired = 0.2 * gigabytes,
                    .compressed = 0.05 * gigabytes});
-  addApplications(stage, 3);
+  addApplications(stage, 3, 180 * gigabytes);  // two thirds of what is used
   stage.manager();
   stage.advance(5);
   openDetails(stage);

@@ -63,7 +63,7 @@ void smallCounters(PreviewStage& stage) {
 }
 
 void smallMachine(PreviewStage& stage) {
-  stage.setMemory({.free = 0.2, .active = 1.1, .inactive = 0.3, .wired = 0.3, .compressed = 0.4});
+  stage.setMemory({.free = 0.3, .active = 1.1, .inactive = 0.3, .wired = 0.3, .compressed = 0.4});
   expand(stage);
 }
 
@@ -95,10 +95,14 @@ void togglesOn(PreviewStage& stage) {
   openMenu(stage);
 }
 
-void keyboardFocus(PreviewStage& stage) {
+template <const char* button>
+void keyboardOn(PreviewStage& stage) {
   stage.showPopover();
-  stage.item("boostButton").forceActiveFocus(Qt::TabFocusReason);
+  stage.item(button).forceActiveFocus(Qt::TabFocusReason);
 }
+constexpr char boostButton[] = "boostButton";
+constexpr char detailsButton[] = "detailsButton";
+constexpr char gearMenu[] = "gearMenu";
 
 }  // namespace
 
@@ -119,7 +123,9 @@ std::vector<Scenario> popoverScenarios() {
       {"total-zero", "details of a machine without memory", totalZero, 900},
       {"menu-open", "the popover's menu", openMenu},
       {"toggles-on", "the popover's menu with both toggles on", togglesOn},
-      {"keyboard", "popover with the keyboard on the boost button", keyboardFocus}};
+      {"keyboard", "popover with the keyboard on the boost button", keyboardOn<boostButton>},
+      {"keyboard-details", "popover with the keyboard on its chevron", keyboardOn<detailsButton>},
+      {"keyboard-gear", "popover with the keyboard on its gear", keyboardOn<gearMenu>}};
 }
 
 }  // namespace orvane::preview
