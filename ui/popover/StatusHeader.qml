@@ -53,7 +53,7 @@ Item {
                     anchors.verticalCenter: title.verticalCenter
                     expanded: root.showDetails
                     name: root.showDetails ? qsTr("Hide Details", "button: closes what it opened") : qsTr("Show Details", "button: opens more of the view")
-                    focusInset: -3
+                    focusInset: -2
                     focusRadius: 9
                     onClicked: root.showDetails = !root.showDetails
 
