@@ -13,9 +13,9 @@ Item {
     readonly property real value: usage
     readonly property real maximumValue: 100
     readonly property int lineWidth: 18
+    readonly property alias track: track
+    readonly property alias arc: usageArc
     readonly property alias percentage: percentage
-    readonly property alias arcEnd: usageArc.to
-    readonly property real percentageY: centre.y + percentage.y
 
     implicitWidth: 180
     implicitHeight: 180
@@ -55,6 +55,8 @@ Item {
     }
 
     GradientArc {
+        id: track
+
         anchors.fill: parent
         lineWidth: root.lineWidth
         colors: [Theme.gaugeTrack]

@@ -1,7 +1,7 @@
 import QtQuick
 import Orvane
 
-/// The main window's content: two tabs. Its ground is the window's MainWindowBackground.
+/// The main window's content: two tabs. Its ground is the window's GradientBackground.
 FocusScope {
     id: root
 

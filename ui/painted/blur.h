@@ -3,6 +3,7 @@
 #include <QRectF>
 #include <functional>
 
+class QBrush;
 class QPainter;
 
 namespace orvane {
@@ -12,9 +13,10 @@ namespace orvane {
   return 1.5 * radius;
 }
 
-/// Paints `drawing`, which keeps within `bounds`, with a Gaussian blur whose standard deviation is
-/// half of `radius` points.
-void paintBlurred(QPainter& painter, const QRectF& bounds, double radius,
-                  const std::function<void(QPainter&)>& drawing);
+/// Paints what `shape` covers, which keeps within `bounds`, with a Gaussian blur whose standard
+/// deviation is half of `radius` points. Of the shape's colours only the opacity counts: `fill`
+/// colours it.
+void paintBlurred(QPainter& painter, const QRectF& bounds, double radius, const QBrush& fill,
+                  const std::function<void(QPainter&)>& shape);
 
 }  // namespace orvane

@@ -32,12 +32,18 @@ QRectF GradientArc::paintedArea() const {
   return turn().map(path()).boundingRect().adjusted(-margin, -margin, margin, margin);
 }
 
+QBrush GradientArc::blurredFill() const {
+  QBrush gradient = unitGradient(colors_, boundingRect(), gradientStart_, gradientEnd_);
+  gradient.setTransform(turn());
+  return gradient;
+}
+
 void GradientArc::paint(QPainter& painter) const {
   const QPainterPath arc = path();
   if (arc.isEmpty() || colors_.isEmpty()) return;
-  painter.setTransform(turn(), true);
-  painter.strokePath(arc, QPen(unitGradient(colors_, boundingRect(), gradientStart_, gradientEnd_),
-                               lineWidth_, Qt::SolidLine, roundCaps_ ? Qt::RoundCap : Qt::FlatCap));
+  painter.strokePath(turn().map(arc), QPen(Qt::black, lineWidth_, Qt::SolidLine,
+                                           roundCaps_ ? Qt::RoundCap : Qt::FlatCap));
+  tint(painter, blurredFill());
 }
 
 }  // namespace orvane

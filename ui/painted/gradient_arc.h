@@ -47,6 +47,8 @@ class GradientArc : public orvane::PaintedItem {
   // One point beyond the line is room for its soft edge.
   [[nodiscard]] double overhang() const override { return lineWidth_ / 2 + 1; }
   [[nodiscard]] QRectF paintedArea() const override;
+  /// The gradient, turned with the drawing.
+  [[nodiscard]] QBrush blurredFill() const override;
 
  private:
   /// The part of the circle before it is turned; empty when nothing is drawn.

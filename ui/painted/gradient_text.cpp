@@ -23,8 +23,9 @@ void GradientText::inputChanged() {
 
 void GradientText::paint(QPainter& painter) const {
   painter.setFont(fitting_);
-  painter.setPen(QPen(unitGradient(colors_, boundingRect(), {0, 0}, {1, 1}), 1));
+  painter.setPen(Qt::black);
   painter.drawText(boundingRect(), Qt::AlignCenter | Qt::TextSingleLine, text_);
+  tint(painter, unitGradient(colors_, boundingRect(), {0, 0}, {1, 1}));
 }
 
 }  // namespace orvane

@@ -65,7 +65,8 @@ QImage PaintedItem::render(const QRectF& area, QPointF offset, double scale) con
   painter.translate(-area.topLeft());
   painter.save();
   if (blurRadius_ > 0) {
-    paintBlurred(painter, paintedArea(), blurRadius_, [this](QPainter& target) { paint(target); });
+    paintBlurred(painter, paintedArea(), blurRadius_, blurredFill(),
+                 [this](QPainter& target) { paint(target); });
   } else {
     paint(painter);
   }

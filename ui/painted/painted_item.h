@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBrush>
 #include <QQuickItem>
 #include <QSGTexture>
 #include <memory>
@@ -30,6 +31,9 @@ class PaintedItem : public QQuickItem {
  public:
   explicit PaintedItem(QQuickItem* parent = nullptr);
 
+  /// Paints the sharp item into another one's picture, its origin at (0, 0), in points.
+  void draw(QPainter& painter) const { paint(painter); }
+
   /// How often the item has painted itself.
   [[nodiscard]] int paintCount() const { return paintCount_; }
 
@@ -40,6 +44,9 @@ class PaintedItem : public QQuickItem {
  protected:
   /// Paints the item, its origin at (0, 0), in points.
   virtual void paint(QPainter& painter) const = 0;
+
+  /// What colours the drawing when it is blurred: of its own colours only the opacity counts then.
+  [[nodiscard]] virtual QBrush blurredFill() const { return Qt::black; }
 
   /// Paints over the drawing what its blur must not soften.
   virtual void paintSharp(QPainter& /*painter*/) const {}

@@ -7,7 +7,7 @@
 namespace orvane {
 
 void RectangleShadow::paint(QPainter& painter) const {
-  painter.fillPath(smoothRectanglePath(snappedRect().translated(0, drop_), radius_), color_);
+  painter.fillPath(smoothRectanglePath(snappedRect().translated(0, drop_), radius_), Qt::black);
 }
 
 void RectangleShadow::paintSharp(QPainter& painter) const {

@@ -20,6 +20,7 @@ class RectangleShadow : public orvane::PaintedItem {
 
  protected:
   void paint(QPainter& painter) const override;
+  [[nodiscard]] QBrush blurredFill() const override { return color_; }
   void paintSharp(QPainter& painter) const override;
   [[nodiscard]] double overhang() const override { return drop_; }
 

@@ -24,8 +24,9 @@ Window {
         windows.closeMainWindow();
     }
 
-    MainWindowBackground {
+    GradientBackground {
         anchors.fill: parent
+        colors: Theme.windowGradient
     }
 
     MenuBar {
