@@ -52,7 +52,7 @@ void details(PreviewStage& stage) {
 }
 
 void compressedLarge(PreviewStage& stage) {
-  stage.setMemory({.free = 0.2, .active = 9, .inactive = 0.8, .wired = 6, .compressed = 12.8});
+  stage.setMemory({.free = 0.2, .active = 13, .inactive = 0.8, .wired = 2, .compressed = 12.8});
   expand(stage);
 }
 

@@ -6,6 +6,7 @@
 
 #include "ui/menus/menu_choice.h"
 #include "ui/process/process_text.h"
+#include "ui/style/painted_length.h"
 #include "ui/style/spring_curve.h"
 #include "ui/windows/window_geometry.h"
 
@@ -145,8 +146,18 @@ TEST(WindowPosition, IsTheLastOneWhileItsTitleBarCanBeReached) {
   EXPECT_EQ(windowPosition({1400, 100}, size, low), QPoint(99, 28)) << "its title bar comes first";
   const QRect screen(0, 0, 853, 533);
   EXPECT_EQ(fittingHeight(510, {screen, screen.adjusted(0, 20, 0, 0)}), 473);
+  EXPECT_EQ(fittingHeight(510, {screen, screen.adjusted(0, 20, 0, 0), 1.25}), 472) << "black row";
   EXPECT_EQ(fittingHeight(510, {screen, screen}), 445) << "panels that nobody tells of";
   EXPECT_EQ(fittingHeight(510, {{0, 0, 1024, 768}, {0, 0, 1024, 768}}), 510);
+}
+
+TEST(PaintedLength, LeavesNoDeviceRowUnpaintedAndAWholeRatioAlone) {
+  const struct {
+    double points, ratio;
+    int length;
+  } cases[] = {{290.2, 1, 291},  {291, 2, 291},   {291, 1.75, 292}, {169, 1.25, 170},
+               {171, 1.25, 171}, {151, 1.5, 151}, {101, 1.01, 101}, {7, 0, 7}};
+  for (const auto& c : cases) EXPECT_EQ(paintedLength(c.points, c.ratio), c.length) << c.points;
 }
 
 TEST(ItemLocation, TakesTheMostCredibleSource) {

@@ -16,7 +16,7 @@ FocusScope {
     signal closeRequested
 
     width: 300
-    height: column.height
+    height: Theme.paintedLength(column.height, Screen.devicePixelRatio)
     focus: true
     Accessible.role: Accessible.Pane
     Accessible.name: "Orvane"

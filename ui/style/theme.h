@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "platform/appearance.h"
+#include "ui/style/painted_length.h"
 #include "ui/style/palette.h"
 
 namespace orvane {
@@ -70,6 +71,11 @@ class Theme : public QObject {
 
   Q_INVOKABLE [[nodiscard]] static QColor withOpacity(const QColor& color, double opacity) {
     return orvane::withOpacity(color, opacity);
+  }
+
+  /// The height or width of a window that is to have `points`.
+  Q_INVOKABLE [[nodiscard]] static int paintedLength(double points, double pixelRatio) {
+    return orvane::paintedLength(points, pixelRatio);
   }
 
  Q_SIGNALS:

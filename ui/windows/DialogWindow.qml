@@ -13,8 +13,8 @@ Window {
     signal accepted  ///< Return or Enter was pressed
 
     function fit() {
-        minimumWidth = maximumWidth = width = Math.round(contentWidth);
-        minimumHeight = maximumHeight = Math.round(contentHeight);
+        minimumWidth = maximumWidth = width = Theme.paintedLength(contentWidth, Screen.devicePixelRatio);
+        minimumHeight = maximumHeight = Theme.paintedLength(contentHeight, Screen.devicePixelRatio);
         height = maximumHeight;
     }
 

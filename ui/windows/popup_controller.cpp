@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "ui/menus/menu_choice.h"
+#include "ui/style/painted_length.h"
 
 namespace orvane {
 
@@ -73,7 +74,8 @@ void PopupController::place(double width, double height, Edge edge, double gap) 
   const QRect anchor =
       globalRect(*anchor_).adjusted(edge == Trailing ? -space : 0, edge == Below ? -space : 0,
                                     edge == Trailing ? space : 0, edge == Below ? space : 0);
-  const QSize size(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)));
+  const double ratio = screen->devicePixelRatio();
+  const QSize size(paintedLength(width, ratio), paintedLength(height, ratio));
   const QRect placed = placePopup(anchor, size, screen->availableGeometry(),
                                   edge == Below ? PopupEdge::below : PopupEdge::trailing);
   if (!window_->isVisible()) window_->setFlags(popupFlags(takesInput_));

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "ui/style/painted_length.h"
+
 namespace orvane {
 namespace {
 
@@ -197,7 +199,8 @@ QList<ScreenArea> screenAreas() {
 int fittingHeight(int wanted, const ScreenArea& screen) {
   // Wayland doesn't tell what panels take.
   const int panels = screen.available == screen.geometry ? unknownPanels : 0;
-  return std::min(wanted, screen.available.height() - panels - frameAllowance);
+  const int fitting = std::min(wanted, screen.available.height() - panels - frameAllowance);
+  return fitting == paintedLength(fitting, screen.pixelRatio) ? fitting : fitting - 1;
 }
 
 QPoint centredPosition(QSize size, const QRect& available) {

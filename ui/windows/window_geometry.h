@@ -60,7 +60,7 @@ enum class PopupEdge { below, trailing };
                                PopupEdge edge);
 
 /// How high a window's content can be of the height it wants, so that its frame and panels have
-/// room on the screen too.
+/// room on the screen too; one point less where its last row would stay unpainted.
 [[nodiscard]] int fittingHeight(int wanted, const ScreenArea& screen);
 
 /// Where a window of `size` lies in the middle of what panels leave of the screen, its upper left
