@@ -25,6 +25,8 @@ FocusScope {
         anchors.margins: 8
         contentWidth: width
         contentHeight: notes.height
+        backdrop: [Qt.tint(Theme.windowBackground, Theme.pathBox)]
+        fadesBelow: true
         focus: true
         Keys.onUpPressed: scrollBy(-20)
         Keys.onDownPressed: scrollBy(20)
