@@ -67,6 +67,8 @@ Item {
     }
 
     Label {
+        id: title
+
         objectName: "name"
         anchors.left: icon.right
         anchors.leftMargin: 12
@@ -102,7 +104,7 @@ Item {
         objectName: "memory"
         anchors.right: parent.right
         anchors.rightMargin: 10
-        anchors.verticalCenter: parent.verticalCenter
+        anchors.baseline: title.baseline
         // The button before it is sharp on whole points.
         width: Math.ceil(implicitWidth)
         horizontalAlignment: Text.AlignRight
