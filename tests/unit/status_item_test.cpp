@@ -175,6 +175,10 @@ TEST_F(StatusItemTest, SaysOnlyWhatChangedAndThatOnceWhereAllIsReadAgain) {
     EXPECT_EQ(panel.signalsSeen.size(), signals) << host;
     EXPECT_EQ(panel.signalsSeen.contains(u"NewIcon"_s), signals == 1);
   }
+  prctl(PR_SET_NAME, "gnome-shell");
+  FakePanel panel(bus_);
+  panel.listenTo("org.kde.StatusNotifierItem", "/StatusNotifierItem", "XAyatanaNewLabel");
+  EXPECT_TRUE(waitUntil([&] { return panel.signalsSeen.size() == 2; })) << "another label";
 }
 
 TEST_F(StatusItemTest, TheMenuFollowsItsTogglesAndFiguresWhileItIsOpen) {

@@ -18,7 +18,8 @@ PanelHost panelHost(std::string_view processName) {
   // "panel-NUMBER-systray", one of Xfce's plugins.
   const bool isXfce = processName.starts_with("panel-") && processName.find("-systr") < 10;
   return {.drawsLabels = std::ranges::find(hosts, processName) != hosts.end(),
-          .rereadsAll = isXfce};
+          .rereadsAll = isXfce,
+          .awaitsOtherLabel = processName == "gnome-shell"};  // with GNOME 48's extension
 }
 
 }  // namespace orvane

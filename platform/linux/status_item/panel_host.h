@@ -8,6 +8,8 @@ namespace orvane {
 struct PanelHost {
   bool drawsLabels = false;  ///< beside the icon
   bool rereadsAll = false;   ///< asks for every property after each signal
+  /// Shows a label only from the first signal on that brings another one than it has read.
+  bool awaitsOtherLabel = false;
 
   bool operator==(const PanelHost&) const = default;
 };

@@ -1,5 +1,7 @@
 #include "platform/linux/status_item/status_notifier_adaptor.h"
 
+#include <QtCore/QTimer>
+#include <chrono>
 #include <utility>
 
 #include "platform/linux/bus/activation_token.h"
@@ -50,6 +52,18 @@ void StatusNotifierAdaptor::setToolTip(const QString& title, const QString& text
   if (toolTip == toolTip_) return;
   toolTip_ = std::move(toolTip);
   noteChange(&Changes::toolTip);
+}
+
+void StatusNotifierAdaptor::setHost(const PanelHost& host) {
+  constexpr std::chrono::seconds timeToReadItem{2};
+  host_ = host;
+  if (!host_.awaitsOtherLabel) return;
+  QTimer::singleShot(timeToReadItem, this, &StatusNotifierAdaptor::announceOtherLabel);
+}
+
+void StatusNotifierAdaptor::announceOtherLabel() {
+  Q_EMIT XAyatanaNewLabel({}, labelGuide());
+  Q_EMIT XAyatanaNewLabel(label_, labelGuide());
 }
 
 void StatusNotifierAdaptor::noteChange(bool Changes::*what) {

@@ -39,8 +39,9 @@ class StatusNotifierAdaptor : public QDBusAbstractAdaptor {
   /// `exported` is the object that is registered on the bus, and this adaptor's parent.
   StatusNotifierAdaptor(BusExport* exported, const QString& menuPath);
 
-  /// A panel that reads everything again at any signal is sent one for all changes.
-  void setHost(const PanelHost& host) { host_ = host; }
+  /// A panel that reads everything again at any signal is sent one for all changes. One that shows
+  /// a label only when it changes is told of a change once it has read the item.
+  void setHost(const PanelHost& host);
   void setLabel(const QString& label);
   void setIcon(const std::vector<orvane::IconPixmap>& icon);
   void setToolTip(const QString& title, const QString& text);
@@ -82,6 +83,7 @@ class StatusNotifierAdaptor : public QDBusAbstractAdaptor {
 
   void noteChange(bool Changes::*what);
   void announceChanges();
+  void announceOtherLabel();
 
   BusExport& exported_;
   PanelHost host_;
