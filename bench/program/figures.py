@@ -62,16 +62,22 @@ def _of_threads(process, file):
             continue  # it has just ended
 
 
+HEAD = (f"{'':<46}{'figure':>9} {'':<6}{'bound':>7}       {'empty window':>12}{'ratio':>7}")
+
+
 @dataclasses.dataclass
 class Row:
-    """One line of the table."""
+    """One line of the table; its floor is the same figure of an empty window of Qt Quick."""
     what: str
     value: float
     bound: float
     unit: str
-    reference: str = ""
+    note: str = ""
+    floor: float | None = None
 
     def __str__(self):
         verdict = "PASS" if self.value <= self.bound else "over"
-        return (f"{self.what:<46}{self.value:>9.3f} {self.unit:<8} bound {self.bound:>7.2f}  "
-                f"{verdict}  {self.reference}")
+        floor = "" if self.floor is None else f"{self.floor:.2f}"
+        ratio = f"{self.value / self.floor:.2f}" if self.floor else ""
+        return (f"{self.what:<46}{self.value:>9.3f} {self.unit:<6}{self.bound:>7.2f}  {verdict} "
+                f"{floor:>12}{ratio:>7}  {self.note}".rstrip())

@@ -4,7 +4,7 @@ import re
 import subprocess
 import time
 
-from bench.program.figures import Row, cpu_seconds, main_thread_seconds, memory
+from bench.program.figures import Row, cpu_seconds, main_thread_seconds
 from tools.desktop.processes import wait_for
 
 FRAME_LINE = "polish="  # Qt Quick's own line for each frame it drew
@@ -25,6 +25,7 @@ def window_corner(desktop):
 
 class MainWindowMeasurement:
     def __init__(self, measurement):
+        self.measurement = measurement
         self.desktop, self.pointer = measurement.desktop, measurement.pointer
         self.seconds = measurement.seconds
         self.frames = self.desktop.folder / "frames"
@@ -36,9 +37,11 @@ class MainWindowMeasurement:
         time.sleep(6)  # the first list is built 5 s after the start
 
     def rows(self):
-        anonymous, resident = memory(self.orvane.pid)
-        yield Row("anonymous memory, main window open", anonymous, 10, "MB")
-        yield Row("resident memory, main window open", resident, 50, "MB")
+        window = self.desktop.start_program([str(self.measurement.build / "bench/program/empty_window")])
+        time.sleep(3)
+        yield from self.measurement.memory_rows("main window open", self.orvane, window, 10, 50)
+        window.terminate()
+        window.wait()
         yield from self._standing_still()
         yield from self._switching_tabs()
         yield from self._boosting()

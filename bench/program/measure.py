@@ -1,7 +1,7 @@
 """Measures the running program on a virtual desktop: measure.py BUILD_DIR [--seconds N]
 
-Each figure stands beside its bound, and beside the same figure of an empty window of Qt Quick measured in
-the same run; at the end Orvane stands beside the other monitors that are installed.
+Each figure stands beside its bound, and where that says something beside the same figure of an empty window
+of Qt Quick, measured in the same run; at the end Orvane stands beside the other monitors.
 """
 
 import argparse
@@ -14,7 +14,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT))
 from bench.program.changing_machine import ChangingMachine  # noqa: E402
-from bench.program.figures import Row, cpu_seconds, memory, proportional, wake_ups  # noqa: E402
+from bench.program.figures import HEAD, Row, cpu_seconds, memory, proportional, wake_ups  # noqa: E402
 from bench.program.main_window import MainWindowMeasurement  # noqa: E402
 from bench.program.peers import table  # noqa: E402
 from tools.desktop.orvane import Orvane  # noqa: E402
@@ -46,9 +46,8 @@ class Measurement:
         orvane = self.start()
         orvane.wait_for_item()
         time.sleep(6)  # the first list is built 5 s after the start
-        processes = [("", orvane.process), ("empty window", window)]
-        yield from self.memory_rows("panel only", processes, 3.2, 30)
-        yield from self.rest_rows(processes)
+        yield from self.memory_rows("panel only", orvane, window, 2.6, 23.5)
+        yield from self.rest_rows("at rest", orvane, window, 0.05, 1.0)
         window.terminate()
         window.wait()
         yield self.rest_beside_large_applications(orvane)
@@ -76,22 +75,20 @@ class Measurement:
         spread = f"{STARTS} starts: " + " ".join(f"{cost:.3f}" for cost in costs)
         return Row("CPU from exec to the item", sorted(costs)[STARTS // 2], 0.10, "s", spread)
 
-    def memory_rows(self, when, processes, anonymous_bound, resident_bound):
-        figures = [(name, memory(process.pid)) for name, process in processes]
-        for index, kind, bound in ((0, "anonymous", anonymous_bound), (1, "resident", resident_bound)):
-            yield Row(f"{kind} memory, {when}", figures[0][1][index], bound, "MB",
-                      beside((name, figure[index]) for name, figure in figures[1:]))
+    @staticmethod
+    def memory_rows(when, orvane, window, *bounds):
+        figures = zip(("anonymous", "resident"), memory(orvane.pid), memory(window.pid), bounds)
+        for kind, own, floor, bound in figures:
+            yield Row(f"{kind} memory, {when}", own, bound, "MB", floor=floor)
 
-    def rest_rows(self, processes):
-        before = [(cpu_seconds(process.pid), wake_ups(process.pid)) for _, process in processes]
+    def rest_rows(self, when, orvane, window, cpu_bound, wake_bound):
+        pids = orvane.pid, window.pid
+        before = [(cpu_seconds(pid), wake_ups(pid)) for pid in pids]
         time.sleep(self.seconds)
-        names = [name for name, _ in processes]
-        cpu = [(cpu_seconds(process.pid) - old[0]) * 60 / self.seconds
-               for (_, process), old in zip(processes, before)]
-        waking = [(wake_ups(process.pid) - old[1]) / self.seconds
-                  for (_, process), old in zip(processes, before)]
-        yield Row("CPU at rest", cpu[0], 0.05, "s/min", beside(zip(names[1:], cpu[1:])))
-        yield Row("wake-ups at rest", waking[0], 1.0, "/s", beside(zip(names[1:], waking[1:])))
+        cpu, floor = ((cpu_seconds(pid) - old) * 60 / self.seconds for pid, (old, _) in zip(pids, before))
+        yield Row(f"CPU {when}", cpu, cpu_bound, "s/min", floor=floor)
+        waking, floor = ((wake_ups(pid) - old) / self.seconds for pid, (_, old) in zip(pids, before))
+        yield Row(f"wake-ups {when}", waking, wake_bound, "/s", floor=floor)
 
     def rest_beside_large_applications(self, orvane):
         """For as long as it takes to read each of them once, which is what they cost."""
@@ -145,10 +142,6 @@ class Measurement:
         return (shown - released) * 1000
 
 
-def beside(figures):
-    return ", ".join(f"{name} {figure:.2f}" for name, figure in figures)
-
-
 def main():
     arguments = argparse.ArgumentParser()
     arguments.add_argument("build", type=pathlib.Path)
@@ -160,7 +153,7 @@ def main():
         desktop.start_notifications()
         desktop.start_panel()
         measurement = Measurement(desktop, options.build.resolve(), options.seconds)
-        for line in itertools.chain(measurement.rows(), measurement.peers()):
+        for line in itertools.chain([HEAD], measurement.rows(), measurement.peers()):
             print(line, flush=True)
 
 
