@@ -178,6 +178,11 @@ TEST(ApplicationGrouping, WrappersHandTheLeadToTheirProgram) {
   EXPECT_EQ(groups({process(10, 1, ProcessRole::script), tool}), "10 11");
   tool.residentSize = 101;
   EXPECT_EQ(groups({process(10, 1, ProcessRole::script), tool}), "11 10");
+  // A script that runs itself without end must not take time without end.
+  std::vector<GroupedProcess> chain;
+  for (int pid = 2; pid < 20'000; ++pid)
+    chain.push_back(process(pid, pid - 1, ProcessRole::script));
+  EXPECT_EQ(groupApplications(chain)[0].leader, chain.size() - 1);
 }
 
 TEST(ApplicationGrouping, WhoHoldsTheMemoryLeads) {

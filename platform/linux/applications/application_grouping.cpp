@@ -39,28 +39,28 @@ class LeaderChoice {
                const ApplicationGroup& group)
       : processes_(processes), members_(group.members) {
     for (const std::size_t member : members_) parents_.push_back(positionOf(parents[member]));
+    children_.resize(members_.size());
     aboveWindow_.resize(members_.size(), false);
     below_.resize(members_.size(), 0);
     for (std::size_t i = 0; i < members_.size(); ++i) {
-      for (std::size_t up = i; up != none; up = parents_[up]) {
-        below_[up] += at(i).residentSize;
-        aboveWindow_[up] = aboveWindow_[up] || at(i).ownsWindow;
-      }
-      all_ += at(i).residentSize;
+      if (parents_[i] != none) children_[parents_[i]].push_back(i);
     }
+    sumUp();
   }
 
   [[nodiscard]] std::size_t root() const {
-    return best([&](std::size_t i) { return parents_[i] == none; },
-                [&](std::size_t a, std::size_t b) { return isOlder(at(a), at(b)); });
+    std::size_t root = none;
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+      if (parents_[i] != none) continue;
+      if (root == none || comesBefore(i, root, isOlder(at(i), at(root)))) root = i;
+    }
+    return root;
   }
 
   [[nodiscard]] std::size_t leader(std::size_t root) const {
     std::size_t leader = root;
     while (true) {
-      const std::size_t program =
-          best([&](std::size_t i) { return isRunBy(i, leader) && leadsInstead(i, leader); },
-               [&](std::size_t a, std::size_t b) { return isMoreLikelyProgram(a, b); });
+      const std::size_t program = programRunBy(leader);
       if (program == none) return leader;
       leader = program;
     }
@@ -77,13 +77,44 @@ class LeaderChoice {
                : none;
   }
 
-  /// Below `parent` with nothing but forks of the same program between them.
-  [[nodiscard]] bool isRunBy(std::size_t process, std::size_t parent) const {
-    for (std::size_t up = parents_[process]; up != none; up = parents_[up]) {
-      if (up == parent) return true;
-      if (at(up).program != at(parent).program) return false;
+  /// Counts what is below each member, children before parents.
+  void sumUp() {
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+      if (parents_[i] == none) order.push_back(i);
     }
-    return false;
+    for (std::size_t next = 0; next < order.size(); ++next) {
+      const auto& children = children_[order[next]];
+      order.insert(order.end(), children.begin(), children.end());
+    }
+    for (auto i = order.rbegin(); i != order.rend(); ++i) {
+      below_[*i] += at(*i).residentSize;
+      if (at(*i).ownsWindow) aboveWindow_[*i] = true;
+      all_ += at(*i).residentSize;
+      const std::size_t parent = parents_[*i];
+      if (parent == none) continue;
+      below_[parent] += below_[*i];
+      if (aboveWindow_[*i]) aboveWindow_[parent] = true;
+    }
+  }
+
+  /// What leads instead of `parent`, with nothing but forks of the same program between them; none
+  /// when nothing does. What is below one that leads comes after it, so nobody looks there: the
+  /// time for a script that runs itself a thousand times grows with its length only.
+  [[nodiscard]] std::size_t programRunBy(std::size_t parent) const {
+    std::size_t program = none;
+    std::vector<std::size_t> open = children_[parent];
+    while (!open.empty()) {
+      const std::size_t i = open.back();
+      open.pop_back();
+      if (leadsInstead(i, parent)) {
+        if (program == none || comesBefore(i, program, isMoreLikelyProgram(i, program)))
+          program = i;
+      } else if (at(i).program == at(parent).program) {
+        open.insert(open.end(), children_[i].begin(), children_[i].end());
+      }
+    }
+    return program;
   }
 
   [[nodiscard]] bool leadsInstead(std::size_t child, std::size_t parent) const {
@@ -122,23 +153,15 @@ class LeaderChoice {
     return below_[a] != below_[b] ? below_[a] > below_[b] : isOlder(at(a), at(b));
   }
 
-  /// The first member by `isBetter` among those that qualify; one above a window comes before.
-  template <typename Qualifies, typename IsBetter>
-  [[nodiscard]] std::size_t best(Qualifies qualifies, IsBetter isBetter) const {
-    std::size_t found = none;
-    for (std::size_t i = 0; i < members_.size(); ++i) {
-      if (!qualifies(i)) continue;
-      const bool better =
-          found == none ||
-          (aboveWindow_[i] != aboveWindow_[found] ? aboveWindow_[i] : isBetter(i, found));
-      if (better) found = i;
-    }
-    return found;
+  /// One above a window comes before others.
+  [[nodiscard]] bool comesBefore(std::size_t a, std::size_t b, bool otherwise) const {
+    return aboveWindow_[a] != aboveWindow_[b] ? aboveWindow_[a] : otherwise;
   }
 
   std::span<const GroupedProcess> processes_;
   const std::vector<std::size_t>& members_;
   std::vector<std::size_t> parents_;  ///< inside the group
+  std::vector<std::vector<std::size_t>> children_;
   std::vector<bool> aboveWindow_;     ///< it or something below it owns a window
   std::vector<std::uint64_t> below_;  ///< bytes of it and of all below it
   std::uint64_t all_ = 0;             ///< bytes of the group
